@@ -1,0 +1,309 @@
+/// libigd: the WAN connections of a home gateway, and the bridges, ports and VLANs that carry them.
+///
+/// The life of a connection
+///   api_wan_info wan;                                        // describe it
+///   wan.wan_info_name = "1_INTERNET_R_VID_100";  ...
+///   int verdict = igd_verify_new_wan_info_valid("", &wan, ports);   // 0: it fits
+///   std::string path = igd_wan_create("Ethernet", &wan);     // make it; its path is its identity
+///   igd_wan_get_params(path, &wan);                          // read it back,
+///   igd_wan_set_params(path, &wan);                          // change it,
+///   igd_wan_status(path, &status);                           // see how it does,
+///   if (igd_verify_can_remove_wan(path)) igd_wan_destory(path);  // and remove it
+/// The two checks are advice: no operation calls them by itself.
+///
+/// Words
+///   - WAN index, wan_path: path of the connection device, ending in a dot:
+///     "InternetGatewayDevice.WANDevice.1.WANConnectionDevice.2.". It identifies the connection.
+///   - Connection objects: below a connection device stand a static IP, a DHCP IP and a PPP
+///     connection side by side; connect_mode says which one is enabled.
+///   - Own bridge: "br_<d>_<c>", which a connection's bind_wan ports share with the uplink's port
+///     ("LAN0", "3G0" or "WIFIW0"). LAN bridge: the one named "internet"; its ports may be bound to
+///     a connection (bind_lan) through X_ZYN_DependWanName and a VLAN of their own.
+///
+/// Rules for callers
+///   - Every setting lives in the platform's configuration tree. Without a tree each operation gives
+///     its own failure result and changes nothing.
+///   - The results of single writes are not examined: an operation that got past its first checks
+///     reports success. Commits are issued only where an operation says so.
+///   - Trace lines go to standard output, passwords included; some lines to the platform's log.
+///   - The library takes no locks: use it from one thread at a time.
+///   - Record pointers must be valid unless an operation says that null is refused.
+///   - The library throws nothing of its own; std::bad_alloc passes through.
+#ifndef IGD_API_H
+#define IGD_API_H
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "igd_types.h"
+
+#define IGD_API __attribute__((visibility("default")))
+
+// ---- WAN connections ----------------------------------------------------------------------------
+
+/// Asks whether a description fits beside the connections that exist.
+///
+/// @param wan_path        the connection being changed; empty for a new one
+/// @param info            the description. With vlan_enable 0 its vlan_id is set to 0, which stays
+/// @param all_ports_mask  igd_tool_get_port_value of every port the device has, ORed
+/// @return an IgdWanVerdict: 0, or the first rule broken in the order VLAN (9, 10), management
+///         service (13), port held by another connection (1..8, -1), last free port (12, 14).
+///         The connection that carries "TR069" is accepted whatever ports it asks for.
+/// Reads the tree, writes nothing.
+IGD_API int igd_verify_new_wan_info_valid(std::string wan_path, api_wan_info* info,
+                                          int all_ports_mask);
+
+/// Creates a connection with its three connection objects, its bridge and its uplink port, and
+/// writes the description to it. A connection that already has this name is updated instead.
+///
+/// @param access_type  WANAccessType of the uplink: "Ethernet", "3G", "Repeator"; any other text
+///                     makes a connection without uplink port. The WAN device with this type is
+///                     used, or made
+/// @param info         the description; it is not checked. Port names that have no option 60 may
+///                     join its port_option60 with an empty text
+/// @return the connection's path; empty when there is no tree, or when the WAN device or the
+///         connection device could not be added (what was added before stays)
+/// Writes the tree, does not commit.
+IGD_API std::string igd_wan_create(std::string access_type, api_wan_info* info);
+
+/// Writes a whole description over a connection: flags, names, types, services, NAT, accounts,
+/// MTUs, addresses, DNS, bridge, ports and VLAN; then enables the object of connect_mode.
+///
+/// @param wan_index  the connection's path. A path that names none makes writes to bare parameter
+///                   names, which the tree refuses
+/// @param info       the description; name and joined DNS text are cut at 255 characters, and port
+///                   names that have no option 60 may join its port_option60 with an empty text
+/// @return 0, or kIgdNoWan (-1023) without a tree or record, nothing written
+/// A change from routed to bridged deletes the static routes through the connection. Ports that
+/// leave it go to the LAN bridge. Does not commit.
+IGD_API int igd_wan_set_params(std::string wan_index, api_wan_info* info);
+
+/// Reads a connection into a record.
+///
+/// @param wan_index  the connection's path; one that names none gives empty texts and zeros
+/// @param info       filled. Left as they were: connect_mode and the DNS fields when no object is
+///                   enabled, dhcp_option60 unless DHCP is, connection_class when the tree has an
+///                   unknown type, dhcp_trans; port_option60 only gains entries
+/// @return 0, or kIgdNoWan (-1023) without a tree or record, nothing filled
+/// Reads the tree, writes nothing.
+IGD_API int igd_wan_get_params(std::string wan_index, api_wan_info* info);
+
+/// Prints a record to standard output, passwords in clear. Does not ask the tree.
+/// @return the result of the last printf
+IGD_API int igd_wan_print_params(api_wan_info* info);
+
+/// Asks whether removing a connection leaves the device with the services it must keep.
+///
+/// @param wan_path  the connection's path
+/// @return 1 when it may go: for an Internet connection ("INTERNET" in its first service list) when
+///         two or more Internet service lists exist; otherwise when two or more lists exist that
+///         hold neither "MME" nor "TR069". Else, and without a tree, 0
+/// Reads the tree, writes nothing.
+IGD_API int igd_verify_can_remove_wan(std::string wan_path);
+
+/// Removes a connection with its static routes, objects, bridge and cache entry; its ports go back
+/// to the LAN bridge; commits.
+///
+/// @param wan_path  the connection's path. Of a connection without its own bridge every bridge port
+///                  of the tree is taken: make sure first that it has one
+/// Nothing is reported; without a tree nothing is done.
+IGD_API void igd_wan_destory(std::string wan_path);
+
+/// Lists the connections, and drops the cache entries of those that are gone.
+/// @param out  emptied, then the paths in the tree's order
+/// @return their number, 0 without a tree
+IGD_API int igd_wan_list(std::vector<std::string>& out);
+
+/// Writes the ports of a record as X_CT-COM_LanInterface of the three connection objects, bind_lan
+/// first, without "LAN0". A value that is already right is not written. Does not commit.
+IGD_API void saveLanInterfaceToWanNode(std::string wan_path, api_wan_info* info);
+
+/// Finds a connection by the Name of its objects; IP connections are asked before PPP ones.
+/// @return its path, or the empty text
+IGD_API std::string igd_wan_get_id_by_name(std::string name);
+
+/// Tells whether a text is the full name of some bridge's X_ZYN_WANName parameter; the value of
+/// that parameter does not count.
+/// @return 1, after printing a line, or 0
+IGD_API int igd_check_wan_index(std::string index);
+
+/// Tells whether a text is the path of an existing connection device; texts that cannot be one are
+/// refused without asking for a list.
+/// @return 1 or 0
+IGD_API int igd_verify_is_wan_index(std::string index);
+
+/// Tells whether a text is the path of an existing connection device.
+/// @return 1 or 0
+IGD_API int igd_verify_wan_index_in_bridge(std::string index);
+
+/// Writes one value under the same relative name in all three objects of a connection, and commits.
+///
+/// @param wan_path  the connection's path; nothing is done unless it has all three objects
+/// @param node      full name below one of the three objects; a name elsewhere writes nothing
+/// @param value     stored as it is
+IGD_API void igd_set_wan_all_value(std::string wan_path, std::string node, std::string value);
+
+/// Lists the ports that connections other than this one hold, "LAN0" left out.
+/// @param wan_path  the connection's path; empty counts every connection
+/// @param ports     emptied, then the node names in the tree's order
+/// @return 0
+IGD_API int igd_get_used_port_list(std::string wan_path, std::vector<std::string>& ports);
+
+/// Reads the run-time state of a connection.
+///
+/// @param wan_index  the connection's path
+/// @param status     filled; what a run does not reach keeps the caller's value: mode, connected and
+///                   the addresses when no object is enabled, last_connection_error unless PPPoE is
+///                   enabled without an address
+/// @return 0, or kIgdNoTree (-1022) without a tree or record, nothing filled
+IGD_API int igd_wan_status(std::string wan_index, api_wan_status* status);
+
+// ---- Bridges and VLANs --------------------------------------------------------------------------
+
+/// Names the bridge that serves a path.
+/// @param connection_path  a connection's path, or any path with "LANDevice"
+/// @return "internet" for a LAN path, else the name of the bridge owned by this connection; empty
+///         when there is none
+IGD_API std::string igd_get_bridge_info(std::string connection_path);
+
+/// Finds the LAN bridge.
+///
+/// @param wan_path         a connection's path; it does not influence the outcome
+/// @param lan_bridge_path  set to the bridge's path, empty when no bridge is named "internet"; may
+///                         be null
+/// @param lan_bridge_name  set to "internet", also when there is no such bridge; may be null
+/// @return 0, or kIgdNoTree (-1022), outputs untouched
+IGD_API int igd_wan_get_lan_bridge_info(std::string wan_path, std::string* lan_bridge_path,
+                                        std::string* lan_bridge_name);
+
+/// Finds the bridge that carries a WAN connection.
+///
+/// @param wan_path     connection device path, ending in a dot; its shape is assumed, not checked
+/// @param bridge_path  set to the bridge's object path only when found; may be null
+/// @param bridge_name  set to "br_<d>_<c>" before the search, so also on failure; may be null
+/// @return 0, or kIgdNoWan (-1023) when no bridge both names this connection and has that name
+/// Reads the tree, writes nothing. Logs "INDEX=<wan_path>".
+IGD_API int igd_wan_get_wan_bridge_info(std::string wan_path, std::string* bridge_path,
+                                        std::string* bridge_name);
+
+/// Reads a connection's bridge: name, ports and VLAN.
+///
+/// @param wan_path  the connection's path. Without a bridge of its own, the ports of every bridge
+///                  are listed and the name is empty
+/// @param ports     emptied, then the node names of the ports
+/// @param vlan_id   VLANID of the bridge, 0 when it is no number
+/// @return BridgeName; empty without a tree, outputs untouched
+IGD_API std::string igd_wan_intf(std::string wan_path, std::vector<std::string>& ports,
+                                 unsigned int& vlan_id);
+
+/// Finds the bridge that carries a physical device.
+///
+/// @param phy          device name, "eth1.100"; taggable devices of an 802.1Q bridge carry the
+///                     bridge's VLANID as suffix
+/// @param bridge_path  set for each match, so the last port that matches decides; may be null
+/// @param bridge_name  likewise; may be null
+/// @return 0, matched or not, or kIgdNoTree (-1022); outputs untouched unless matched
+IGD_API int igd_wan_get_bridge_info_from_phy(std::string phy, std::string* bridge_path,
+                                             std::string* bridge_name);
+
+/// Finds a VLAN identifier that no bridge carries.
+/// @return the lowest free one from 1000 to 4059; 3999 when all are taken, which does not mean that
+///         3999 is free
+IGD_API int igd_wan_get_unused_vlan();
+
+// ---- Static routes ------------------------------------------------------------------------------
+
+/// Lists the static routes, disabled ones too.
+/// @param routes  emptied, then one record for each route in the tree's order
+/// @return their number, 0 without a tree
+IGD_API int igd_get_static_route_list(std::vector<api_route_info>& routes);
+
+/// Deletes all static routes and empties the layer-3 forwarding object; commits and applies when
+/// that last step succeeds. A tree must be there.
+/// @return the platform's result of emptying the object, 0 for success
+IGD_API int igd_clear_static_route();
+
+/// Adds, updates or deletes the static route with this destination and mask; commits and applies.
+///
+/// @param op     IgdRouteOperation; any other value changes nothing
+/// @param route  `interface` is the name of a WAN connection; one that names none is stored empty
+/// @return 0; kIgdFailed (-1) without a tree, or when the route to delete is not there
+IGD_API int igd_set_static_route(int op, api_route_info route);
+
+// ---- Device settings ----------------------------------------------------------------------------
+
+/// Writes the six settings of the remote-management server, empty ones too. Does not commit.
+/// @return 0, or kIgdNoTree (-1022) without a tree or record
+IGD_API int igd_mng_server_set_params(api_mng_server_info* info);
+
+/// Reads the six settings of the remote-management server.
+/// @return 0, or kIgdNoTree (-1022) without a tree or record, nothing filled
+IGD_API int igd_mng_server_get_params(api_mng_server_info* info);
+
+/// Reads the gateway's LAN address. (Ordinary linkage, despite its name.)
+/// @return IPInterfaceIPAddress of the first LAN device; empty without a tree
+IGD_API std::string igd_c_get_lan_ipaddr();
+
+// ---- Names --------------------------------------------------------------------------------------
+
+/// Bit of a port in a port mask: LAN1..LAN4 are bits 0..3, WLAN1..WLAN4 bits 4..7; any other 0.
+IGD_API int igd_tool_get_port_value(std::string node);
+
+/// Number of a port: LAN1..LAN4 are 1..4, WLAN1..WLAN4 are 5..8; any other -1.
+IGD_API int igd_tool_get_port_index(std::string node);
+
+/// Tells whether a node name holds the letter "W": the wireless ones do.
+IGD_API bool isWlan(std::string node);
+
+/// Translations between node and interface names. On this gateway both are the same text.
+IGD_API std::string getLanIndexByPhy(std::string name);
+IGD_API std::string getWlanIndexByPhy(std::string name);
+IGD_API std::string igd_transe_node_2_lan_interfac(std::string node);
+IGD_API std::string igd_trans_lan_interface_2_node(std::string interface);
+
+// ---- Tools --------------------------------------------------------------------------------------
+
+/// Splits a text at every character of a set. Two delimiters in a row give an empty token; one at
+/// the very end gives none: "a,,b" gives "a", "", "b", and "a," gives "a".
+/// @param out  emptied first
+/// @return the number of tokens
+IGD_API int igd_tool_split_str(std::string text, std::string delimiter_set,
+                               std::vector<std::string>& out);
+
+/// Lists the instances of an object type below a path.
+/// @param path  prefix of the full names, compared as text; empty for the whole tree
+/// @param type  ObjectType (common_util.h)
+/// @param out   emptied, then the full names in the tree's order
+/// @return their number, 0 without a tree
+IGD_API int igd_tool_loop_instance(std::string path, int type, std::vector<std::string>& out);
+
+/// Finds the first parameter of a type below a path with exactly this value.
+/// @return its full name, or the empty text
+IGD_API std::string igd_tool_loop_fullname(std::string path, int type, std::string value);
+
+/// Removes the first element equal to a name; later ones stay.
+IGD_API void _delete_node(std::vector<std::string>& list, std::string name);
+
+// ---- Cache --------------------------------------------------------------------------------------
+
+/// Where each WAN connection's pieces are, by connection path. Owned by the library: entries are
+/// made by _get_cache and deleted by _rebuid_cache and _destory_cache.
+extern IGD_API std::map<std::string, wan_mib_info*> g_wan_mibinfo_cache_list;
+
+/// Layer-3 interface names by key; see igd_c_set_l3_name.
+extern IGD_API std::map<std::string, std::string> g_l3_ifname_table;
+
+/// Gives the cache entry of a connection, made at the first request and then kept as it is until
+/// the connection is removed, also when the tree changes. Prints six lines when it makes one.
+/// @return never null; the library's own
+IGD_API wan_mib_info* _get_cache(std::string wan_path);
+
+/// Deletes every cache entry whose path is not listed.
+IGD_API void _rebuid_cache(std::vector<std::string>& wan_paths);
+
+/// Deletes the cache entry of one connection.
+/// @return 1
+IGD_API int _destory_cache(std::string wan_path);
+
+#endif  // IGD_API_H

@@ -1,0 +1,89 @@
+/* Operations of libigd with plain linkage, for callers that work with character buffers.
+ *
+ * This header also compiles as C99; there the record stays opaque. Texts are zero-terminated and
+ * 8-bit. A reader writes into the caller's buffer like snprintf: cut to the size, always terminated
+ * when the size is at least 1 (igd_c_get_l3_name is the exception and says so). */
+#ifndef IGD_C_API_H
+#define IGD_C_API_H
+
+#include <stddef.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+#define IGD_C_API __attribute__((visibility("default")))
+
+/* One WAN connection; fields in igd_types.h. */
+struct api_wan_info;
+
+/* Tells whether a network interface is a member of a bridge.
+ *
+ * bridge_name  BridgeName of the bridge; must not be null
+ * ifname       device name as the system knows it, "eth1.100"; null gives 0
+ *
+ * Returns 1 when a port of the bridge translates to this device, else 0. On an 802.1Q bridge the
+ * taggable devices carry their port's PVID as suffix. A port with an unknown node name translates
+ * to the empty text, so an empty ifname matches it.
+ * Reads the tree, writes nothing. Logs "Matched Ifname ..." when it matches. */
+IGD_C_API int igd_c_check_belong_bridge(const char* bridge_name, const char* ifname);
+
+/* Derives the packet mark of a connection from its bridge's name, without asking the tree.
+ *
+ * name  "br_<d>_<c>"; null gives 0
+ *
+ * Returns A * 30 + (B % 30) modulo 2^32, where A and B are the first two non-zero numbers between
+ * underscores: "br_1_2" gives 32. Zeros are skipped, so "br_0_5" gives 150. */
+IGD_C_API unsigned int igd_c_get_mask(const char* name);
+
+/* Derives the name of a connection's own bridge from its path, without asking the tree.
+ *
+ * wan_path  connection device path; the first two non-zero numbers between dots are taken
+ * buf,size  receive "br_<d>_<c>"; "br_0_0" for a path without numbers
+ *
+ * Writes nothing when a pointer is null or size is 0. */
+IGD_C_API void igd_c_get_wan_bridge_name(const char* wan_path, char* buf, size_t size);
+
+/* The same as igd_c_get_wan_bridge_name: a bridge's network interface has the bridge's name. */
+IGD_C_API void igd_c_get_wan_bridge_intf_name(const char* wan_path, char* buf, size_t size);
+
+/* Read PVID, VLANID or X_ZYN_VLANPriority of a connection's own bridge.
+ *
+ * wan_path  connection device path, or any path below it
+ * buf,size  receive the tree's text; empty when no bridge matches
+ *
+ * The first bridge whose X_ZYN_WANName is a prefix of wan_path answers; a bridge with an empty
+ * X_ZYN_WANName therefore answers for every path. Write nothing into buf when a pointer is null or
+ * size is 0. Read the tree, write nothing to it. */
+IGD_C_API void igd_c_get_wan_bridge_pvid_name(const char* wan_path, char* buf, size_t size);
+IGD_C_API void igd_c_get_wan_bridge_vlanid_name(const char* wan_path, char* buf, size_t size);
+IGD_C_API void igd_c_get_wan_bridge_vlanpriority_name(const char* wan_path, char* buf, size_t size);
+
+/* Writes a connection's VLAN identifier as PVID of every port of a bridge, tagged or not.
+ *
+ * bridge_name  BridgeName of the bridge
+ * info         only vlan_id is read
+ *
+ * Both pointers must be valid. Always returns 0; a bridge that does not exist changes nothing.
+ * Prints one line, and one more for each port. Does not commit. */
+IGD_C_API int igd_c_set_bridge_pvid(const char* bridge_name, struct api_wan_info* info);
+
+/* Records the layer-3 interface name of a key in the process-wide table, replacing an older one.
+ * A null key or value changes nothing. The table is lost when the process ends. */
+IGD_C_API void igd_c_set_l3_name(const char* key, const char* value);
+
+/* Looks a layer-3 interface name up.
+ *
+ * key       a null key writes the empty text
+ * buf,size  receive at most size - 1 characters; a value of size - 1 or more characters is NOT
+ *           terminated, so clear the buffer first
+ *
+ * A key that was never set joins the table with an empty value. Writes nothing, and leaves the
+ * table as it is, when buf is null or size is 0. */
+IGD_C_API void igd_c_get_l3_name(const char* key, char* buf, size_t size);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* IGD_C_API_H */

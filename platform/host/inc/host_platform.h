@@ -1,0 +1,103 @@
+/// Administration of the reference platform: the trees behind MibAccess, and the debug log.
+///
+/// A program that only uses libigd needs nothing of this: getContext() hands out a process-wide
+/// MibAccess over a tree in factory state. Tests and tools that make, exchange, inspect or import
+/// trees use this interface beside MibAccess.
+#ifndef HOST_PLATFORM_H
+#define HOST_PLATFORM_H
+
+#include <cstddef>
+#include <functional>
+#include <iosfwd>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common_util.h"
+
+namespace host {
+
+/// A call that the tree refused, and so changed nothing. libigd looks at no result; this list is
+/// where a refusal shows.
+struct Refusal {
+  std::string call;    ///< "addObject", "deleteObject" or "setValue"
+  std::string name;    ///< the path or full name that was passed
+  std::string reason;  ///< one sentence for people
+};
+
+/// A parameter as listed by Tree::parameters.
+struct Parameter {
+  std::string name;   ///< full name
+  std::string value;  ///< its text; derived counts are computed
+};
+
+/// A configuration tree in memory, held to the schema of the data model. Copies are independent.
+class Tree {
+ public:
+  Tree();  ///< the single objects of the data model with their defaults, every table empty
+  static Tree factory();  ///< as a gateway leaves the factory
+  Tree(const Tree& other);
+  Tree(Tree&& other) noexcept;
+  Tree& operator=(const Tree& other);
+  Tree& operator=(Tree&& other) noexcept;
+  ~Tree();
+
+  /// The operations of MibAccess, with the same rules and results.
+  int add_object(const std::string& table_path, int* instance);
+  int delete_object(const std::string& object_path);
+  int set_value(const std::string& name, const std::string& value);
+  std::string value(const std::string& name) const;  ///< "" for an unknown name
+  std::vector<std::string> instances(int object_type) const;
+
+  bool has_object(std::string_view object_path) const;   ///< root, single object, table or instance
+  bool has_parameter(std::string_view name) const;
+  std::vector<Parameter> parameters(std::string_view prefix = {}) const;  ///< in numeric order
+
+  const std::vector<Refusal>& refusals() const;
+  void clear_refusals();
+
+ private:
+  friend struct TreeAccess;
+  struct Impl;
+  std::unique_ptr<Impl> impl_;
+};
+
+/// The tree behind getContext(): factory state at first use. It can be assigned to.
+Tree& active_tree();
+
+/// Puts another tree behind getContext() and returns the one that was there. The MibAccess stays
+/// the same object. The caller keeps `tree` alive while it is active; null brings back the
+/// process's own tree.
+Tree* exchange_active_tree(Tree* tree);
+
+/// Where c_debug_out goes; off at start. The text has no line end.
+using DebugSink = std::function<void(const char* file, int line, const std::string& text)>;
+void set_debug_sink(DebugSink sink);           ///< an empty function turns it off
+void set_debug_sink_to_stderr();               ///< "file:line: text"
+bool set_debug_sink_to_file(const std::string& path);  ///< appends, mode 0600; false: cannot open
+
+/// What an import did, or why it did nothing.
+struct ImportResult {
+  bool ok = false;
+  std::string error;             ///< "file:line: reason" when not ok
+  std::size_t objects = 0;       ///< instances made
+  std::size_t parameters = 0;    ///< values taken into the data model
+  std::size_t extensions = 0;    ///< values kept though the data model does not know them
+  std::size_t foreign = 0;       ///< rows skipped: not below InternetGatewayDevice
+  std::size_t booleans = 0;      ///< values normalised to true or false
+  std::size_t counts = 0;        ///< counts recomputed instead of taken
+};
+
+/// Replaces a tree by a parameter dump: RFC 4180 CSV with a header line that names at least
+/// Parameter, Object, Writable, Value and "Value type", in any order. A malformed file is refused
+/// whole and the tree stays as it was.
+///
+/// @param source  the name that errors give the input
+ImportResult import_csv(Tree& tree, std::istream& input, const std::string& source);
+ImportResult import_csv_file(Tree& tree, const std::string& path);
+
+}  // namespace host
+
+#endif  // HOST_PLATFORM_H

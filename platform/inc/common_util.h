@@ -1,0 +1,165 @@
+/// The platform's contract: what libigd needs of libcommon_util, slot by slot.
+///
+/// On a gateway the platform vendor supplies libcommon_util.so; on a workstation the
+/// reference platform of this project does. A library built against this header runs on either,
+/// because only three things are fixed: the order of the virtual functions below, the two free
+/// functions, and the numbers of ObjectType.
+///
+/// Names in the tree
+///   - An object path ends in a dot: "InternetGatewayDevice.WANDevice.1.".
+///   - A parameter's full name is its object's path and its own name, nothing between.
+///   - Every value is 8-bit text; booleans are "true" and "false", numbers are decimal.
+///
+/// The order of the virtual functions is binary interface: never insert, remove or move one. Slots
+/// that libigd does not call have empty bodies, so that a platform or a test derives from these
+/// classes and overrides only what it needs. The destructors are protected and not virtual: a
+/// virtual one would take two slots, and libigd never deletes a platform object.
+#ifndef COMMON_UTIL_H
+#define COMMON_UTIL_H
+
+#include <string>
+
+/// Numbers by which the tree enumerates one kind of object or parameter. They are the platform's
+/// own; the comment names what one enumerated instance is.
+enum ObjectType : int {
+  kForwardingDestIpAddress = 171,  ///< Layer3Forwarding.Forwarding.{i}.DestIPAddress
+  kForwardingInterface = 177,      ///< Layer3Forwarding.Forwarding.{i}.Interface
+  kBridgeName = 196,               ///< Layer2Bridging.Bridge.{i}.BridgeName
+  kBridgeWanName = 197,            ///< Layer2Bridging.Bridge.{i}.X_ZYN_WANName
+  kBridgeVlanId = 199,             ///< Layer2Bridging.Bridge.{i}.VLANID
+  kPortEnable = 203,               ///< Layer2Bridging.Bridge.{i}.Port.{j}.PortEnable
+  kPortDependWanName = 204,        ///< Layer2Bridging.Bridge.{i}.Port.{j}.X_ZYN_DependWanName
+  kPortInterface = 205,            ///< Layer2Bridging.Bridge.{i}.Port.{j}.PortInterface
+  kPortPvid = 209,                 ///< Layer2Bridging.Bridge.{i}.Port.{j}.PVID
+  kWanAccessType = 1007,           ///< WANDevice.{i}.WANCommonInterfaceConfig.WANAccessType
+  kWanConnectionDevice = 1273,     ///< WANDevice.{i}.WANConnectionDevice.{j}. (an object)
+  kIpConnectionName = 1351,        ///< ...WANIPConnection.{k}.Name
+  kAddressingType = 1359,          ///< ...WANIPConnection.{k}.AddressingType
+  kPppConnection = 1429,           ///< ...WANPPPConnection.{k}. (an object)
+  kPppConnectionName = 1437,       ///< ...WANPPPConnection.{k}.Name
+  kServiceList = 1887,             ///< ...WANPPPConnection.{k}.X_CT-COM_ServiceList
+};
+
+/// A walk over the instances of one ObjectType. Made by MibAccess::openInstanceIterator, which
+/// places it on the first instance, and released by MibAccess::closeInstanceIterator.
+class InstanceIterator {
+ public:
+  /// Moves to the next instance. Returns non-zero when there is one, 0 past the last.
+  virtual int next() = 0;  // slot 0
+  virtual void reserved1() {}
+  virtual void reserved2() {}
+  /// Full name of the current instance: an object path ending in a dot for an object type, the
+  /// full parameter name for a parameter type.
+  virtual std::string fullName() = 0;  // slot 3
+
+ protected:
+  ~InstanceIterator() = default;
+};
+
+/// The configuration tree of the gateway.
+class MibAccess {
+ public:
+  virtual void reserved0() {}
+  virtual void reserved1() {}
+  virtual void reserved2() {}
+  virtual void reserved3() {}
+  virtual void reserved4() {}
+  virtual void reserved5() {}
+  virtual void reserved6() {}
+  virtual void reserved7() {}
+  virtual void reserved8() {}
+  virtual void reserved9() {}
+
+  /// Creates an instance in a table.
+  ///
+  /// @param table_path    path of the table, ending in a dot ("InternetGatewayDevice.WANDevice.")
+  /// @param instance      set to the number of the new instance, 1 or higher
+  /// @param access_level  libigd passes 255, the internal level: the data model's own access
+  ///                      rules do not apply
+  /// @return 0, or non-zero when nothing was created; libigd leaves `instance` at 0 before the
+  ///         call and may go on with that 0, so a failure must not change it
+  virtual int addObject(const std::string& table_path, int* instance, int access_level) = 0;  // 10
+
+  /// Removes an object with everything below it.
+  ///
+  /// @param object_path  ends in a dot; an instance, or "InternetGatewayDevice.Layer3Forwarding.",
+  ///                     which loses all its routes
+  /// @return 0, or non-zero when nothing was removed; looked at only when all routes are cleared
+  virtual int deleteObject(const std::string& object_path) = 0;  // 11
+
+  virtual void reserved12() {}
+
+  /// Starts a walk over every instance of a type anywhere in the tree, in ascending numeric order
+  /// at every level. libigd reads all names before it writes, so a walk need not survive writes.
+  ///
+  /// @param type  an ObjectType
+  /// @return a walk that stands on the first instance, or null when there is none
+  virtual InstanceIterator* openInstanceIterator(int type) = 0;  // 13
+
+  /// Releases a walk. libigd closes every walk it opened, exactly once.
+  virtual void closeInstanceIterator(InstanceIterator* iterator) = 0;  // 14
+
+  /// Reads a parameter by its full name. An unknown name reads as the empty text, which libigd
+  /// takes as "not set"; bare names ("Enable") are asked for when an object is missing.
+  virtual std::string getValue(const std::string& name) = 0;  // 15
+
+  /// Stores a parameter by its full name; the writing process reads it back at once.
+  ///
+  /// @param flags  libigd passes 0
+  /// @return 0, or non-zero when refused; libigd looks at no result and counts on bare and
+  ///         unknown names being refused without effect
+  virtual int setValue(const std::string& name, const std::string& value, int flags) = 0;  // 16
+
+  virtual void reserved17() {}
+
+  /// Makes everything written since the last commit durable and visible to other processes.
+  ///
+  /// @param mode  libigd passes 1
+  /// @return 0, or non-zero when the batch is not in effect
+  virtual int commit(int mode) = 0;  // 18
+
+  /// Tells the gateway's services to act on what was committed. Called for routes only, directly
+  /// after commit.
+  ///
+  /// @param scope  libigd passes the empty text
+  virtual int applyChanges(const std::string& scope) = 0;  // 19
+
+ protected:
+  ~MibAccess() = default;
+};
+
+/// The process-wide platform context.
+class PlatformContext {
+ public:
+  virtual void reserved0() {}
+  virtual void reserved1() {}
+  virtual void reserved2() {}
+  virtual void reserved3() {}
+  virtual void reserved4() {}
+  virtual void reserved5() {}
+
+  /// The configuration tree, or null when this process has none. Asked for once; the object must
+  /// live as long as the process.
+  virtual MibAccess* mibAccess() = 0;  // slot 6
+
+  /// A second service. libigd asks for it once, after the tree, and never uses it; may be null.
+  virtual void* secondService() = 0;  // slot 7
+
+ protected:
+  ~PlatformContext() = default;
+};
+
+/// The context of this process, or null while the platform is not ready. libigd asks again at
+/// every operation until it gets one, then never again.
+PlatformContext* getContext();
+
+/// Writes one line to the platform's debug log.
+///
+/// @param file    name of the source unit, as the field tools filter it: "igd_api" or
+///                "framework/igd/inc/igd_common"
+/// @param line    source line; some are fixed because field tools look for them
+/// @param format  printf format of the line, no line end
+extern "C" void c_debug_out(const char* file, int line, const char* format, ...)
+    __attribute__((format(printf, 3, 4)));
+
+#endif  // COMMON_UTIL_H
