@@ -2,8 +2,8 @@
 ///
 /// On a gateway the platform vendor supplies libcommon_util.so; on a workstation the
 /// reference platform of this project does. A library built against this header runs on either,
-/// because only three things are fixed: the order of the virtual functions below, the two free
-/// functions, and the numbers of ObjectType.
+/// because only this is fixed: the order of the virtual functions below, the two free functions,
+/// the numbers of ObjectType, and the C++ library's std::string, which both sides must share.
 ///
 /// Names in the tree
 ///   - An object path ends in a dot: "InternetGatewayDevice.WANDevice.1.".
@@ -76,8 +76,9 @@ class MibAccess {
   /// @param instance      set to the number of the new instance, 1 or higher
   /// @param access_level  libigd passes 255, the internal level: the data model's own access
   ///                      rules do not apply
-  /// @return 0, or non-zero when nothing was created; libigd leaves `instance` at 0 before the
-  ///         call and may go on with that 0, so a failure must not change it
+  /// @return 0, or non-zero when nothing was created; libigd sets `instance` to 0 before the call
+  ///         and may go on with that 0, so a failure must not change it
+  /// Bare and unknown paths do arrive ("Port.", when there is no LAN bridge) and must be refused.
   virtual int addObject(const std::string& table_path, int* instance, int access_level) = 0;  // 10
 
   /// Removes an object with everything below it.
@@ -85,6 +86,8 @@ class MibAccess {
   /// @param object_path  ends in a dot; an instance, or "InternetGatewayDevice.Layer3Forwarding.",
   ///                     which loses all its routes
   /// @return 0, or non-zero when nothing was removed; looked at only when all routes are cleared
+  /// The empty path does arrive (the bridge of a connection that has none): it must be refused and
+  /// remove nothing, never the tree. So must unknown paths.
   virtual int deleteObject(const std::string& object_path) = 0;  // 11
 
   virtual void reserved12() {}
@@ -106,8 +109,8 @@ class MibAccess {
   /// Stores a parameter by its full name; the writing process reads it back at once.
   ///
   /// @param flags  libigd passes 0
-  /// @return 0, or non-zero when refused; libigd looks at no result and counts on bare and
-  ///         unknown names being refused without effect
+  /// @return 0, or non-zero when refused; libigd looks at no result and counts on bare names,
+  ///         unknown names and names of instance 0 being refused without effect
   virtual int setValue(const std::string& name, const std::string& value, int flags) = 0;  // 16
 
   virtual void reserved17() {}

@@ -21,10 +21,11 @@
 ///     a connection (bind_lan) through X_ZYN_DependWanName and a VLAN of their own.
 ///
 /// Rules for callers
-///   - Every setting lives in the platform's configuration tree. Without a tree each operation gives
-///     its own failure result and changes nothing.
-///   - The results of single writes are not examined: an operation that got past its first checks
-///     reports success. Commits are issued only where an operation says so.
+///   - Every setting lives in the platform's configuration tree. Without a tree each operation
+///     gives its own failure result; one that has none answers as for an empty tree, and
+///     igd_clear_static_route must not be called.
+///   - The results of single writes are not examined: what the tree refuses is not reported.
+///     Commits are issued only where an operation says so.
 ///   - Trace lines go to standard output, passwords included; some lines to the platform's log.
 ///   - The library takes no locks: use it from one thread at a time.
 ///   - Record pointers must be valid unless an operation says that null is refused.
@@ -46,16 +47,20 @@
 ///
 /// @param wan_path        the connection being changed; empty for a new one
 /// @param info            the description. With vlan_enable 0 its vlan_id is set to 0, which stays
-/// @param all_ports_mask  igd_tool_get_port_value of every port the device has, ORed
+/// @param all_ports_mask  igd_tool_get_port_value of every port the device has, ORed; "no port
+///                        would be left" means that the ports taken are exactly these
 /// @return an IgdWanVerdict: 0, or the first rule broken in the order VLAN (9, 10), management
 ///         service (13), port held by another connection (1..8, -1), last free port (12, 14).
-///         The connection that carries "TR069" is accepted whatever ports it asks for.
-/// Reads the tree, writes nothing.
+///         The connection that carries "TR069" is accepted whatever ports it asks for; so is every
+///         new one while the first service list of the tree holds "TR069". "LAN0" and
+///         "LAN_DEFAULT1" break no rule.
+/// Reads the tree, writes nothing. Without a tree only the last rule is left, on bind_wan.
 IGD_API int igd_verify_new_wan_info_valid(std::string wan_path, api_wan_info* info,
                                           int all_ports_mask);
 
 /// Creates a connection with its three connection objects, its bridge and its uplink port, and
-/// writes the description to it. A connection that already has this name is updated instead.
+/// writes the description to it. A connection that already has this name is updated instead; the
+/// empty name is that of the first connection without one.
 ///
 /// @param access_type  WANAccessType of the uplink: "Ethernet", "3G", "Repeator"; any other text
 ///                     makes a connection without uplink port. The WAN device with this type is
@@ -70,8 +75,10 @@ IGD_API std::string igd_wan_create(std::string access_type, api_wan_info* info);
 /// Writes a whole description over a connection: flags, names, types, services, NAT, accounts,
 /// MTUs, addresses, DNS, bridge, ports and VLAN; then enables the object of connect_mode.
 ///
-/// @param wan_index  the connection's path. A path that names none makes writes to bare parameter
-///                   names, which the tree refuses
+/// @param wan_index  the connection's path. One that names none is not refused: bare parameter
+///                   names are written, which the tree refuses, and as for any connection without
+///                   a bridge of its own the ports of EVERY bridge are taken for its own. Make sure
+///                   first (igd_verify_is_wan_index, igd_wan_get_wan_bridge_info)
 /// @param info       the description; name and joined DNS text are cut at 255 characters, and port
 ///                   names that have no option 60 may join its port_option60 with an empty text
 /// @return 0, or kIgdNoWan (-1023) without a tree or record, nothing written
@@ -81,10 +88,13 @@ IGD_API int igd_wan_set_params(std::string wan_index, api_wan_info* info);
 
 /// Reads a connection into a record.
 ///
-/// @param wan_index  the connection's path; one that names none gives empty texts and zeros
+/// @param wan_index  the connection's path; one that names none gives empty texts and zeros, and
+///                   like any connection without a bridge of its own the ports of every bridge as
+///                   bind_wan
 /// @param info       filled. Left as they were: connect_mode and the DNS fields when no object is
 ///                   enabled, dhcp_option60 unless DHCP is, connection_class when the tree has an
-///                   unknown type, dhcp_trans; port_option60 only gains entries
+///                   unknown type, dhcp_trans. Entries of port_option60 are added or replaced,
+///                   never removed
 /// @return 0, or kIgdNoWan (-1023) without a tree or record, nothing filled
 /// Reads the tree, writes nothing.
 IGD_API int igd_wan_get_params(std::string wan_index, api_wan_info* info);
@@ -112,14 +122,15 @@ IGD_API void igd_wan_destory(std::string wan_path);
 
 /// Lists the connections, and drops the cache entries of those that are gone.
 /// @param out  emptied, then the paths in the tree's order
-/// @return their number, 0 without a tree
+/// @return their number; 0 without a tree, and then the whole cache is dropped
 IGD_API int igd_wan_list(std::vector<std::string>& out);
 
 /// Writes the ports of a record as X_CT-COM_LanInterface of the three connection objects, bind_lan
 /// first, without "LAN0". A value that is already right is not written. Does not commit.
 IGD_API void saveLanInterfaceToWanNode(std::string wan_path, api_wan_info* info);
 
-/// Finds a connection by the Name of its objects; IP connections are asked before PPP ones.
+/// Finds a connection by the Name of its objects; IP connections are asked before PPP ones. An
+/// empty name finds the first connection without a name.
 /// @return its path, or the empty text
 IGD_API std::string igd_wan_get_id_by_name(std::string name);
 
@@ -137,11 +148,12 @@ IGD_API int igd_verify_is_wan_index(std::string index);
 /// @return 1 or 0
 IGD_API int igd_verify_wan_index_in_bridge(std::string index);
 
-/// Writes one value under the same relative name in all three objects of a connection, and commits.
+/// Writes one value under the same relative name in all three objects of a connection.
 ///
 /// @param wan_path  the connection's path; nothing is done unless it has all three objects
 /// @param node      full name below one of the three objects; a name elsewhere writes nothing
 /// @param value     stored as it is
+/// Prints one line; commits when it wrote.
 IGD_API void igd_set_wan_all_value(std::string wan_path, std::string node, std::string value);
 
 /// Lists the ports that connections other than this one hold, "LAN0" left out.
@@ -153,9 +165,9 @@ IGD_API int igd_get_used_port_list(std::string wan_path, std::vector<std::string
 /// Reads the run-time state of a connection.
 ///
 /// @param wan_index  the connection's path
-/// @param status     filled; what a run does not reach keeps the caller's value: mode, connected and
-///                   the addresses when no object is enabled, last_connection_error unless PPPoE is
-///                   enabled without an address
+/// @param status     filled; what a run does not reach keeps the caller's value: mode, connected
+///                   and the addresses when no object is enabled, last_connection_error unless
+///                   PPPoE is enabled without an address
 /// @return 0, or kIgdNoTree (-1022) without a tree or record, nothing filled
 IGD_API int igd_wan_status(std::string wan_index, api_wan_status* status);
 
@@ -200,7 +212,7 @@ IGD_API std::string igd_wan_intf(std::string wan_path, std::vector<std::string>&
 /// Finds the bridge that carries a physical device.
 ///
 /// @param phy          device name, "eth1.100"; taggable devices of an 802.1Q bridge carry the
-///                     bridge's VLANID as suffix
+///                     bridge's VLANID as suffix. Empty matches ports with unknown node names
 /// @param bridge_path  set for each match, so the last port that matches decides; may be null
 /// @param bridge_name  likewise; may be null
 /// @return 0, matched or not, or kIgdNoTree (-1022); outputs untouched unless matched
@@ -208,8 +220,8 @@ IGD_API int igd_wan_get_bridge_info_from_phy(std::string phy, std::string* bridg
                                              std::string* bridge_name);
 
 /// Finds a VLAN identifier that no bridge carries.
-/// @return the lowest free one from 1000 to 4059; 3999 when all are taken, which does not mean that
-///         3999 is free
+/// @return the lowest free one from 1000 to 4059, 1000 without a tree; 3999 when all are taken,
+///         which does not mean that 3999 is free
 IGD_API int igd_wan_get_unused_vlan();
 
 // ---- Static routes ------------------------------------------------------------------------------
@@ -227,7 +239,8 @@ IGD_API int igd_clear_static_route();
 /// Adds, updates or deletes the static route with this destination and mask; commits and applies.
 ///
 /// @param op     IgdRouteOperation; any other value changes nothing
-/// @param route  `interface` is the name of a WAN connection; one that names none is stored empty
+/// @param route  `interface` is the name of a WAN connection, found by igd_wan_get_id_by_name and
+///               stored as its path; one that names none is stored empty
 /// @return 0; kIgdFailed (-1) without a tree, or when the route to delete is not there
 IGD_API int igd_set_static_route(int op, api_route_info route);
 
@@ -264,8 +277,9 @@ IGD_API std::string igd_trans_lan_interface_2_node(std::string interface);
 
 // ---- Tools --------------------------------------------------------------------------------------
 
-/// Splits a text at every character of a set. Two delimiters in a row give an empty token; one at
-/// the very end gives none: "a,,b" gives "a", "", "b", and "a," gives "a".
+/// Splits a text at every character of a set. Two delimiters in a row give an empty token; one that
+/// ends the text starts no further token: "a,,b" gives "a", "", "b"; "a," gives "a"; "," gives one
+/// empty token, an empty text none.
 /// @param out  emptied first
 /// @return the number of tokens
 IGD_API int igd_tool_split_str(std::string text, std::string delimiter_set,
@@ -294,8 +308,10 @@ extern IGD_API std::map<std::string, wan_mib_info*> g_wan_mibinfo_cache_list;
 /// Layer-3 interface names by key; see igd_c_set_l3_name.
 extern IGD_API std::map<std::string, std::string> g_l3_ifname_table;
 
-/// Gives the cache entry of a connection, made at the first request and then kept as it is until
-/// the connection is removed, also when the tree changes. Prints six lines when it makes one.
+/// Gives the cache entry of a connection. It is made at the first request, which prints six lines,
+/// and then kept, also when the tree changes, until igd_wan_destory or an igd_wan_list that no
+/// longer finds the connection. igd_wan_set_params updates its lan_bridge_path and connect_class.
+/// Without a tree an entry with empty paths is made, and kept.
 /// @return never null; the library's own
 IGD_API wan_mib_info* _get_cache(std::string wan_path);
 

@@ -75,8 +75,9 @@ IGD_C_API void igd_c_set_l3_name(const char* key, const char* value);
 /* Looks a layer-3 interface name up.
  *
  * key       a null key writes the empty text
- * buf,size  receive at most size - 1 characters; a value of size - 1 or more characters is NOT
- *           terminated, so clear the buffer first
+ * buf,size  receive at most size - 1 characters, a shorter value filled up with zeros; a value of
+ *           size - 1 or more characters is NOT terminated, so clear the buffer first. With size 1
+ *           nothing is written
  *
  * A key that was never set joins the table with an empty value. Writes nothing, and leaves the
  * table as it is, when buf is null or size is 0. */

@@ -32,7 +32,7 @@ inline constexpr Node kNodes[] = {
     {"WDS3", "ath7", -1, false},  {"STA1", "ath5", -1, false},
 };
 
-/// Device names of the system hold 15 bytes, the terminator included.
+/// The buffer that getPhyName gives out, terminator included: names are cut at 14 characters.
 inline constexpr std::size_t kPhysicalNameSize = 15;
 inline constexpr int kVlanEnd = 4095;  // first number that is no VLAN suffix
 
@@ -50,18 +50,22 @@ inline bool takes_vlan_suffix(const Node& node, bool suffix_wanted, int vlan) {
   return suffix_wanted && node.taggable && 0 <= vlan && vlan < kVlanEnd;
 }
 
-/// The system's name of a node, with ".<vlan>" where it takes one; empty for an unknown node.
+/// The system's name of a node, with ".<vlan>" where it takes one.
+inline std::string physical_name(const Node& node, bool suffix_wanted, int vlan) {
+  std::string name = node.physical;
+  if (takes_vlan_suffix(node, suffix_wanted, vlan)) name += '.' + std::to_string(vlan);
+  return name.substr(0, kPhysicalNameSize - 1);
+}
+
+/// The same by name; empty for an unknown node.
 inline std::string physical_name(std::string_view node_name, bool suffix_wanted, int vlan) {
   const Node* node = find_node(node_name);
-  if (node == nullptr) return {};
-  std::string name = node->physical;
-  if (takes_vlan_suffix(*node, suffix_wanted, vlan)) name += '.' + std::to_string(vlan);
-  return name.substr(0, kPhysicalNameSize - 1);
+  return node == nullptr ? std::string() : physical_name(*node, suffix_wanted, vlan);
 }
 
 }  // namespace igd
 
-/// Translates a node name to the physical device name, for callers of the platform.
+/// Translates a node name to the physical device name.
 ///
 /// @param node           node name; null gives the empty text
 /// @param suffix_wanted  non-zero: a taggable device with 0 <= vlan < 4095 gets ".<vlan>"
@@ -81,7 +85,7 @@ inline const char* getPhyName(const char* node, int suffix_wanted, int vlan, int
     c_debug_out(igd::kCommonUnit, igd::kPhysicalNameLine, "***** GET PHYNAME,VLANID=%d,phy=%s ",
                 vlan, row->physical);
   }
-  const std::string name = igd::physical_name(node, suffix_wanted != 0, vlan);
+  const std::string name = igd::physical_name(*row, suffix_wanted != 0, vlan);
   std::memcpy(buffer, name.c_str(), name.size() + 1);
   return buffer;
 }

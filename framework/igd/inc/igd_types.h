@@ -41,11 +41,11 @@ enum IgdProtocol : int {
 /// (LAN1-LAN4, WLAN1-WLAN4), kIgdFailed such a port with another name.
 enum IgdWanVerdict : int {
   kIgdAcceptable = 0,
-  kIgdVlanTaken = 9,
-  kIgdUntaggedTaken = 10,
-  kIgdRoutedBridgeLeavesNoPort = 12,
-  kIgdManagementExists = 13,
-  kIgdBridgeLeavesNoPort = 14,
+  kIgdVlanTaken = 9,                  ///< another connection's bridge carries this VLAN
+  kIgdUntaggedTaken = 10,             ///< another connection's bridge is untagged
+  kIgdRoutedBridgeLeavesNoPort = 12,  ///< routed and bridged, and no port would be left
+  kIgdManagementExists = 13,          ///< asks for exactly "TR069", and some service list has it
+  kIgdBridgeLeavesNoPort = 14,        ///< bridged, address or mask empty, no port would be left
 };
 
 /// igd_set_static_route: what to do with the route.
@@ -70,28 +70,28 @@ struct api_wan_info {
   std::vector<std::string> bind_lan;  ///< LAN-bridge ports bound to it: "LAN1".."WLAN4"
   std::vector<std::string> bind_wan;  ///< ports in the connection's own bridge
   std::string service_type;           ///< service list: "INTERNET", "TR069", ...
-  int dhcp_trans = 0;                 ///< carried, never written to the tree
+  int dhcp_trans = 0;                 ///< carried, never written to the tree; dumped twice
   int nat_mode = 0;                   ///< 1 NAT on, anything else off
   int connect_mode = 0;               ///< IgdConnectMode
   std::string pppoe_user_name;
   std::string pppoe_password;
-  std::string pppoe_mtu;   ///< octets, decimal
-  std::string static_mtu;  ///< octets, decimal
-  std::string dhcp_mtu;    ///< octets, decimal
-  int protocol = 0;        ///< IgdProtocol; set when read
-  std::string ip_addr;     ///< static address
-  std::string ip_mask;     ///< static subnet mask
-  std::string ip_gw;       ///< static default gateway
-  int ip_dns_enable = 0;   ///< 1: the connection's own DNS servers are used
-  int dhcp_dns_enable = 0;      ///< DHCP object, set when read
-  std::string dhcp_dns1;        ///< DHCP object, set when read
-  std::string dhcp_dns2;        ///< DHCP object, set when read
-  int static_dns_enable = 0;    ///< static object, set when read
-  std::string static_dns1;      ///< static object, set when read
-  std::string static_dns2;      ///< static object, set when read
-  std::string ip_dns1;          ///< first DNS server of the active object
-  std::string ip_dns2;          ///< second DNS server of the active object
-  std::string dhcp_option60;    ///< DHCP vendor class identifier
+  std::string pppoe_mtu;                     ///< octets, decimal
+  std::string static_mtu;                    ///< octets, decimal
+  std::string dhcp_mtu;                      ///< octets, decimal
+  int protocol = 0;                          ///< IgdProtocol; set when read
+  std::string ip_addr;                       ///< static address
+  std::string ip_mask;                       ///< static subnet mask
+  std::string ip_gw;                         ///< static default gateway
+  int ip_dns_enable = 0;                     ///< 1: the connection's own DNS servers are used
+  int dhcp_dns_enable = 0;                   ///< DHCP object, set when read
+  std::string dhcp_dns1;                     ///< DHCP object, set when read
+  std::string dhcp_dns2;                     ///< DHCP object, set when read
+  int static_dns_enable = 0;                 ///< static object, set when read
+  std::string static_dns1;                   ///< static object, set when read
+  std::string static_dns2;                   ///< static object, set when read
+  std::string ip_dns1;                       ///< first DNS server of the active object
+  std::string ip_dns2;                       ///< second DNS server of the active object
+  std::string dhcp_option60;                 ///< DHCP vendor class identifier
   std::string wan_enable;                    ///< "true" or "false"
   std::string wan_remote_management_enable;  ///< "true" or "false"
   std::string stp_enable;                    ///< "true" or "false"
@@ -111,7 +111,7 @@ struct wan_mib_info {
   std::string wan_bridge_path;  ///< the connection's own bridge
   std::string lan_bridge_path;  ///< the LAN bridge
   std::string lan_bridge_name;  ///< name of the LAN bridge
-  int connect_class = 0;        ///< IgdConnectionClass, as last found by a write
+  int connect_class = 0;        ///< IgdConnectionClass found by the last write, else 0
 };
 
 /// Run-time state of a WAN connection. Counters, uptime and addresses are the tree's own text.

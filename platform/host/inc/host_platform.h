@@ -17,6 +17,9 @@
 
 #include "common_util.h"
 
+/// Marks what libcommon_util.so exports.
+#define HOST_EXPORT __attribute__((visibility("default")))
+
 namespace host {
 
 /// A call that the tree refused, and so changed nothing. libigd looks at no result; this list is
@@ -33,8 +36,17 @@ struct Parameter {
   std::string value;  ///< its text; derived counts are computed
 };
 
+/// What is known about a parameter beside its value.
+struct ParameterInfo {
+  std::string type;     ///< TR-098's name of its type: "boolean", "unsignedInt", "IPAddress", ...
+  bool writable;        ///< whether a management server may set it; the tree does not enforce it
+  std::string initial;  ///< its default; "" for an extension
+  bool derived;         ///< a count of instances, computed, never stored
+  bool extension;       ///< not in the data model: kept as an import brought it
+};
+
 /// A configuration tree in memory, held to the schema of the data model. Copies are independent.
-class Tree {
+class HOST_EXPORT Tree {
  public:
   Tree();  ///< the single objects of the data model with their defaults, every table empty
   static Tree factory();  ///< as a gateway leaves the factory
@@ -51,10 +63,16 @@ class Tree {
   std::string value(const std::string& name) const;  ///< "" for an unknown name
   std::vector<std::string> instances(int object_type) const;
 
-  bool has_object(std::string_view object_path) const;   ///< root, single object, table or instance
+  bool has_object(std::string_view object_path) const;  ///< root, single object, table or instance
   bool has_parameter(std::string_view name) const;
-  std::vector<Parameter> parameters(std::string_view prefix = {}) const;  ///< in numeric order
+  std::optional<ParameterInfo> describe(std::string_view name) const;  ///< none for an unknown name
 
+  /// Every parameter whose full name begins with `prefix`: an object's own in byte order of their
+  /// names, then those of the objects below it, instances in numeric order.
+  std::vector<Parameter> parameters(std::string_view prefix = {}) const;
+
+  /// The refused calls, oldest first. The newest 10,000 are always kept; older ones go when the
+  /// list has grown to 20,000, so that a process that runs for long does not grow with it.
   const std::vector<Refusal>& refusals() const;
   void clear_refusals();
 
@@ -65,29 +83,36 @@ class Tree {
 };
 
 /// The tree behind getContext(): factory state at first use. It can be assigned to.
-Tree& active_tree();
+HOST_EXPORT Tree& active_tree();
 
 /// Puts another tree behind getContext() and returns the one that was there. The MibAccess stays
 /// the same object. The caller keeps `tree` alive while it is active; null brings back the
 /// process's own tree.
-Tree* exchange_active_tree(Tree* tree);
+HOST_EXPORT Tree* exchange_active_tree(Tree* tree);
+
+/// What the context of getContext() hands out, for programs that supply a context of their own.
+HOST_EXPORT MibAccess& mib_access();
 
 /// Where c_debug_out goes; off at start. The text has no line end.
 using DebugSink = std::function<void(const char* file, int line, const std::string& text)>;
-void set_debug_sink(DebugSink sink);           ///< an empty function turns it off
-void set_debug_sink_to_stderr();               ///< "file:line: text"
-bool set_debug_sink_to_file(const std::string& path);  ///< appends, mode 0600; false: cannot open
+HOST_EXPORT void set_debug_sink(DebugSink sink);  ///< an empty function turns it off
+HOST_EXPORT void set_debug_sink_to_stderr();      ///< "file:line: text"
+
+/// Appends "file:line: text" to a file, which is made with mode 0600 when it is not there.
+/// Returns false when it cannot be opened; the log then goes on where it went.
+HOST_EXPORT bool set_debug_sink_to_file(const std::string& path);
 
 /// What an import did, or why it did nothing.
 struct ImportResult {
   bool ok = false;
-  std::string error;             ///< "file:line: reason" when not ok
-  std::size_t objects = 0;       ///< instances made
-  std::size_t parameters = 0;    ///< values taken into the data model
-  std::size_t extensions = 0;    ///< values kept though the data model does not know them
-  std::size_t foreign = 0;       ///< rows skipped: not below InternetGatewayDevice
-  std::size_t booleans = 0;      ///< values normalised to true or false
-  std::size_t counts = 0;        ///< counts recomputed instead of taken
+  std::string error;           ///< "file:line: reason" when not ok; the line where the record
+                               ///< starts, and none when the file cannot be opened
+  std::size_t objects = 0;     ///< instances made
+  std::size_t parameters = 0;  ///< values taken into the data model
+  std::size_t extensions = 0;  ///< values kept though the data model does not know them
+  std::size_t foreign = 0;     ///< rows skipped: not below InternetGatewayDevice
+  std::size_t booleans = 0;    ///< values normalised to true or false
+  std::size_t counts = 0;      ///< counts recomputed instead of taken
 };
 
 /// Replaces a tree by a parameter dump: RFC 4180 CSV with a header line that names at least
@@ -95,8 +120,8 @@ struct ImportResult {
 /// whole and the tree stays as it was.
 ///
 /// @param source  the name that errors give the input
-ImportResult import_csv(Tree& tree, std::istream& input, const std::string& source);
-ImportResult import_csv_file(Tree& tree, const std::string& path);
+HOST_EXPORT ImportResult import_csv(Tree& tree, std::istream& input, const std::string& source);
+HOST_EXPORT ImportResult import_csv_file(Tree& tree, const std::string& path);
 
 }  // namespace host
 

@@ -1,0 +1,92 @@
+#include <cstdio>
+
+#include "bridges.h"
+#include "data_model.h"
+#include "igd_c_api.h"
+#include "path_tools.h"
+
+namespace {
+
+constexpr unsigned int kMarkFactor = 30;
+constexpr int kMarkModulus = 30;
+
+struct TwoNumbers {
+  int first = 0;
+  int second = 0;
+};
+
+// The first two numbers between separators. Zeros are skipped exactly like words.
+TwoNumbers numbers_between(const std::string& text, const char* separator) {
+  TwoNumbers numbers;
+  for (const std::string& piece : igd::split(text, separator)) {
+    const int number = igd::lenient_number(piece);
+    if (number == 0) continue;
+    if (numbers.first != 0) {
+      numbers.second = number;
+      break;
+    }
+    numbers.first = number;
+  }
+  return numbers;
+}
+
+// Kept: the owner's path is only a prefix, so an empty one matches every connection.
+std::string bridge_serving(const std::string& wan_path) {
+  for (const std::string& owner : igd::instances_below(igd::kEverywhere, kBridgeWanName)) {
+    if (igd::starts_with(wan_path, igd::value_of(owner))) return objectPathOf(owner);
+  }
+  return {};
+}
+
+void read_bridge_parameter(const char* wan_path, const char* name, char* buf, size_t size) {
+  ensureContext();
+  if (wan_path == nullptr || buf == nullptr || size == 0) return;
+  const std::string bridge_path = bridge_serving(wan_path);
+  const std::string value = bridge_path.empty() ? std::string() : _get_value(bridge_path, name);
+  (void)std::snprintf(buf, size, "%s", value.c_str());
+}
+
+}  // namespace
+
+unsigned int igd_c_get_mask(const char* name) {
+  if (name == nullptr) return 0;
+  const TwoNumbers numbers = numbers_between(name, "_");
+  return static_cast<unsigned int>(numbers.first) * kMarkFactor +
+         static_cast<unsigned int>(numbers.second % kMarkModulus);
+}
+
+void igd_c_get_wan_bridge_name(const char* wan_path, char* buf, size_t size) {
+  if (wan_path == nullptr || buf == nullptr || size == 0) return;
+  const TwoNumbers numbers = numbers_between(wan_path, ".");
+  (void)std::snprintf(buf, size, "br_%d_%d", numbers.first, numbers.second);
+}
+
+void igd_c_get_wan_bridge_intf_name(const char* wan_path, char* buf, size_t size) {
+  igd_c_get_wan_bridge_name(wan_path, buf, size);
+}
+
+void igd_c_get_wan_bridge_pvid_name(const char* wan_path, char* buf, size_t size) {
+  read_bridge_parameter(wan_path, "PVID", buf, size);
+}
+
+void igd_c_get_wan_bridge_vlanid_name(const char* wan_path, char* buf, size_t size) {
+  read_bridge_parameter(wan_path, "VLANID", buf, size);
+}
+
+void igd_c_get_wan_bridge_vlanpriority_name(const char* wan_path, char* buf, size_t size) {
+  read_bridge_parameter(wan_path, "X_ZYN_VLANPriority", buf, size);
+}
+
+int igd_c_set_bridge_pvid(const char* bridge_name, api_wan_info* info) {
+  ensureContext();
+  std::printf("vornik set %s pvid = %d\n", bridge_name, info->vlan_id);
+  const std::string bridge_path = igd::bridge_named(bridge_name);
+  if (bridge_path.empty()) return 0;
+  (void)igd::is_vlan_bridge(bridge_path);  // Kept: asked, but untagged bridges are written too.
+  const std::string pvid = std::to_string(info->vlan_id);
+  for (const std::string& port : igd::instances_below(bridge_path, kPortPvid)) {
+    igd::store(port, pvid);
+    std::printf("vornik set %s pvid = %s\n", port.c_str(), pvid.c_str());
+  }
+  return 0;
+}

@@ -1,0 +1,54 @@
+// Access to the platform's configuration tree: obtained once, used by every operation.
+#ifndef IGD_DATA_MODEL_H
+#define IGD_DATA_MODEL_H
+
+#include <string>
+
+#include "common_util.h"
+
+/// Makes sure that context, tree and second service are obtained; asks again while there is no
+/// context, never again once there is one.
+void ensureContext();
+
+/// Reads path + name; "" without a tree. The path must end in a dot.
+std::string _get_value(const std::string& path, const std::string& name);
+
+/// Writes path + name; nothing without a tree.
+void _set_value(const std::string& path, const std::string& name, const std::string& value);
+
+/// Switches a bridge port off, then deletes it: the platform must see it off before it goes.
+void _delete_port(const std::string& path);
+
+namespace igd {
+
+inline constexpr int kInternalAccess = 255;
+inline constexpr int kSetFlags = 0;
+inline constexpr int kCommitMode = 1;
+
+inline constexpr char kTrue[] = "true";
+inline constexpr char kFalse[] = "false";
+inline const char* bool_text(bool value) { return value ? kTrue : kFalse; }
+
+/// The tree, after ensureContext; null when there is none.
+MibAccess* tree();
+
+/// Reads and writes by full parameter name, as an enumeration yields it.
+std::string value_of(const std::string& parameter);
+void store(const std::string& parameter, const std::string& value);
+
+/// Deletes an object; the result is ignored, as everywhere but in clearing all routes.
+void delete_object(const std::string& object_path);
+
+/// Adds an instance to a table.
+/// @param instance  set to 0 first, then to the new number by the platform
+/// @return whether it was added
+bool add_instance(const std::string& table_path, int& instance);
+
+void commit();
+
+/// Makes routes take effect: commit, then tell the services.
+void commit_and_apply();
+
+}  // namespace igd
+
+#endif  // IGD_DATA_MODEL_H

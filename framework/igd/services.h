@@ -1,0 +1,25 @@
+// Service lists: what a connection carries, recognised by parts of the text.
+#ifndef IGD_SERVICES_H
+#define IGD_SERVICES_H
+
+#include <string>
+#include <vector>
+
+#include "data_model.h"
+#include "path_tools.h"
+
+namespace igd {
+
+inline constexpr char kManagementService[] = "TR069";
+inline constexpr char kInternetService[] = "INTERNET";
+inline constexpr char kMmeService[] = "MME";
+
+/// Text of the first service list below a path; "" when there is none.
+inline std::string first_service_list(const std::string& wan_path) {
+  const std::vector<std::string> lists = instances_below(wan_path, kServiceList);
+  return lists.empty() ? std::string() : value_of(lists.front());
+}
+
+}  // namespace igd
+
+#endif  // IGD_SERVICES_H

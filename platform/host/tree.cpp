@@ -1,0 +1,144 @@
+#include <climits>
+#include <utility>
+
+#include "host_platform.h"
+#include "tree_access.h"
+
+namespace host {
+namespace {
+
+constexpr int kDone = 0;
+constexpr int kRefused = -1;
+constexpr std::size_t kRefusalsKept = 10000;
+
+/// Why a text that should be the path of an object is none.
+std::string why_no_object(const TreeStore& store, const std::string& path) {
+  if (path.empty()) return "the path is empty";
+  if (store.cell(path) != nullptr) return "this is a parameter, not an object";
+  if (path.back() != '.') return "the path of an object ends in a dot";
+  return "no such object";
+}
+
+std::string why_no_instance(const TreeStore& store, const std::string& path, const Node* table,
+                            const int* instance) {
+  if (table == nullptr) return why_no_object(store, path);
+  if (table->kind != Node::Kind::kTable) return "this object is not a table";
+  if (table->schema == nullptr) return "the table is not in the data model";
+  if (table->last_number == INT_MAX) return "the table has no instance number left";
+  if (instance == nullptr) return "there is no place for the instance number";
+  return {};
+}
+
+std::string why_not_deleted(const TreeStore& store, const std::string& path, const Node* node) {
+  if (node == nullptr) return why_no_object(store, path);
+  if (node->parent == nullptr) return "the root stays";
+  if (node->kind == Node::Kind::kTable) return "a table stays; its instances can be deleted";
+  return {};
+}
+
+std::string why_not_set(const TreeStore& store, const std::string& name, const Cell* cell) {
+  if (cell == nullptr && store.node(name) != nullptr) return "this is an object, not a parameter";
+  if (cell == nullptr) return "no such parameter";
+  if (cell->is_count()) return "the number of instances is computed";
+  return {};
+}
+
+/// Notes a refused call, when there is a reason for one. Returns whether there was.
+bool refuse(std::vector<Refusal>& refusals, const char* call, const std::string& name,
+            const std::string& reason) {
+  if (reason.empty()) return false;
+  if (refusals.size() >= 2 * kRefusalsKept) {
+    refusals.erase(refusals.begin(), refusals.end() - kRefusalsKept);
+  }
+  refusals.push_back({call, name, reason});
+  return true;
+}
+
+}  // namespace
+
+Tree::Tree() : impl_(std::make_unique<Impl>()) {}
+Tree::Tree(const Tree& other) : impl_(std::make_unique<Impl>(*other.impl_)) {}
+Tree::Tree(Tree&& other) noexcept = default;
+Tree& Tree::operator=(Tree&& other) noexcept = default;
+Tree::~Tree() = default;
+
+Tree& Tree::operator=(const Tree& other) {
+  if (this != &other) impl_ = std::make_unique<Impl>(*other.impl_);
+  return *this;
+}
+
+int Tree::add_object(const std::string& table_path, int* instance) {
+  TreeStore& store = impl_->store;
+  Node* table = store.node(table_path);
+  const std::string reason = why_no_instance(store, table_path, table, instance);
+  if (refuse(impl_->refusals, "addObject", table_path, reason)) return kRefused;
+  *instance = store.add_instance(*table, table->last_number + 1).number;
+  return kDone;
+}
+
+int Tree::delete_object(const std::string& object_path) {
+  TreeStore& store = impl_->store;
+  Node* node = store.node(object_path);
+  const std::string reason = why_not_deleted(store, object_path, node);
+  if (refuse(impl_->refusals, "deleteObject", object_path, reason)) return kRefused;
+  const bool always_there = node->kind == Node::Kind::kObject && node->schema != nullptr;
+  if (always_there) {
+    store.reset(*node);
+  } else {
+    store.remove(*node);
+  }
+  return kDone;
+}
+
+int Tree::set_value(const std::string& name, const std::string& value) {
+  TreeStore& store = impl_->store;
+  Cell* cell = store.cell(name);
+  if (refuse(impl_->refusals, "setValue", name, why_not_set(store, name, cell))) return kRefused;
+  TreeStore::set(*cell, value);
+  return kDone;
+}
+
+std::string Tree::value(const std::string& name) const {
+  const Cell* cell = impl_->store.cell(name);
+  return cell != nullptr ? value_of(*cell) : std::string();
+}
+
+std::vector<std::string> Tree::instances(int object_type) const {
+  return impl_->store.names(object_type);
+}
+
+bool Tree::has_object(std::string_view object_path) const {
+  return impl_->store.node(object_path) != nullptr;
+}
+
+bool Tree::has_parameter(std::string_view name) const { return impl_->store.cell(name) != nullptr; }
+
+std::optional<ParameterInfo> Tree::describe(std::string_view name) const {
+  const Cell* cell = impl_->store.cell(name);
+  if (cell == nullptr) return std::nullopt;
+  const bool extension = cell->row == nullptr;
+  return ParameterInfo{std::string(type_name(cell->type)), cell->access == kReadWrite,
+                       extension ? std::string() : std::string(cell->row->initial),
+                       cell->is_count(), extension};
+}
+
+std::vector<Parameter> Tree::parameters(std::string_view prefix) const {
+  std::vector<Parameter> listed;
+  const bool whole = kRootPath.substr(0, prefix.size()) == prefix;
+  const std::string_view above = prefix.substr(0, prefix.rfind('.') + 1);
+  const Node* top = whole ? &impl_->store.root() : impl_->store.node(above);
+  if (top == nullptr) return listed;
+  for_each_node(*top, [&listed, prefix](const Node& node) {
+    for (const auto& [name, cell] : node.parameters) {
+      if (cell.full_name.compare(0, prefix.size(), prefix) != 0) continue;
+      listed.push_back({cell.full_name, value_of(cell)});
+    }
+  });
+  return listed;
+}
+
+const std::vector<Refusal>& Tree::refusals() const { return impl_->refusals; }
+
+void Tree::clear_refusals() { impl_->refusals.clear(); }
+
+}  // namespace host
