@@ -1,0 +1,65 @@
+#include "scenario.h"
+
+#include <iterator>
+#include <memory>
+
+namespace transcripts {
+namespace {
+
+Scenarios collect() {
+  Scenarios all;
+  for (const auto& part : {create_scenarios, failing_add_scenarios, write_scenarios,
+                           write_port_scenarios, read_scenarios, remove_scenarios, lookup_scenarios,
+                           validate_scenarios, bridge_scenarios, cache_scenarios, route_scenarios,
+                           settings_scenarios}) {
+    Scenarios scenarios = part();
+    all.insert(all.end(), std::make_move_iterator(scenarios.begin()),
+               std::make_move_iterator(scenarios.end()));
+  }
+  return all;
+}
+
+}  // namespace
+
+Gateway::MibStack::MibStack(int failing_add)
+    : failing(std::make_unique<support::FailingAdds>(host::mib_access(), failing_add)),
+      check(std::make_unique<CallCheck>(*failing)),
+      transcript(std::make_unique<support::Transcript>(*check)) {}
+
+void Gateway::remove(const std::string& object_path) {
+  ASSERT_EQ(tree_.delete_object(object_path), 0) << object_path;
+}
+
+void Gateway::forget_cache() {
+  std::vector<std::string> none;
+  _rebuid_cache(none);
+}
+
+void Gateway::begin() {
+  for (const std::string& refusal : take_refusals()) {
+    recording_.faults.push_back("refused before the call: " + refusal);
+  }
+}
+
+void Gateway::end(support::Transcript& transcript, CallCheck& check) {
+  recording_.text = writes_only_ ? transcript.writes() : transcript.text();
+  if (!returned_.empty()) recording_.text += "returns " + returned_ + '\n';
+  for (const std::string& fault : check.faults()) recording_.faults.push_back(fault);
+  recording_.refusals = take_refusals();
+  for (const std::string& refusal : recording_.refusals) {
+    recording_.text += "refused " + refusal + '\n';
+  }
+}
+
+const Scenarios& all_scenarios() {
+  static const Scenarios all = collect();
+  return all;
+}
+
+Recording play(const Scenario& scenario) {
+  Gateway gateway;
+  scenario.play(gateway);
+  return gateway.recording();
+}
+
+}  // namespace transcripts

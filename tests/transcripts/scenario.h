@@ -1,0 +1,117 @@
+// A scenario: a gateway brought into some state, and one call that is written down.
+#ifndef IGD_TESTS_SCENARIO_H
+#define IGD_TESTS_SCENARIO_H
+
+#include <functional>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "call_check.h"
+#include "gateway_test.h"
+
+namespace transcripts {
+
+/// What came of the call: its transcript, "returns VALUE" at the end, then "refused CALL NAME" for
+/// each call that the tree refused.
+struct Recording {
+  std::string text;
+  std::vector<std::string> faults;    ///< calls the platform has no use for; see CallCheck
+  std::vector<std::string> refusals;  ///< "CALL NAME"
+};
+
+/// A gateway in factory state that a scenario works on.
+class Gateway final : public support::GatewayTest {
+ public:
+  using GatewayTest::add;
+  using GatewayTest::add_bridge;
+  using GatewayTest::add_connection_device;
+  using GatewayTest::add_port;
+  using GatewayTest::bridge_named;
+  using GatewayTest::create;
+  using GatewayTest::get;
+  using GatewayTest::set;
+
+  /// Makes the tree lose an object.
+  void remove(const std::string& object_path);
+
+  /// Makes the library look everything up anew.
+  static void forget_cache();
+
+  /// The nth addObject of the call will fail, counted from 1.
+  void fail_add(int nth) { failing_add_ = nth; }
+
+  /// Of the call only what writes is written down.
+  void note_writes_only() { writes_only_ = true; }
+
+  /// Makes the call and writes it down. Once in a scenario, and last.
+  template <typename Call>
+  void record(const Call& call) {
+    begin();
+    const MibStack stack(failing_add_);
+    if constexpr (std::is_void_v<std::invoke_result_t<Call>>) {
+      call();
+    } else {
+      returned_ = shown(call());
+    }
+    end(*stack.transcript, *stack.check);
+  }
+
+  const Recording& recording() const { return recording_; }
+
+ private:
+  // Library, transcript, check, perhaps a failing add, tree.
+  struct MibStack {
+    explicit MibStack(int failing_add);
+    std::unique_ptr<support::FailingAdds> failing;
+    std::unique_ptr<CallCheck> check;
+    std::unique_ptr<support::Transcript> transcript;
+  };
+
+  void TestBody() override {}
+  void begin();
+  void end(support::Transcript& transcript, CallCheck& check);
+  static std::string shown(const std::string& text) { return '"' + text + '"'; }
+  static std::string shown(long long number) { return std::to_string(number); }
+
+  int failing_add_ = 0;
+  bool writes_only_ = false;
+  std::string returned_;
+  Recording recording_;
+};
+
+enum class Refusals { kNone, kExpected };
+
+struct Scenario {
+  std::string name;
+  std::function<void(Gateway&)> play;
+  Refusals refusals = Refusals::kNone;
+};
+
+using Scenarios = std::vector<Scenario>;
+
+Scenarios bridge_scenarios();
+Scenarios cache_scenarios();
+Scenarios create_scenarios();
+Scenarios failing_add_scenarios();
+Scenarios lookup_scenarios();
+Scenarios read_scenarios();
+Scenarios remove_scenarios();
+Scenarios route_scenarios();
+Scenarios settings_scenarios();
+Scenarios validate_scenarios();
+Scenarios write_port_scenarios();
+Scenarios write_scenarios();
+
+/// All of the above.
+const Scenarios& all_scenarios();
+
+/// Plays a scenario on a gateway of its own.
+Recording play(const Scenario& scenario);
+
+/// Shows a scenario as its name where a test prints it.
+inline void PrintTo(const Scenario& scenario, std::ostream* out) { *out << scenario.name; }
+
+}  // namespace transcripts
+
+#endif  // IGD_TESTS_SCENARIO_H

@@ -1,0 +1,69 @@
+// The table of scenarios itself: nothing is missing, nothing is left over.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <set>
+#include <tuple>
+
+#include "create_rows.h"
+#include "expected_text.h"
+#include "scenario.h"
+
+namespace transcripts {
+namespace {
+
+std::set<std::string> scenario_names() {
+  std::set<std::string> names;
+  for (const Scenario& scenario : all_scenarios()) names.insert(scenario.name);
+  return names;
+}
+
+template <typename Predicate>
+bool some_row(Predicate predicate) {
+  return std::any_of(std::begin(kCreateRows), std::end(kCreateRows), predicate);
+}
+
+TEST(ScenarioTable, GivesEachNameOnce) {
+  EXPECT_EQ(scenario_names().size(), all_scenarios().size());
+}
+
+TEST(ScenarioTable, HasOneFileForEachScenario) {
+  std::set<std::string> files;
+  for (const auto& file : std::filesystem::directory_iterator(TRANSCRIPT_DIR)) {
+    files.insert(file.path().stem().string());
+  }
+  EXPECT_EQ(files, scenario_names());
+}
+
+TEST(ScenarioTable, CreatesEveryClassInEveryModeOnEveryUplink) {
+  for (const std::string type : kAccessTypes) {
+    for (const IgdConnectionClass kind : kClasses) {
+      for (const IgdConnectMode mode : kModes) {
+        const auto text = type + " class " + std::to_string(kind) + " mode " + std::to_string(mode);
+        EXPECT_TRUE(some_row([&](const CreateRow& row) {
+          return row.access_type == type && row.connection_class == kind;
+        })) << text;
+        EXPECT_TRUE(some_row([&](const CreateRow& row) {
+          return row.access_type == type && row.connect_mode == mode;
+        })) << text;
+        EXPECT_TRUE(some_row([&](const CreateRow& row) {
+          return row.connection_class == kind && row.connect_mode == mode;
+        })) << text;
+      }
+    }
+  }
+}
+
+TEST(ScenarioTable, CreatesEachOfThemTaggedAndUntagged) {
+  std::set<std::tuple<std::string, bool>> pairs;
+  for (const CreateRow& row : kCreateRows) {
+    pairs.insert({row.access_type, row.tagged});
+    pairs.insert({"class " + std::to_string(row.connection_class), row.tagged});
+    pairs.insert({"mode " + std::to_string(row.connect_mode), row.tagged});
+  }
+  EXPECT_EQ(pairs.size(), 2 * (std::size(kAccessTypes) + std::size(kClasses) + std::size(kModes)));
+}
+
+}  // namespace
+}  // namespace transcripts

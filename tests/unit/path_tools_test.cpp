@@ -1,0 +1,234 @@
+#include "path_tools.h"
+
+#include <climits>
+#include <string>
+#include <vector>
+
+#include "gateway_test.h"
+
+namespace {
+
+using support::kBridges;
+using support::kRoutes;
+using support::kWanDevices;
+using support::wan_path;
+using Names = std::vector<std::string>;
+
+class PathTools : public support::GatewayTest {
+ protected:
+  Names instances(const std::string& path, int type) {
+    Names names = {"left over"};
+    const int count = igd_tool_loop_instance(path, type, names);
+    EXPECT_EQ(count, static_cast<int>(names.size()));
+    return names;
+  }
+};
+
+Names split(const std::string& text, const std::string& delimiters) {
+  Names tokens = {"left over"};
+  const int count = igd_tool_split_str(text, delimiters, tokens);
+  EXPECT_EQ(count, static_cast<int>(tokens.size())) << text;
+  return tokens;
+}
+
+TEST(ObjectPathOf, CutsBehindTheLastDotThatIsNotTheEnd) {
+  const struct {
+    const char* name;
+    const char* object_path;
+  } kCases[] = {
+      {"A.B.3.Enable", "A.B.3."},
+      {"A.B.Enable", "A.B."},
+      {"A.B.3.", "A.B."},
+      {"A.B.3", "A.B."},
+      {"A.", ""},
+      {"Enable", ""},
+      {".", ""},
+      {"", ""},
+      {".Enable", "."},
+      {"A..", "A."},
+      {"A.B.3. \t\r\n", "A.B."},
+      {"A.B.Enable \n", "A.B."},
+      {" \n\t\r", ""},
+      {" A.B", " A."},
+      {"A.B .", "A."},
+      {"A.B\v", "A."},
+  };
+  for (const auto& c : kCases) EXPECT_EQ(objectPathOf(c.name), c.object_path) << c.name;
+}
+
+TEST(SplitStr, CutsAtEveryDelimiterAndDropsOnlyAnEmptyEnd) {
+  const struct {
+    const char* text;
+    const char* delimiters;
+    Names tokens;
+  } kCases[] = {
+      {"1.1.1.1,2.2.2.2", ",", {"1.1.1.1", "2.2.2.2"}},
+      {"1.1.1.1,", ",", {"1.1.1.1"}},
+      {"1.1.1.1", ",", {"1.1.1.1"}},
+      {"a,,b", ",", {"a", "", "b"}},
+      {",a", ",", {"", "a"}},
+      {",", ",", {""}},
+      {",,", ",", {"", ""}},
+      {"", ",", {}},
+      {"br_1_2.x", "_.", {"br", "1", "2", "x"}},
+      {"a,;b", ",;", {"a", "", "b"}},
+      {"a, b", ",", {"a", " b"}},
+      {"a,b", "", {"a,b"}},
+  };
+  for (const auto& c : kCases) EXPECT_EQ(split(c.text, c.delimiters), c.tokens) << c.text;
+}
+
+TEST(DeleteNode, RemovesTheFirstEqualElementOnly) {
+  Names names = {"LAN1", "LAN2", "LAN1"};
+  _delete_node(names, "LAN1");
+  EXPECT_EQ(names, (Names{"LAN2", "LAN1"}));
+}
+
+TEST(DeleteNode, LeavesAListWithoutTheNameAlone) {
+  Names names = {"LAN1", "LAN11"};
+  for (const char* absent : {"lan1", "LAN", "LAN1 ", ""}) _delete_node(names, absent);
+  EXPECT_EQ(names, (Names{"LAN1", "LAN11"}));
+  Names empty;
+  _delete_node(empty, "LAN1");
+  EXPECT_EQ(empty, Names());
+}
+
+TEST(LenientNumber, IsTheLeadingNumberWithinTheGatewaysInt) {
+  const struct {
+    const char* text;
+    int number;
+  } kCases[] = {
+      {"100", 100},
+      {"0", 0},
+      {"", 0},
+      {"abc", 0},
+      {"12abc", 12},
+      {" 7", 7},
+      {"-5", -5},
+      {"+5", 5},
+      {"0100", 100},
+      {"0x10", 0},
+      {"1.9", 1},
+      {"- 5", 0},
+      {"4 4", 4},
+      {"2147483647", INT_MAX},
+      {"2147483648", INT_MAX},
+      {"-2147483649", INT_MIN},
+      {"99999999999999999999", INT_MAX},
+      {"-99999999999999999999", INT_MIN},
+  };
+  for (const auto& c : kCases) EXPECT_EQ(igd::lenient_number(c.text), c.number) << c.text;
+}
+
+TEST(Cut, Keeps255CharactersUpToAZero) {
+  EXPECT_EQ(igd::cut(std::string(255, 'x')), std::string(255, 'x'));
+  EXPECT_EQ(igd::cut(std::string(256, 'x')), std::string(255, 'x'));
+  EXPECT_EQ(igd::cut(std::string("ab\0cd", 5)), "ab");
+  EXPECT_EQ(igd::cut(""), "");
+}
+
+TEST(NumberedPath, HoldsTableAndNumberAndIsCutLikeAnyPath) {
+  EXPECT_EQ(igd::numbered("A.Port.", 12), "A.Port.12.");
+  const std::string parent(250, 'p');
+  EXPECT_EQ(igd::numbered(parent, 12345678), parent + "12345");
+}
+
+TEST(Trimmed, DropsWhiteSpaceAtBothEndsOnly) {
+  EXPECT_EQ(igd::trimmed(" \t LAN 1\r\n"), "LAN 1");
+  EXPECT_EQ(igd::trimmed("LAN1"), "LAN1");
+  EXPECT_EQ(igd::trimmed(" \n\t\r"), "");
+  EXPECT_EQ(igd::trimmed(""), "");
+}
+
+TEST(TextTests, ComparePrefixAndPart) {
+  EXPECT_TRUE(igd::starts_with("A.B.", "A."));
+  EXPECT_TRUE(igd::starts_with("A.B.", ""));
+  EXPECT_FALSE(igd::starts_with("A.", "A.B."));
+  EXPECT_FALSE(igd::starts_with("A.B.", "B."));
+  EXPECT_TRUE(igd::contains("A.B.", "B."));
+  EXPECT_FALSE(igd::contains("A.B.", "b"));
+}
+
+TEST_F(PathTools, ListsEveryInstanceForAnEmptyPath) {
+  (void)add_connection_device(1, {});
+  (void)add_connection_device(1, {});
+  (void)add_connection_device(2, {});
+  EXPECT_EQ(instances("", kWanConnectionDevice),
+            (Names{wan_path(1, 1), wan_path(1, 2), wan_path(2, 1)}));
+}
+
+TEST_F(PathTools, ListsOnlyNamesThatBeginWithThePath) {
+  (void)add_connection_device(1, {});
+  (void)add_connection_device(10, {});
+  EXPECT_EQ(instances(kWanDevices + "1.", kWanConnectionDevice), Names{wan_path(1, 1)});
+  EXPECT_EQ(instances("WANDevice.1.", kWanConnectionDevice), Names());
+}
+
+TEST_F(PathTools, MatchesLongerNumbersWhenThePathLacksItsDot) {
+  (void)add_connection_device(1, {});
+  (void)add_connection_device(2, {});
+  (void)add_connection_device(10, {});
+  EXPECT_EQ(instances(kWanDevices + "1", kWanConnectionDevice),
+            (Names{wan_path(1, 1), wan_path(10, 1)}));
+}
+
+TEST_F(PathTools, EmptiesTheListWhenThereIsNothingOfTheType) {
+  EXPECT_EQ(instances("", kWanConnectionDevice), Names());
+  EXPECT_EQ(instances("", 4711), Names());
+}
+
+TEST_F(PathTools, ClosesTheWalkItOpened) {
+  const auto list = [this] { (void)instances("", kBridgeName); };
+  EXPECT_EQ(support::transcript_of(list), "open 196\nclose\n");
+}
+
+TEST_F(PathTools, ClosesNoWalkWhereNoneWasOpened) {
+  const auto list = [this] { (void)instances("", kWanConnectionDevice); };
+  EXPECT_EQ(support::transcript_of(list), "open 1273\n");
+}
+
+TEST_F(PathTools, FindsTheFirstParameterWithTheValueAndReadsNoFurther) {
+  for (const char* vlan : {"8", "9", "8"}) (void)add_bridge("br", "", vlan);
+  std::string found;
+  const auto search = [&] { found = igd_tool_loop_fullname(kBridges, kBridgeVlanId, "8"); };
+  EXPECT_EQ(support::transcript_of(search), "open 199\nclose\nget " + kBridges +
+                                                "1.VLANID -> \"0\"\nget " + kBridges +
+                                                "2.VLANID -> \"8\"\n");
+  EXPECT_EQ(found, kBridges + "2.VLANID");
+}
+
+TEST_F(PathTools, FindsAValueOnlyBelowThePath) {
+  (void)add_bridge("br_1_1", "", "8");
+  const std::string second = add_bridge("br_1_2", "", "8");
+  EXPECT_EQ(igd_tool_loop_fullname(second, kBridgeVlanId, "8"), second + "VLANID");
+  EXPECT_EQ(igd_tool_loop_fullname(kRoutes, kBridgeVlanId, "8"), "");
+}
+
+TEST_F(PathTools, ComparesValuesExactly) {
+  (void)add_bridge("br_1_1", wan_path(1, 1));
+  for (const char* other : {"BR_1_1", "br_1_1 ", " br_1_1", "br_1_", "br_1_11"}) {
+    EXPECT_EQ(igd_tool_loop_fullname("", kBridgeName, other), "") << other;
+  }
+}
+
+TEST_F(PathTools, FindsAnEmptyValueToo) {
+  EXPECT_EQ(igd_tool_loop_fullname("", kBridgeWanName, ""), kBridges + "1.X_ZYN_WANName");
+}
+
+TEST_F(PathTools, FindsTheObjectsOfOneConnectionOnly) {
+  (void)add_connection_device(1, {"Static", "DHCP", "PPP"});
+  const std::string path = add_connection_device(1, {"DHCP", "PPP", "Static"});
+  const igd::ConnectionPaths paths = igd::connection_paths_of(path);
+  EXPECT_EQ(paths.dhcp_path, path + "WANIPConnection.1.");
+  EXPECT_EQ(paths.static_path, path + "WANIPConnection.2.");
+  EXPECT_EQ(paths.ppp_path, path + "WANPPPConnection.1.");
+}
+
+TEST_F(PathTools, GivesEmptyPathsForMissingObjects) {
+  const std::string path = add_connection_device(1, {"Other"});
+  EXPECT_EQ(igd::static_path_of(path), "");
+  EXPECT_EQ(igd::dhcp_path_of(path), "");
+  EXPECT_EQ(igd::ppp_path_of(path), "");
+}
+
+}  // namespace

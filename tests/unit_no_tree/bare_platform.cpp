@@ -1,0 +1,46 @@
+#include "bare_platform.h"
+
+#include <cstdarg>
+#include <cstdio>
+
+namespace bare {
+namespace {
+
+std::string log;
+
+}  // namespace
+
+PlatformContext* context = nullptr;
+int context_calls = 0;
+
+MibAccess* Context::mibAccess() {
+  asked.emplace_back("tree");
+  return mib;
+}
+
+void* Context::secondService() {
+  asked.emplace_back("second service");
+  return nullptr;
+}
+
+std::string take_log() {
+  std::string taken;
+  taken.swap(log);
+  return taken;
+}
+
+}  // namespace bare
+
+PlatformContext* getContext() {
+  ++bare::context_calls;
+  return bare::context;
+}
+
+extern "C" void c_debug_out(const char*, int, const char* format, ...) {
+  char text[512];
+  va_list arguments;
+  va_start(arguments, format);
+  (void)std::vsnprintf(text, sizeof text, format, arguments);
+  va_end(arguments);
+  bare::log += std::string(text) + '\n';
+}

@@ -1,0 +1,41 @@
+// Every operation of the library with what it answers, prints and logs where there is no tree.
+#ifndef IGD_TESTS_OPERATIONS_H
+#define IGD_TESTS_OPERATIONS_H
+
+#include <functional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace no_tree {
+
+struct Operation {
+  const char* name;
+  std::function<std::string()> call;  ///< answers with the result and the outputs
+  std::string answer;
+  std::string printed;
+  std::string logged;
+};
+
+inline void PrintTo(const Operation& operation, std::ostream* out) { *out << operation.name; }
+
+/// Operations that look for the tree.
+std::vector<Operation> asking_operations();
+
+/// The same for the internal ones.
+std::vector<Operation> asking_internal_operations();
+
+/// Operations whose work is done without a tree.
+std::vector<Operation> self_sufficient_operations();
+
+/// Makes an operation's call: its answer, what it printed and what it logged.
+struct Outcome {
+  std::string answer;
+  std::string printed;
+  std::string logged;
+};
+Outcome outcome_of(const Operation& operation);
+
+}  // namespace no_tree
+
+#endif  // IGD_TESTS_OPERATIONS_H
