@@ -39,7 +39,8 @@ void wan_bridge_of_two_that_name_the_connection(Gateway& gateway) {
 }
 
 void wan_bridge_missing(Gateway& gateway) {
-  gateway.record([] { return igd_wan_get_wan_bridge_info(support::wan_path(1, 2), nullptr, nullptr); });
+  gateway.record(
+      [] { return igd_wan_get_wan_bridge_info(support::wan_path(1, 2), nullptr, nullptr); });
 }
 
 void record_ports(Gateway& gateway, const std::string& path) {
@@ -69,9 +70,8 @@ void bridge_of_device(Gateway& gateway) {
   (void)connection_with_ports(gateway);
   std::string bridge_path;
   std::string bridge_name;
-  gateway.record([&] {
-    return igd_wan_get_bridge_info_from_phy("eth1.100", &bridge_path, &bridge_name);
-  });
+  gateway.record(
+      [&] { return igd_wan_get_bridge_info_from_phy("eth1.100", &bridge_path, &bridge_name); });
 }
 
 // The LAN bridge stands first and is owned by nobody, so it answers.
@@ -131,7 +131,8 @@ Scenarios bridge_scenarios() {
       {"bridge_no_member", no_member},
       {"bridge_of_device", bridge_of_device},
       {"bridge_read_pvid", [](Gateway& gw) { record_read(gw, igd_c_get_wan_bridge_pvid_name); }},
-      {"bridge_read_vlanid", [](Gateway& gw) { record_read(gw, igd_c_get_wan_bridge_vlanid_name); }},
+      {"bridge_read_vlanid",
+       [](Gateway& gw) { record_read(gw, igd_c_get_wan_bridge_vlanid_name); }},
       {"bridge_read_vlanpriority",
        [](Gateway& gw) { record_read(gw, igd_c_get_wan_bridge_vlanpriority_name); }},
       {"bridge_read_vlanid_without_lan_bridge", read_vlanid_without_lan_bridge},

@@ -23,9 +23,7 @@ TEST(TranscriptDifference, ShowsAtMostFiveLinesBefore) {
             "line 7:\n 2\n 3\n 4\n 5\n 6\n-(end)\n+7\n+(end)\n");
 }
 
-TEST(TranscriptDifference, NoticesAMissingLineEnd) {
-  EXPECT_NE(first_difference("a\n", "a"), "");
-}
+TEST(TranscriptDifference, NoticesAMissingLineEnd) { EXPECT_NE(first_difference("a\n", "a"), ""); }
 
 }  // namespace
 }  // namespace transcripts

@@ -54,9 +54,10 @@ Scenarios failing_add_scenarios() {
   Scenarios scenarios;
   for (int nth = 1; nth <= kAddsOfACreation + 1; ++nth) {
     const bool clean = nth > kAddsOfACreation;
-    scenarios.push_back({clean ? "create_no_add_fails" : "create_add_" + std::to_string(nth) + "_fails",
-                         [nth](Gateway& gateway) { create_with_failing_add(gateway, nth); },
-                         clean ? Refusals::kNone : refusals_of_creation(nth)});
+    scenarios.push_back(
+        {clean ? "create_no_add_fails" : "create_add_" + std::to_string(nth) + "_fails",
+         [nth](Gateway& gateway) { create_with_failing_add(gateway, nth); },
+         clean ? Refusals::kNone : refusals_of_creation(nth)});
   }
   for (int nth : {1, 2}) {
     scenarios.push_back({"write_add_" + std::to_string(nth) + "_fails",

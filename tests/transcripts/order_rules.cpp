@@ -1,15 +1,17 @@
 #include "order_rules.h"
 
 #include <algorithm>
-#include <regex>
 #include <sstream>
+#include <utility>
+
+#include "pattern.h"
 
 namespace transcripts {
 namespace {
 
 using Lines = std::vector<std::string>;
 
-const std::string kAnyBridge = R"(InternetGatewayDevice\.Layer2Bridging\.Bridge\.\d+\.)";
+const std::string kAnyBridge = R"(InternetGatewayDevice\.Layer2Bridging\.Bridge\.[0-9]+\.)";
 
 bool starts_with(const std::string& line, const std::string& start) {
   return line.rfind(start, 0) == 0;
@@ -21,10 +23,10 @@ bool is_change(const std::string& line) {
 
 // First group of a pattern in the first line that has it; "" when none has.
 std::string captured(const Lines& lines, const std::string& pattern) {
-  const std::regex regex(pattern);
+  const Pattern searched(pattern);
   for (const std::string& line : lines) {
-    std::smatch match;
-    if (std::regex_match(line, match, regex)) return match[1];
+    const std::vector<std::string> groups = searched.groups_of(line);
+    if (!groups.empty()) return groups[1];
   }
   return {};
 }
@@ -36,7 +38,7 @@ std::size_t position(const Lines& lines, const std::string& line) {
 // What a write of a description says about itself before it begins.
 struct Write {
   explicit Write(const Lines& lines)
-      : mode(captured(lines, R"(\| connect_mode 1:dbcp,2:static,3:pppoe: \[(-?\d+)\] )")),
+      : mode(captured(lines, R"(\| connect_mode 1:dbcp,2:static,3:pppoe: \[(-?[0-9]+)\] )")),
         dhcp_path(captured(lines, R"(\|  dhcp_path:(.*),)")),
         static_path(captured(lines, R"(\| static_path:(.*),)")),
         ppp_path(captured(lines, R"(\|  lan_bridge_name:.*ppp_path:(.*),)")) {}
@@ -63,28 +65,33 @@ std::string names_set(const Lines& lines, std::size_t from, const std::string& p
   return names;
 }
 
+struct Kind {
+  Pattern pattern;
+  char letter;
+};
+
 // One letter for each change: which kind of object it concerns.
 std::string kinds_of(const Lines& lines) {
-  static const std::pair<std::regex, char> kKinds[] = {
-      {std::regex(R"(add .*\.WANDevice\. -> \d+)"), 'W'},
-      {std::regex(R"(add .*\.WANConnectionDevice\. -> \d+)"), 'C'},
-      {std::regex(R"(add .*\.WANIPConnection\. -> \d+)"), 'I'},
-      {std::regex(R"(add .*\.WANPPPConnection\. -> \d+)"), 'P'},
-      {std::regex(R"(add .*\.PortMapping\. -> \d+)"), 'M'},
-      {std::regex(R"(add .*\.Bridge\. -> \d+)"), 'B'},
-      {std::regex(R"(add .*\.Port\. -> \d+)"), 'N'},
-      {std::regex(R"(add .* failed)"), '!'},
-      {std::regex(R"(delete .*\.Forwarding\.\d+\.)"), 'r'},
-      {std::regex(R"(delete .*\.WANConnectionDevice\.\d+\.)"), 'c'},
-      {std::regex("delete " + kAnyBridge + R"(Port\.\d+\.)"), 'p'},
-      {std::regex("delete (" + kAnyBridge + ")?"), 'b'},
-      {std::regex("commit 1"), '.'},
+  static const Kind kKinds[] = {
+      {Pattern(R"(add .*\.WANDevice\. -> [0-9]+)"), 'W'},
+      {Pattern(R"(add .*\.WANConnectionDevice\. -> [0-9]+)"), 'C'},
+      {Pattern(R"(add .*\.WANIPConnection\. -> [0-9]+)"), 'I'},
+      {Pattern(R"(add .*\.WANPPPConnection\. -> [0-9]+)"), 'P'},
+      {Pattern(R"(add .*\.PortMapping\. -> [0-9]+)"), 'M'},
+      {Pattern(R"(add .*\.Bridge\. -> [0-9]+)"), 'B'},
+      {Pattern(R"(add .*\.Port\. -> [0-9]+)"), 'N'},
+      {Pattern(R"(add .* failed)"), '!'},
+      {Pattern(R"(delete .*\.Forwarding\.[0-9]+\.)"), 'r'},
+      {Pattern(R"(delete .*\.WANConnectionDevice\.[0-9]+\.)"), 'c'},
+      {Pattern("delete " + kAnyBridge + R"(Port\.[0-9]+\.)"), 'p'},
+      {Pattern("delete (" + kAnyBridge + ")?"), 'b'},
+      {Pattern("commit 1"), '.'},
   };
   std::string kinds;
   for (const std::string& line : lines) {
-    for (const auto& [pattern, kind] : kKinds) {
-      if (!std::regex_match(line, pattern)) continue;
-      kinds += kind;
+    for (const Kind& kind : kKinds) {
+      if (!kind.pattern.matches(line)) continue;
+      kinds += kind.letter;
       break;
     }
   }
@@ -92,24 +99,26 @@ std::string kinds_of(const Lines& lines) {
 }
 
 // The transcripts of a kind must have their changes in one order.
-Finding kinds_in_order(const Lines& lines, char about, const std::regex& order) {
+Finding kinds_in_order(const Lines& lines, char about, const Pattern& order) {
   const std::string kinds = kinds_of(lines);
   if (kinds.find(about) == std::string::npos || kinds.find('!') != std::string::npos) return {};
-  if (std::regex_match(kinds, order)) return {1, {}};
+  if (order.matches(kinds)) return {1, {}};
   return {1, {kinds}};
 }
 
 // Every object of a kind that is added must have its parameters written in one order.
-Finding parameters_in_order(const Lines& lines, const std::regex& add, const std::string& last,
-                            const std::regex& order) {
+Finding parameters_in_order(const Lines& lines, const Pattern& add, const std::string& last,
+                            const Pattern& order) {
   Finding finding;
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    std::smatch match;
-    if (!std::regex_match(lines[i], match, add)) continue;
+    std::vector<std::string> added = add.groups_of(lines[i]);
+    if (added.empty()) continue;
     ++finding.checked;
-    const std::string path = match[1].str() + match[2].str() + '.';
+    const std::string path = added[1].append(added[2]).append(".");
     const std::string names = names_set(lines, i, path, last);
-    if (!std::regex_match(names, order)) finding.broken.push_back(path + ": " + names);
+    if (order.matches(names)) continue;
+    finding.broken.push_back(path);
+    finding.broken.back().append(": ").append(names);
   }
   return finding;
 }
@@ -117,13 +126,13 @@ Finding parameters_in_order(const Lines& lines, const std::regex& add, const std
 }  // namespace
 
 Finding removals_before_creations(const Lines& lines) {
-  static const std::regex kRemoval(R"(\|  -+ igd_api \d+: .* remove from [a-z_]+ )");
-  static const std::regex kCreation(R"(\|  -+ igd_api \d+: .* create [a-z_]+ )");
+  static const Pattern kRemoval(R"(\|  -+ igd_api [0-9]+: .* remove from [a-z_]+ )");
+  static const Pattern kCreation(R"(\|  -+ igd_api [0-9]+: .* create [a-z_]+ )");
   Finding finding;
   bool created = false;
   for (const std::string& line : lines) {
-    created = created || std::regex_match(line, kCreation);
-    if (!std::regex_match(line, kRemoval)) continue;
+    created = created || kCreation.matches(line);
+    if (!kRemoval.matches(line)) continue;
     ++finding.checked;
     if (created) finding.broken.push_back(line);
   }
@@ -131,13 +140,13 @@ Finding removals_before_creations(const Lines& lines) {
 }
 
 Finding groups_in_their_order(const Lines& lines) {
-  static const std::regex kTrace(R"(\|  -+ igd_api (?:_wan_port_update )?(\d+)(?::| port:|$).*)");
+  static const Pattern kTrace(R"(\|  -+ igd_api (_wan_port_update )?([0-9]+)(:| port:|$).*)");
   Finding finding;
   int before = 0;
   for (const std::string& line : lines) {
-    std::smatch match;
-    if (!std::regex_match(line, match, kTrace)) continue;
-    const int number = std::stoi(match[1]);
+    const std::vector<std::string> groups = kTrace.groups_of(line);
+    if (groups.empty()) continue;
+    const int number = std::stoi(groups[2]);
     ++finding.checked;
     if (number < before) finding.broken.push_back(line);
     before = number;
@@ -183,48 +192,47 @@ Finding commit_last(const Lines& lines) {
   finding.checked = 1;
   for (std::size_t i = commit + 1; i < lines.size(); ++i) {
     const bool told_directly_after = lines[i] == "apply \"\"" && i == commit + 1;
-    const bool writes = is_change(lines[i]) || starts_with(lines[i], "commit ") ||
-                        starts_with(lines[i], "apply ");
+    const bool writes =
+        is_change(lines[i]) || starts_with(lines[i], "commit ") || starts_with(lines[i], "apply ");
     if (writes && !told_directly_after) finding.broken.push_back(lines[i]);
   }
   return finding;
 }
 
 Finding ports_switched_off_before_deleted(const Lines& lines) {
-  static const std::regex kDelete("delete (" + kAnyBridge + R"(Port\.\d+\.))");
+  static const Pattern kDelete("delete (" + kAnyBridge + R"(Port\.[0-9]+\.))");
   Finding finding;
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    std::smatch match;
-    if (!std::regex_match(lines[i], match, kDelete)) continue;
+    const std::vector<std::string> deleted = kDelete.groups_of(lines[i]);
+    if (deleted.empty()) continue;
     ++finding.checked;
-    const std::string off = "set " + match[1].str() + "PortEnable = \"false\"";
+    const std::string off = "set " + deleted[1] + "PortEnable = \"false\"";
     if (i == 0 || lines[i - 1] != off) finding.broken.push_back(lines[i]);
   }
   return finding;
 }
 
 Finding new_ports_written_in_order(const Lines& lines) {
-  static const std::regex kAdd("add (" + kAnyBridge + R"(Port\.) -> (\d+))");
-  static const std::regex kOrder(
+  static const Pattern kAdd("add (" + kAnyBridge + R"(Port\.) -> ([0-9]+))");
+  static const Pattern kOrder(
       "PVID PortInterface (PortOption60 |X_ZYN_DependWanName )?PortEnable ");
   return parameters_in_order(lines, kAdd, "PortEnable", kOrder);
 }
 
 Finding new_bridges_enabled_last(const Lines& lines) {
-  static const std::regex kAdd(
-      R"(add (InternetGatewayDevice\.Layer2Bridging\.Bridge\.) -> (\d+))");
-  static const std::regex kOrder(
+  static const Pattern kAdd(R"(add (InternetGatewayDevice\.Layer2Bridging\.Bridge\.) -> ([0-9]+))");
+  static const Pattern kOrder(
       "BridgeName BridgeStandard VLANID (X_ZYN_VLANPriority )?(X_ZYN_WANName )?BridgeEnable ");
   return parameters_in_order(lines, kAdd, "BridgeEnable", kOrder);
 }
 
 Finding adds_of_a_creation_in_order(const Lines& lines) {
-  static const std::regex kOrder("W?CIMIMPMBN*p*N*");
+  static const Pattern kOrder("W?CIMIMPMBN*p*N*");
   return kinds_in_order(lines, 'C', kOrder);
 }
 
 Finding removal_in_order(const Lines& lines) {
-  static const std::regex kOrder(R"(r*cp*bp*N*\.)");
+  static const Pattern kOrder(R"(r*cp*bp*N*\.)");
   return kinds_in_order(lines, 'c', kOrder);
 }
 

@@ -1,8 +1,7 @@
 // The rules of order, over the transcripts of all scenarios, and against texts that break them.
-#include "order_rules.h"
-
 #include <gtest/gtest.h>
 
+#include "order_rules.h"
 #include "scenario.h"
 
 namespace transcripts {

@@ -3,10 +3,10 @@
 namespace transcripts {
 namespace {
 
-const api_route_info kByGateway = {"10.0.0.0", "255.0.0.0", 1, kIgdRouteByGateway,
-                                   "1_INTERNET", "192.168.1.2"};
-const api_route_info kByInterface = {"10.0.0.0", "255.0.0.0", 0, kIgdRouteByInterface,
-                                     "1_INTERNET", "192.168.1.2"};
+const api_route_info kByGateway = {"10.0.0.0",         "255.0.0.0",  1,
+                                   kIgdRouteByGateway, "1_INTERNET", "192.168.1.2"};
+const api_route_info kByInterface = {"10.0.0.0",           "255.0.0.0",  0,
+                                     kIgdRouteByInterface, "1_INTERNET", "192.168.1.2"};
 
 void add_route(Gateway& gateway, const std::string& address, const std::string& mask,
                const std::string& hop) {

@@ -1,17 +1,16 @@
 #include "scenario.h"
 
 #include <iterator>
-#include <memory>
 
 namespace transcripts {
 namespace {
 
 Scenarios collect() {
   Scenarios all;
-  for (const auto& part : {create_scenarios, failing_add_scenarios, write_scenarios,
-                           write_port_scenarios, read_scenarios, remove_scenarios, lookup_scenarios,
-                           validate_scenarios, bridge_scenarios, cache_scenarios, route_scenarios,
-                           settings_scenarios}) {
+  for (const auto& part :
+       {create_scenarios, failing_add_scenarios, write_scenarios, write_port_scenarios,
+        read_scenarios, remove_scenarios, lookup_scenarios, validate_scenarios, bridge_scenarios,
+        cache_scenarios, route_scenarios, settings_scenarios}) {
     Scenarios scenarios = part();
     all.insert(all.end(), std::make_move_iterator(scenarios.begin()),
                std::make_move_iterator(scenarios.end()));
@@ -20,11 +19,6 @@ Scenarios collect() {
 }
 
 }  // namespace
-
-Gateway::MibStack::MibStack(int failing_add)
-    : failing(std::make_unique<support::FailingAdds>(host::mib_access(), failing_add)),
-      check(std::make_unique<CallCheck>(*failing)),
-      transcript(std::make_unique<support::Transcript>(*check)) {}
 
 void Gateway::remove(const std::string& object_path) {
   ASSERT_EQ(tree_.delete_object(object_path), 0) << object_path;

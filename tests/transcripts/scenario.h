@@ -48,13 +48,13 @@ class Gateway final : public support::GatewayTest {
   template <typename Call>
   void record(const Call& call) {
     begin();
-    const MibStack stack(failing_add_);
+    MibStack stack(failing_add_);
     if constexpr (std::is_void_v<std::invoke_result_t<Call>>) {
       call();
     } else {
       returned_ = shown(call());
     }
-    end(*stack.transcript, *stack.check);
+    end(stack.transcript, stack.check);
   }
 
   const Recording& recording() const { return recording_; }
@@ -62,10 +62,11 @@ class Gateway final : public support::GatewayTest {
  private:
   // Library, transcript, check, perhaps a failing add, tree.
   struct MibStack {
-    explicit MibStack(int failing_add);
-    std::unique_ptr<support::FailingAdds> failing;
-    std::unique_ptr<CallCheck> check;
-    std::unique_ptr<support::Transcript> transcript;
+    explicit MibStack(int failing_add)
+        : failing(host::mib_access(), failing_add), check(failing), transcript(check) {}
+    support::FailingAdds failing;
+    CallCheck check;
+    support::Transcript transcript;
   };
 
   void TestBody() override {}

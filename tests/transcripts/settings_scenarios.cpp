@@ -48,12 +48,9 @@ void physical_name_with_suffix(Gateway& gateway) {
 
 Scenarios settings_scenarios() {
   return {
-      {"management_set", management_set},
-      {"management_get", management_get},
-      {"lan_address", lan_address},
-      {"l3_names", l3_names},
-      {"record_dump", record_dump},
-      {"physical_name_with_suffix", physical_name_with_suffix},
+      {"management_set", management_set}, {"management_get", management_get},
+      {"lan_address", lan_address},       {"l3_names", l3_names},
+      {"record_dump", record_dump},       {"physical_name_with_suffix", physical_name_with_suffix},
   };
 }
 

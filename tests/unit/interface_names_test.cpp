@@ -33,8 +33,9 @@ TEST(PortNumbers, AreUnknownForAnythingElse) {
 }
 
 TEST(IsWlan, HoldsForEveryNameWithACapitalW) {
-  for (const char* node : {"WLAN1", "WIFIW0", "WDS1", "aWb", "W"})
+  for (const char* node : {"WLAN1", "WIFIW0", "WDS1", "aWb", "W"}) {
     EXPECT_TRUE(isWlan(node)) << node;
+  }
   for (const char* node : {"LAN1", "3G0", "", "wlan1", "REP0"}) EXPECT_FALSE(isWlan(node)) << node;
 }
 

@@ -253,8 +253,9 @@ TEST_F(PortUpdateVlan, PrintsTheGroupsAndEveryMoveWithItsLine) {
       "1202: LAN2 create internet ",
   };
   std::string expected;
-  for (const char* line : kLines)
+  for (const char* line : kLines) {
     expected += "\n ------------- igd_api " + std::string(line) + '\n';
+  }
   for (const char* number : {"1", "3", "4"}) {  // number 2 was LAN1
     expected += "\n ------------- igd_api _wan_port_update 1210 port:" + bridge_ + "Port." +
                 number + ".PortEnable\n";

@@ -13,7 +13,6 @@ namespace {
 using Names = std::vector<std::string>;
 using std::to_string;
 
-const std::string kPath = "InternetGatewayDevice.WANDevice.1.WANConnectionDevice.2.";
 const std::string kIndexLine = "INDEX=" + kPath + '\n';
 
 // Lines of a cache entry in which only the bridge's expected name is known.
@@ -24,12 +23,6 @@ const std::string kCacheLines =
     "vornik: info->static_path = \n"
     "vornik: info->dhcp_path = \n"
     "vornik: info->ppp_path = \n";
-
-std::string shown(const Names& names) {
-  std::string text = "[";
-  for (const std::string& name : names) text += name + ' ';
-  return text + ']';
-}
 
 // ---- WAN connections ----
 
@@ -123,14 +116,6 @@ std::string ports_of_wan() {
   return '"' + name + "\" " + shown(ports) + ' ' + to_string(vlan);
 }
 
-using ReadIntoBuffer = void (*)(const char*, char*, std::size_t);
-
-std::string buffer_of(ReadIntoBuffer read_into, const std::string& key) {
-  std::array<char, 16> buffer = {'o', 'l', 'd'};
-  read_into(key.c_str(), buffer.data(), buffer.size());
-  return '"' + std::string(buffer.data()) + '"';
-}
-
 std::string set_pvid() {
   api_wan_info info;
   info.vlan_id = 100;
@@ -163,51 +148,11 @@ std::string instances() {
   return to_string(count) + ' ' + shown(names);
 }
 
-std::string split() {
-  Names tokens;
-  (void)igd_tool_split_str("a,,b", ",", tokens);
-  return shown(tokens);
-}
-
-std::string delete_node() {
-  Names names = {"LAN1", "LAN2", "LAN1"};
-  _delete_node(names, "LAN1");
-  return shown(names);
-}
-
-std::string keep_only_listed() {
-  g_wan_mibinfo_cache_list[kPath] = nullptr;
-  Names paths;
-  _rebuid_cache(paths);
-  return to_string(g_wan_mibinfo_cache_list.size());
-}
-
-std::string l3_names() {
-  igd_c_set_l3_name("wan1", "ppp0");
-  return buffer_of(igd_c_get_l3_name, "wan1");
-}
-
-std::string dump() {
-  api_wan_info info;
-  return to_string(igd_wan_print_params(&info));
-}
-
-const char kEmptyDump[] =
-    "igd_wan_print_params start!!! igd_wan_print_params:601\n"
-    "wan_info_name: \nvlan_enable:0 \nvlan_id:0 \nvlan_priority:0 \n"
-    "connection_class 1:Route,2:Bridge,3:Route&Bridge:[0] \n"
-    "service_type:  \ndhcp_trans: 0 \nnat_mode: 0 \nconnect_mode 1:dbcp,2:static,3:pppoe: [0] \n"
-    "pppoe_user_name:  \npppoe_password:  \npppoe_mtu:  \nprotocol: 1 ipv4, 2 ipv6 [0] \n"
-    "ip_addr:  \nip_mask:  \nip_gw:  \nip_dns_enable: 0 \nip_dns1:  \nip_dns2:  \n"
-    "dhcp_option60:  \nwan_enable:  \nwan_remote_management_enable:  \nstp_enable:  \n"
-    "igd_wan_print_params end!!! igd_wan_print_params:631\n";
-
-const std::string kBindingLines =
-    "---index:" + kPath + "--------\n" + kCacheLines +
-    "------phy:LAN1------------\n"
-    "---static_path:X_CT-COM_LanInterface---value:LAN1------------\n"
-    "---dhcp_path:X_CT-COM_LanInterface---value:LAN1------------\n"
-    "---ppp_path:X_CT-COM_LanInterface---value:LAN1------------\n";
+const std::string kBindingLines = "---index:" + kPath + "--------\n" + kCacheLines +
+                                  "------phy:LAN1------------\n"
+                                  "---static_path:X_CT-COM_LanInterface---value:LAN1------------\n"
+                                  "---dhcp_path:X_CT-COM_LanInterface---value:LAN1------------\n"
+                                  "---ppp_path:X_CT-COM_LanInterface---value:LAN1------------\n";
 
 std::string set_route(int operation) {
   return to_string(igd_set_static_route(operation, api_route_info()));
@@ -216,6 +161,18 @@ std::string set_route(int operation) {
 std::string quoted(const std::string& text) { return '"' + text + '"'; }
 
 }  // namespace
+
+std::string shown(const std::vector<std::string>& names) {
+  std::string text = "[";
+  for (const std::string& name : names) text += name + ' ';
+  return text + ']';
+}
+
+std::string buffer_of(ReadIntoBuffer read_into, const std::string& key) {
+  std::array<char, 16> buffer = {'o', 'l', 'd'};
+  read_into(key.c_str(), buffer.data(), buffer.size());
+  return '"' + std::string(buffer.data()) + '"';
+}
 
 std::vector<Operation> asking_operations() {
   return {
@@ -266,38 +223,8 @@ std::vector<Operation> asking_operations() {
       {"igd_mng_server_get_params", read_management, "-1022 kept", "", ""},
       {"igd_c_get_lan_ipaddr", [] { return quoted(igd_c_get_lan_ipaddr()); }, "\"\"", "", ""},
       {"igd_tool_loop_instance", instances, "0 []", "", ""},
-      {"igd_tool_loop_fullname", [] { return quoted(igd_tool_loop_fullname("", 196, "")); },
-       "\"\"", "", ""},
-  };
-}
-
-std::vector<Operation> self_sufficient_operations() {
-  return {
-      {"igd_tool_split_str", split, "[a  b ]", "", ""},
-      {"_delete_node", delete_node, "[LAN2 LAN1 ]", "", ""},
-      {"igd_tool_get_port_value", [] { return to_string(igd_tool_get_port_value("LAN3")); }, "4",
+      {"igd_tool_loop_fullname", [] { return quoted(igd_tool_loop_fullname("", 196, "")); }, "\"\"",
        "", ""},
-      {"igd_tool_get_port_index", [] { return to_string(igd_tool_get_port_index("WLAN1")); }, "5",
-       "", ""},
-      {"isWlan", [] { return to_string(isWlan("WLAN1")); }, "1", "", ""},
-      {"getLanIndexByPhy", [] { return getLanIndexByPhy("LAN1"); }, "LAN1", "", ""},
-      {"getWlanIndexByPhy", [] { return getWlanIndexByPhy("WLAN1"); }, "WLAN1", "", ""},
-      {"igd_transe_node_2_lan_interfac", [] { return igd_transe_node_2_lan_interfac("LAN1"); },
-       "LAN1", "", ""},
-      {"igd_trans_lan_interface_2_node", [] { return igd_trans_lan_interface_2_node("LAN1"); },
-       "LAN1", "", ""},
-      {"igd_wan_print_params", dump, "53", kEmptyDump, ""},
-      {"_rebuid_cache", keep_only_listed, "0", "", ""},
-      {"_destory_cache", [] { return to_string(_destory_cache(kPath)); }, "1", "", ""},
-      {"igd_get_bridge_info_of_lan",
-       [] { return igd_get_bridge_info("InternetGatewayDevice.LANDevice.1."); }, "internet", "",
-       ""},
-      {"igd_c_get_mask", [] { return to_string(igd_c_get_mask("br_1_2")); }, "32", "", ""},
-      {"igd_c_get_wan_bridge_name", [] { return buffer_of(igd_c_get_wan_bridge_name, kPath); },
-       "\"br_1_2\"", "", ""},
-      {"igd_c_get_wan_bridge_intf_name",
-       [] { return buffer_of(igd_c_get_wan_bridge_intf_name, kPath); }, "\"br_1_2\"", "", ""},
-      {"igd_c_l3_name", l3_names, "\"ppp0\"", "", ""},
   };
 }
 

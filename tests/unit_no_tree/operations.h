@@ -9,6 +9,8 @@
 
 namespace no_tree {
 
+inline const std::string kPath = "InternetGatewayDevice.WANDevice.1.WANConnectionDevice.2.";
+
 struct Operation {
   const char* name;
   std::function<std::string()> call;  ///< answers with the result and the outputs
@@ -27,6 +29,11 @@ std::vector<Operation> asking_internal_operations();
 
 /// Operations whose work is done without a tree.
 std::vector<Operation> self_sufficient_operations();
+
+/// For answers: "[LAN1 LAN2 ]", and what an operation leaves in a buffer, quoted.
+using ReadIntoBuffer = void (*)(const char*, char*, std::size_t);
+std::string shown(const std::vector<std::string>& names);
+std::string buffer_of(ReadIntoBuffer read_into, const std::string& key);
 
 /// Makes an operation's call: its answer, what it printed and what it logged.
 struct Outcome {
