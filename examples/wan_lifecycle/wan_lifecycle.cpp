@@ -280,6 +280,9 @@ int main(int argc, char** argv) {
   show_connections(console);
   show_bridges(console);
 
+  std::vector<std::string> none;
+  _rebuid_cache(none);  // frees what the library remembers; it lists no connection to keep
+
   console.heading("The library's trace is in " + console.trace_file() +
                   ". It holds passwords in clear: delete it when done.");
   return EXIT_SUCCESS;

@@ -90,12 +90,20 @@ std::string lines(const std::vector<std::string>& lines) {
 
 void GatewayTest::SetUp() {
   Platform::instance().reset();
+  forget_all();
+}
+
+// The library frees no cache entry when the process ends.
+void GatewayTest::TearDown() {
+  EXPECT_EQ(lines(Platform::instance().complaints()), "");
+  forget_all();
+}
+
+void GatewayTest::forget_all() {
   std::vector<std::string> none;
   _rebuid_cache(none);
   g_l3_ifname_table.clear();
 }
-
-void GatewayTest::TearDown() { EXPECT_EQ(lines(Platform::instance().complaints()), ""); }
 
 void GatewayTest::expect_as_scripted() {
   EXPECT_EQ(transcript_, script_.text());

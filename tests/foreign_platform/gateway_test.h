@@ -42,6 +42,7 @@ class GatewayTest : public ::testing::Test {
  protected:
   void SetUp() override;
   void TearDown() override;
+  static void forget_all();  // what the library remembers between calls
 
   static Tree& tree() { return Platform::instance().tree(); }
 
