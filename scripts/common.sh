@@ -15,7 +15,7 @@ build_preset() {
   local preset=$1
   shift
   say "build/$preset: configure and build"
-  (cd "$root" && cmake --preset "$preset" --log-level=WARNING "$@" &&
+  (cd "$root" && cmake --preset "$preset" "$@" >/dev/null &&
     cmake --build --preset "$preset" -- --quiet)
 }
 

@@ -47,7 +47,7 @@ class BehindSwitchboard {
 };
 
 /// Fails the nth addObject, counted from 1, without changing anything.
-class FailingAdds : public MibDecorator {
+class FailingAdds final : public MibDecorator {
  public:
   FailingAdds(MibAccess& next, int nth) : MibDecorator(next), countdown_(nth) {}
   int addObject(const std::string& table_path, int* instance, int access_level) override;
