@@ -1,0 +1,137 @@
+/// The durable store of the reference platform: one file that keeps a tree.
+///
+/// Reads are answered from memory. Writes go to the tree in memory and belong to a batch, which
+/// begins with the first write and ends with commit or discard: it lands in the file whole or not
+/// at all. A write that the store cannot take (it is locked, its disk fails) is refused and spoils
+/// its batch: the writes after it fail at once, and the next commit discards all of it and says so.
+/// Refusals of names, which libigd relies on, spoil nothing.
+///
+/// Several processes can share a store. The next read of each shows what another one committed. One
+/// batch at a time is open in all of them together: the first write of the next one waits.
+///
+/// getContext() keeps the process's own store; a program that only uses libigd needs nothing of
+/// this. Not for several threads at a time.
+#ifndef HOST_STORE_H
+#define HOST_STORE_H
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "host_changes.h"
+#include "host_platform.h"
+
+namespace host {
+
+/// What came of a call to a store. Whatever failed has changed nothing, unless its line says so.
+enum class StoreError {
+  kNone,           ///< done
+  kNotOpened,      ///< the file cannot be made or opened: no such folder, no permission
+  kReadOnly,       ///< the file or its disk can be read but not written
+  kFull,           ///< the disk, or the size that the options allow, is full
+  kIo,             ///< reading or writing failed for another reason
+  kCorrupt,        ///< the file is damaged, or no database at all; it is left as it is
+  kForeign,        ///< the file is a database of something else; it is left as it is
+  kUnknownFormat,  ///< the store has a format of a newer or unknown version; it is left as it is
+  kLocked,         ///< another process kept the write lock for longer than the options allow
+  kMovedOn,        ///< another process committed meanwhile; this batch is discarded
+};
+
+/// "kLocked" and so on; "" for a number that is no error.
+HOST_EXPORT const char* name_of(StoreError error);
+
+struct StoreResult {
+  StoreError error = StoreError::kNone;
+  std::string text;  ///< one sentence for people, "" when done
+
+  bool ok() const { return error == StoreError::kNone; }
+};
+
+struct StoreOptions {
+  /// A file that is kCorrupt is renamed to "<path>.corrupt-<n>", with its log, and a new store
+  /// takes its place. Without it nothing is ever put over a file that is there.
+  bool keep_corrupt_aside = false;
+  /// How long a call waits for a lock of another process.
+  int lock_timeout_ms = 10000;
+  /// How long another batch may write nothing while this one waits for it. Then it loses the write
+  /// lock and is discarded as a whole, so that nobody who forgets to commit stops the others.
+  int longest_silence_ms = 5000;
+  /// The largest the file may grow, 0 for as large as the disk allows.
+  std::uint64_t size_limit_bytes = 0;
+  /// Name of the SQLite VFS that reads and writes the file, "" for the usual one.
+  std::string vfs;
+  /// Called when a commit is on disk and the other processes are not told yet; for tests.
+  std::function<void()> between_commit_and_counter;
+};
+
+/// A tree in a file. The path ":memory:" makes one that lasts as long as the object.
+class HOST_EXPORT Store {
+ public:
+  /// Opens a store; makes it with mode 0600 and factory state when there is no file. The folder
+  /// must be there. Returns null on failure, with the reason in `result`, which may be null.
+  static std::unique_ptr<Store> open(const std::string& path, const StoreOptions& options,
+                                     StoreResult* result);
+  Store(const Store&) = delete;
+  Store& operator=(const Store&) = delete;
+  /// Lets go of what was not committed.
+  ~Store();
+
+  const std::string& path() const;
+
+  /// The tree, for reading and writing. The reference lasts as long as the store. Assignments to
+  /// it and imports into it are writes of the batch like any other.
+  Tree& tree();
+
+  /// Makes the batch durable. Done means that it is on disk; on any failure all of the batch is
+  /// discarded, the tree is as it was at the last commit, and the debug sink has a line about it.
+  ///
+  /// @param label  what people see as the reason of the change
+  StoreResult commit(const std::string& label = {});
+
+  /// Undoes every write of the batch, spoilt or not.
+  void discard();
+
+  /// Undoes every write of the batch, and reports that to the debug sink when there was one. The
+  /// process's own store does it when the process exits.
+  void let_go();
+
+  /// Number of the last committed change that the tree contains; a new store has 1.
+  std::uint64_t generation() const;
+
+  struct Impl;
+
+ private:
+  friend class ReadHold;
+  explicit Store(std::unique_ptr<Impl> impl);
+  std::unique_ptr<Impl> impl_;
+};
+
+/// While one lasts, reads of a store show one state: commits of other processes do not appear. The
+/// first write of a batch ends that, because it must build on the newest state. An open walk of the
+/// store's MibAccess holds the same way.
+class HOST_EXPORT ReadHold {
+ public:
+  explicit ReadHold(Store& store);
+  ReadHold(const ReadHold&) = delete;
+  ReadHold& operator=(const ReadHold&) = delete;
+  ~ReadHold();
+
+ private:
+  Store& store_;
+};
+
+/// Where the store of this process is: IGD_STORE; for root /var/lib/igd/gateway.db; else
+/// igd/gateway.db in XDG_STATE_HOME or, when that is unset, in .local/state of HOME. "" when none
+/// of them is set.
+HOST_EXPORT std::string default_store_path();
+
+/// The store behind getContext(), opened at first use. Null when it cannot be opened, which is
+/// reported to the debug sink once and tried again at most once a second.
+///
+/// @param result  set to the reason of the last failure; may be null
+HOST_EXPORT Store* process_store(StoreResult* result = nullptr);
+
+}  // namespace host
+
+#endif  // HOST_STORE_H

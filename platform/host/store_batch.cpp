@@ -1,0 +1,105 @@
+/// The writes of a store, from the first one to the commit.
+#include <ctime>
+#include <utility>
+
+#include "store_impl.h"
+
+namespace host {
+
+/// Asked before every write, and only for one that the tree itself allows.
+TreeObserver::Admission Store::Impl::admit() {
+  const Generation before = generation;
+  const bool forked = is_forked();
+  try {
+    if (forked) open_anew_after_fork();
+    if (!spoilt.ok()) return {spoilt.text, false};
+    if (batch == 0) {
+      begin_batch();
+    } else if (!shared->owns(batch)) {
+      throw StoreFailure(StoreError::kMovedOn,
+                         "the batch was silent for too long and another one went on");
+    }
+  } catch (const StoreFailure& failure) {
+    spoil(failure.result());
+    return {spoilt.text, false};
+  }
+  shared->note_activity();
+  return {{}, forked || generation != before};
+}
+
+/// Takes the write lock, then catches up: what this batch changes is what the last one left.
+void Store::Impl::begin_batch() {
+  batch = shared->begin_batch(options);
+  const std::uint32_t counter = repaired_counter();
+  catch_up();
+  seen_counter = counter;
+}
+
+void Store::Impl::spoil(const StoreResult& reason) {
+  discard();
+  spoilt = reason;
+}
+
+StoreResult Store::Impl::commit(const std::string& label) {
+  StoreResult result;
+  try {
+    if (is_forked()) open_anew_after_fork();
+    result = spoilt;
+    if (result.ok() && batch != 0) write_batch(label);
+  } catch (const StoreFailure& failure) {
+    result = failure.result();
+  }
+  if (!result.ok()) {
+    result.text = store_path + ": the writes since the last commit are discarded: " + result.text;
+    report(result.text);
+  }
+  discard();
+  return result;
+}
+
+void Store::Impl::write_batch(const std::string& label) {
+  RowChanges rows = log.net(content());
+  if (!rows.empty()) {
+    const Turn turn(*shared, deadline_of(options));
+    if (!shared->owns(batch)) {
+      throw StoreFailure(StoreError::kMovedOn,
+                         "the batch was silent for too long and another one went on");
+    }
+    write_change({generation + 1, std::time(nullptr), label, std::move(rows)});
+  }
+  log.clear();
+}
+
+/// Needs the turn. The database has the last word on whether this change follows the one before.
+void Store::Impl::write_change(const Change& change) {
+  Transaction transaction(file->database(), Transaction::kWrite);
+  if (file->generation() != generation) {
+    throw StoreFailure(StoreError::kMovedOn, "another process committed meanwhile");
+  }
+  shared->set_counter(static_cast<std::uint32_t>(2 * generation + 1));
+  seen_counter = 1;
+  try {
+    file->write(change);
+    transaction.commit();
+  } catch (const StoreFailure&) {
+    shared->set_counter(static_cast<std::uint32_t>(2 * generation));
+    throw;
+  }
+  if (options.between_commit_and_counter) options.between_commit_and_counter();
+  generation = change.generation;
+  seen_counter = static_cast<std::uint32_t>(2 * generation);
+  shared->set_counter(seen_counter);
+}
+
+void Store::Impl::discard() {
+  log.undo(content());
+  spoilt = {};
+  end_batch();
+}
+
+void Store::Impl::end_batch() {
+  if (batch != 0) shared->end_batch(batch);
+  batch = 0;
+}
+
+}  // namespace host

@@ -1,0 +1,31 @@
+#include "host_store.h"
+
+namespace host {
+
+const char* name_of(StoreError error) {
+  switch (error) {
+    case StoreError::kNone:
+      return "kNone";
+    case StoreError::kNotOpened:
+      return "kNotOpened";
+    case StoreError::kReadOnly:
+      return "kReadOnly";
+    case StoreError::kFull:
+      return "kFull";
+    case StoreError::kIo:
+      return "kIo";
+    case StoreError::kCorrupt:
+      return "kCorrupt";
+    case StoreError::kForeign:
+      return "kForeign";
+    case StoreError::kUnknownFormat:
+      return "kUnknownFormat";
+    case StoreError::kLocked:
+      return "kLocked";
+    case StoreError::kMovedOn:
+      return "kMovedOn";
+  }
+  return "";
+}
+
+}  // namespace host

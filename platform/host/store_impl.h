@@ -1,0 +1,88 @@
+/// The inside of a store. Its members stand in one source for each subject: store.cpp opens and
+/// forwards, store_batch.cpp writes, store_view.cpp follows other processes.
+#ifndef PLATFORM_HOST_STORE_IMPL_H
+#define PLATFORM_HOST_STORE_IMPL_H
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "change_log.h"
+#include "host_store.h"
+#include "shared_state.h"
+#include "store_file.h"
+#include "tree_access.h"
+
+namespace host {
+
+/// How often this process is the child of a fork, since the first store was opened.
+int forks_so_far();
+
+/// A line to the debug sink.
+void report(const std::string& text);
+
+struct Store::Impl final : TreeObserver {
+  Impl(std::string its_path, StoreOptions its_options);
+  ~Impl();
+  Impl(const Impl&) = delete;
+  Impl& operator=(const Impl&) = delete;
+
+  // Opening. Throws StoreFailure.
+  void open();
+  void open_anew_after_fork();
+  bool is_forked() const { return forks != forks_so_far(); }
+  void let_go();
+
+  // The view. A read costs two comparisons while nothing happened.
+  void refresh() {
+    const bool is_current = !is_forked() && shared->counter() == seen_counter;
+    if (!is_current) look_around();
+  }
+  void look_around();
+  void catch_up();  ///< throws StoreFailure
+  void reload();    ///< throws StoreFailure
+  std::uint32_t repaired_counter();
+
+  // The batch.
+  Admission admit() override;
+  void added(const std::string& path, const std::string& table_path,
+             const std::optional<Row>& table_before) override {
+    log.added(path, table_path, table_before);
+  }
+  void deleting(const std::string& path, const RowSet& below) override {
+    log.deleting(path, below);
+  }
+  void setting(const std::string& name, const std::string& old_text,
+               const std::optional<Row>& before, const std::string& text) override {
+    log.setting(name, old_text, before, text);
+  }
+  void replaced(const RowSet& before, const RowSet& after) override { log.replaced(before, after); }
+  void begin_batch();  ///< throws StoreFailure
+  void spoil(const StoreResult& reason);
+  StoreResult commit(const std::string& label);
+  void write_batch(const std::string& label);  ///< throws StoreFailure
+  void write_change(const Change& change);     ///< throws StoreFailure
+  void discard();
+  void end_batch();
+
+  TreeStore& content() { return TreeAccess::store(tree); }
+
+  const std::string store_path;
+  const StoreOptions options;
+  Tree tree;
+  ChangeLog log;
+  std::unique_ptr<SharedState> shared;
+  std::unique_ptr<StoreFile> file;
+  Generation generation = 0;
+  std::uint32_t seen_counter = 1;  ///< odd: the database has to be asked
+  SharedState::Batch batch = 0;    ///< 0: no batch is open
+  StoreResult spoilt;              ///< why the batch cannot land
+  int holds = 0;                   ///< what freezes the view: holds and open walks
+  int forks = 0;
+  std::string last_trouble;  ///< of following other processes, as it was reported
+};
+
+}  // namespace host
+
+#endif  // PLATFORM_HOST_STORE_IMPL_H
