@@ -113,6 +113,16 @@ StoreResult Store::commit(const std::string& label) { return impl_->commit(label
 
 void Store::discard() { impl_->discard(); }
 
+StoreResult Store::begin_trial() { return impl_->begin_trial(); }
+
+bool Store::in_trial() const { return impl_->trial; }
+
+const std::vector<WriteStep>& Store::plan() const { return impl_->log.steps(); }
+
+Difference Store::difference() const { return in_words(impl_->log.net(impl_->content())); }
+
+StoreResult Store::accept(const std::string& label) { return impl_->accept(label); }
+
 void Store::let_go() { impl_->let_go(); }
 
 std::uint64_t Store::generation() const { return impl_->generation; }

@@ -36,7 +36,7 @@ void Store::Impl::begin_batch() {
 }
 
 void Store::Impl::spoil(const StoreResult& reason) {
-  discard();
+  drop_batch();
   spoilt = reason;
 }
 
@@ -45,6 +45,7 @@ StoreResult Store::Impl::commit(const std::string& label) {
   try {
     if (is_forked()) open_anew_after_fork();
     result = spoilt;
+    if (trial) return result;
     if (result.ok() && batch != 0) write_batch(label);
   } catch (const StoreFailure& failure) {
     result = failure.result();
@@ -53,7 +54,7 @@ StoreResult Store::Impl::commit(const std::string& label) {
     result.text = store_path + ": the writes since the last commit are discarded: " + result.text;
     report(result.text);
   }
-  discard();
+  drop_batch();
   return result;
 }
 
@@ -92,12 +93,14 @@ void Store::Impl::write_change(const Change& change) {
 }
 
 void Store::Impl::discard() {
-  log.undo(content());
-  spoilt = {};
-  end_batch();
+  trial = false;
+  drop_batch();
 }
 
-void Store::Impl::end_batch() {
+/// Undoes what was written and gives the write lock back.
+void Store::Impl::drop_batch() {
+  log.undo(content());
+  spoilt = {};
   if (batch != 0) shared->end_batch(batch);
   batch = 0;
 }

@@ -24,6 +24,12 @@ const char* name_of(StoreError error) {
       return "kLocked";
     case StoreError::kMovedOn:
       return "kMovedOn";
+    case StoreError::kBatchOpen:
+      return "kBatchOpen";
+    case StoreError::kTrialOpen:
+      return "kTrialOpen";
+    case StoreError::kNoTrial:
+      return "kNoTrial";
   }
   return "";
 }

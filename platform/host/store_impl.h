@@ -1,5 +1,6 @@
 /// The inside of a store. Its members stand in one source for each subject: store.cpp opens and
-/// forwards, store_batch.cpp writes, store_view.cpp follows other processes.
+/// forwards, store_batch.cpp writes, store_view.cpp follows other processes, store_trial.cpp
+/// holds commits back.
 #ifndef PLATFORM_HOST_STORE_IMPL_H
 #define PLATFORM_HOST_STORE_IMPL_H
 
@@ -64,7 +65,11 @@ struct Store::Impl final : TreeObserver {
   void write_batch(const std::string& label);  ///< throws StoreFailure
   void write_change(const Change& change);     ///< throws StoreFailure
   void discard();
-  void end_batch();
+  void drop_batch();
+
+  // The trial.
+  StoreResult begin_trial();
+  StoreResult accept(const std::string& label);
 
   TreeStore& content() { return TreeAccess::store(tree); }
 
@@ -77,6 +82,7 @@ struct Store::Impl final : TreeObserver {
   Generation generation = 0;
   std::uint32_t seen_counter = 1;  ///< odd: the database has to be asked
   SharedState::Batch batch = 0;    ///< 0: no batch is open
+  bool trial = false;              ///< commits are held back
   StoreResult spoilt;              ///< why the batch cannot land
   int holds = 0;                   ///< what freezes the view: holds and open walks
   int forks = 0;

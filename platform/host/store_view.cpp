@@ -70,6 +70,7 @@ void Store::Impl::open_anew_after_fork() {
   }
   log.undo(content());
   batch = 0;
+  trial = false;
   spoilt = {};
   (void)file.release();
   open();

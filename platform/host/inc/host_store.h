@@ -18,6 +18,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "host_changes.h"
 #include "host_platform.h"
@@ -36,6 +37,9 @@ enum class StoreError {
   kUnknownFormat,  ///< the store has a format of a newer or unknown version; it is left as it is
   kLocked,         ///< another process kept the write lock for longer than the options allow
   kMovedOn,        ///< another process committed meanwhile; this batch is discarded
+  kBatchOpen,      ///< there are writes that are neither committed nor discarded
+  kTrialOpen,      ///< a trial is open already
+  kNoTrial,        ///< no trial is open
 };
 
 /// "kLocked" and so on; "" for a number that is no error.
@@ -89,8 +93,23 @@ class HOST_EXPORT Store {
   /// @param label  what people see as the reason of the change
   StoreResult commit(const std::string& label = {});
 
-  /// Undoes every write of the batch, spoilt or not.
+  /// Undoes every write of the batch, spoilt or not, and ends the trial when one is open.
   void discard();
+
+  /// Starts a batch that no commit ends, for operations that commit in their midst: until accept()
+  /// or discard(), commit() is done at once and writes nothing. Takes the write lock, so that checks
+  /// made in the trial still hold when it is accepted. kTrialOpen, kBatchOpen, kLocked, or what
+  /// reading the file failed with. A trial that was spoilt fails each commit() from then on.
+  StoreResult begin_trial();
+  bool in_trial() const;
+
+  /// The writes of the batch, trial or not, in their order. Refused ones are not among them.
+  const std::vector<WriteStep>& plan() const;
+  /// What they come to.
+  Difference difference() const;
+
+  /// Ends the trial and makes all of it durable, like commit(). kNoTrial when none is open.
+  StoreResult accept(const std::string& label = {});
 
   /// Undoes every write of the batch, and reports that to the debug sink when there was one. The
   /// process's own store does it when the process exits.
