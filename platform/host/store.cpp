@@ -80,8 +80,12 @@ void Store::Impl::open() {
     file = std::make_unique<StoreFile>(store_path, options);
     reload();
   }
-  seen_counter = static_cast<std::uint32_t>(2 * generation);
-  shared->set_counter(seen_counter);
+  shared->set_counter(static_cast<std::uint32_t>(2 * generation));
+  if (pending && is_too_late(*pending)) {
+    revert_pending(*pending);
+    catch_up();
+  }
+  seen_counter = shared->counter();
   forks = forks_so_far();
 }
 
@@ -126,6 +130,33 @@ StoreResult Store::accept(const std::string& label) { return impl_->accept(label
 void Store::let_go() { impl_->let_go(); }
 
 std::uint64_t Store::generation() const { return impl_->generation; }
+
+StoreResult Store::accept_pending(int seconds, const std::string& label) {
+  return impl_->accept_pending(seconds, label);
+}
+
+StoreResult Store::confirm() { return impl_->confirm(); }
+
+StoreResult Store::revert() { return impl_->revert(); }
+
+std::optional<PendingChange> Store::pending() { return impl_->pending_change(); }
+
+StoreResult Store::make_checkpoint(const std::string& name) { return impl_->make_checkpoint(name); }
+
+StoreResult Store::delete_checkpoint(const std::string& name) {
+  return impl_->delete_checkpoint(name);
+}
+
+std::vector<Checkpoint> Store::checkpoints(StoreResult* result) {
+  return impl_->checkpoints(result);
+}
+
+StoreResult Store::difference(const std::string& from, const std::string& to,
+                              Difference* difference) {
+  return impl_->difference(from, to, difference);
+}
+
+StoreResult Store::restore(const std::string& name) { return impl_->restore(name); }
 
 ReadHold::ReadHold(Store& store) : store_(store) {
   store_.impl_->refresh();

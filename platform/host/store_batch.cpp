@@ -33,6 +33,10 @@ void Store::Impl::begin_batch() {
   const std::uint32_t counter = repaired_counter();
   catch_up();
   seen_counter = counter;
+  if (pending && is_too_late(*pending)) {
+    revert_when_too_late();
+    catch_up();
+  }
 }
 
 void Store::Impl::spoil(const StoreResult& reason) {
@@ -66,30 +70,42 @@ void Store::Impl::write_batch(const std::string& label) {
       throw StoreFailure(StoreError::kMovedOn,
                          "the batch was silent for too long and another one went on");
     }
-    write_change({generation + 1, std::time(nullptr), label, std::move(rows)});
+    Transaction transaction(file->database(), Transaction::kWrite);
+    // The database has the last word on whether this change follows the one before.
+    if (file->generation() != generation) {
+      throw StoreFailure(StoreError::kMovedOn, "another process committed meanwhile");
+    }
+    if (file->pending()) {
+      throw StoreFailure(StoreError::kPending, "another change waits for its confirmation");
+    }
+    const Change change = {generation + 1, std::time(nullptr), label, std::move(rows)};
+    std::optional<PendingRow> waiting;
+    if (seconds_to_confirm > 0) {
+      waiting = pending_row(change.generation, label, now(options), seconds_to_confirm);
+      file->set_pending(*waiting);
+    }
+    land(transaction, change);
+    generation = change.generation;
+    seen_counter = static_cast<std::uint32_t>(2 * generation);
+    pending = waiting;
   }
   log.clear();
 }
 
-/// Needs the turn. The database has the last word on whether this change follows the one before.
-void Store::Impl::write_change(const Change& change) {
-  Transaction transaction(file->database(), Transaction::kWrite);
-  if (file->generation() != generation) {
-    throw StoreFailure(StoreError::kMovedOn, "another process committed meanwhile");
-  }
-  shared->set_counter(static_cast<std::uint32_t>(2 * generation + 1));
-  seen_counter = 1;
+/// Commits a change and tells the other processes. Needs the turn.
+void Store::Impl::land(Transaction& transaction, const Change& change) {
+  const auto counter = static_cast<std::uint32_t>(2 * change.generation);
+  shared->set_counter(counter - 1);
+  seen_counter = 1;  // until it is known, the database has to be asked
   try {
     file->write(change);
     transaction.commit();
   } catch (const StoreFailure&) {
-    shared->set_counter(static_cast<std::uint32_t>(2 * generation));
+    shared->set_counter(counter - 2);
     throw;
   }
   if (options.between_commit_and_counter) options.between_commit_and_counter();
-  generation = change.generation;
-  seen_counter = static_cast<std::uint32_t>(2 * generation);
-  shared->set_counter(seen_counter);
+  shared->set_counter(counter);
 }
 
 void Store::Impl::discard() {

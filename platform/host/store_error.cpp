@@ -30,6 +30,18 @@ const char* name_of(StoreError error) {
       return "kTrialOpen";
     case StoreError::kNoTrial:
       return "kNoTrial";
+    case StoreError::kPending:
+      return "kPending";
+    case StoreError::kNotPending:
+      return "kNotPending";
+    case StoreError::kBadDeadline:
+      return "kBadDeadline";
+    case StoreError::kBadName:
+      return "kBadName";
+    case StoreError::kNameTaken:
+      return "kNameTaken";
+    case StoreError::kNoCheckpoint:
+      return "kNoCheckpoint";
   }
   return "";
 }

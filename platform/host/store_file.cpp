@@ -28,6 +28,11 @@ constexpr const char* kTables = R"(
   CREATE TABLE entry(name TEXT PRIMARY KEY, text BLOB NOT NULL, type TEXT NOT NULL) WITHOUT ROWID;
   CREATE TABLE change(generation INTEGER PRIMARY KEY, time INTEGER NOT NULL, label TEXT NOT NULL,
                       changes BLOB NOT NULL);
+  CREATE TABLE checkpoint(name TEXT PRIMARY KEY, generation INTEGER NOT NULL,
+                          time INTEGER NOT NULL, entries BLOB NOT NULL);
+  CREATE TABLE pending(only INTEGER PRIMARY KEY CHECK (only = 1), generation INTEGER NOT NULL,
+                       label TEXT NOT NULL, boot TEXT NOT NULL, started INTEGER NOT NULL,
+                       deadline INTEGER NOT NULL);
   PRAGMA application_id = 1229407315;
   PRAGMA user_version = 1;
 )";
@@ -132,16 +137,21 @@ RowSet StoreFile::rows() {
   return rows;
 }
 
-std::optional<std::vector<Change>> StoreFile::changes_after(Generation generation) {
+std::vector<Change> StoreFile::read_changes(Generation after) {
   std::vector<Change> changes;
   Statement& kept = database_.statement(
       "SELECT generation, time, label, changes FROM change WHERE generation > ?"
       " ORDER BY generation");
-  kept.bind(0, static_cast<std::int64_t>(generation));
+  kept.bind(0, static_cast<std::int64_t>(after));
   while (kept.next()) {
     changes.push_back({static_cast<Generation>(kept.number(0)), kept.number(1), kept.text(2),
                        checked(kept.text(3))});
   }
+  return changes;
+}
+
+std::optional<std::vector<Change>> StoreFile::changes_after(Generation generation) {
+  std::vector<Change> changes = read_changes(generation);
   if (!changes.empty() && changes.front().generation != generation + 1) return std::nullopt;
   return changes;
 }

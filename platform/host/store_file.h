@@ -25,6 +25,15 @@ struct Change {
   RowChanges rows;
 };
 
+/// The change that waits for its confirmation.
+struct PendingRow {
+  Generation generation;
+  std::string label;
+  std::string boot;       ///< the boot that the times belong to
+  std::int64_t started;   ///< milliseconds of boot time
+  std::int64_t deadline;  ///< the same
+};
+
 /// Every member but the destructor throws StoreFailure. What writes needs a write transaction.
 class StoreFile {
  public:
@@ -39,10 +48,23 @@ class StoreFile {
   /// The changes after a generation, oldest first; none when they are not all kept any more.
   std::optional<std::vector<Change>> changes_after(Generation generation);
 
+  /// All that are kept, oldest first.
+  std::vector<Change> kept_changes() { return read_changes(0); }
+
+  std::vector<Checkpoint> named_checkpoints();
+  std::optional<RowSet> named_rows(const std::string& name);
+  void add_named(const Checkpoint& checkpoint, const RowSet& rows);
+  bool delete_named(const std::string& name);  ///< false when there is none
+
+  std::optional<PendingRow> pending();
+  void set_pending(const PendingRow& row);
+  void clear_pending();
+
   /// Writes one change and forgets the one that is too old now.
   void write(const Change& change);
 
  private:
+  std::vector<Change> read_changes(Generation after);
   void check_owner();
   void make_new();
 

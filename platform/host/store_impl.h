@@ -1,6 +1,6 @@
 /// The inside of a store. Its members stand in one source for each subject: store.cpp opens and
 /// forwards, store_batch.cpp writes, store_view.cpp follows other processes, store_trial.cpp
-/// holds commits back.
+/// holds commits back, store_pending.cpp confirms or reverts, store_checkpoint.cpp goes back.
 #ifndef PLATFORM_HOST_STORE_IMPL_H
 #define PLATFORM_HOST_STORE_IMPL_H
 
@@ -8,7 +8,9 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "boot_clock.h"
 #include "change_log.h"
 #include "host_store.h"
 #include "shared_state.h"
@@ -35,10 +37,10 @@ struct Store::Impl final : TreeObserver {
   bool is_forked() const { return forks != forks_so_far(); }
   void let_go();
 
-  // The view. A read costs two comparisons while nothing happened.
+  // The view. A read costs three comparisons while nothing happened.
+  bool is_current() const { return !is_forked() && shared->counter() == seen_counter; }
   void refresh() {
-    const bool is_current = !is_forked() && shared->counter() == seen_counter;
-    if (!is_current) look_around();
+    if (!is_current() || pending) look_around();
   }
   void look_around();
   void catch_up();  ///< throws StoreFailure
@@ -62,14 +64,32 @@ struct Store::Impl final : TreeObserver {
   void begin_batch();  ///< throws StoreFailure
   void spoil(const StoreResult& reason);
   StoreResult commit(const std::string& label);
-  void write_batch(const std::string& label);  ///< throws StoreFailure
-  void write_change(const Change& change);     ///< throws StoreFailure
+  void write_batch(const std::string& label);                 ///< throws StoreFailure
+  void land(Transaction& transaction, const Change& change);  ///< throws StoreFailure
   void discard();
   void drop_batch();
 
   // The trial.
   StoreResult begin_trial();
   StoreResult accept(const std::string& label);
+
+  // The change that waits for its confirmation.
+  StoreResult accept_pending(int seconds, const std::string& label);
+  StoreResult confirm() { return end_pending(true); }
+  StoreResult revert() { return end_pending(false); }
+  StoreResult end_pending(bool keep);
+  std::optional<PendingChange> pending_change();
+  bool is_too_late(const PendingRow& row) const;
+  void revert_when_too_late();                 ///< throws StoreFailure
+  void revert_pending(const PendingRow& row);  ///< throws StoreFailure; needs the turn
+
+  // Checkpoints.
+  StoreResult make_checkpoint(const std::string& name);
+  StoreResult delete_checkpoint(const std::string& name);
+  std::vector<Checkpoint> checkpoints(StoreResult* result);
+  StoreResult difference(const std::string& from, const std::string& to, Difference* difference);
+  StoreResult restore(const std::string& name);
+  RowSet rows_at(const std::string& checkpoint);  ///< throws StoreFailure
 
   TreeStore& content() { return TreeAccess::store(tree); }
 
@@ -80,11 +100,13 @@ struct Store::Impl final : TreeObserver {
   std::unique_ptr<SharedState> shared;
   std::unique_ptr<StoreFile> file;
   Generation generation = 0;
-  std::uint32_t seen_counter = 1;  ///< odd: the database has to be asked
-  SharedState::Batch batch = 0;    ///< 0: no batch is open
-  bool trial = false;              ///< commits are held back
-  StoreResult spoilt;              ///< why the batch cannot land
-  int holds = 0;                   ///< what freezes the view: holds and open walks
+  std::uint32_t seen_counter = 1;     ///< odd: the database has to be asked
+  SharedState::Batch batch = 0;       ///< 0: no batch is open
+  bool trial = false;                 ///< commits are held back
+  StoreResult spoilt;                 ///< why the batch cannot land
+  int seconds_to_confirm = 0;         ///< of the batch that is being committed; 0: it just stays
+  std::optional<PendingRow> pending;  ///< as last read; it may be confirmed meanwhile
+  int holds = 0;                      ///< what freezes the view: holds and open walks
   int forks = 0;
   std::string last_trouble;  ///< of following other processes, as it was reported
 };

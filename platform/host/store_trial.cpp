@@ -9,7 +9,9 @@ StoreResult Store::Impl::begin_trial() {
   if (has_batch) return {StoreError::kBatchOpen, "there are writes that are not committed"};
   try {
     if (is_forked()) open_anew_after_fork();
+    refresh();
     begin_batch();
+    if (pending) throw StoreFailure(StoreError::kPending, "a change waits for its confirmation");
   } catch (const StoreFailure& failure) {
     drop_batch();
     return failure.result();

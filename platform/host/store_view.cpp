@@ -8,6 +8,8 @@ namespace host {
 void Store::Impl::look_around() {
   try {
     if (is_forked()) open_anew_after_fork();
+    if (pending && is_too_late(*pending)) revert_when_too_late();
+    if (is_current()) return;
     if (batch != 0 && !shared->owns(batch)) {
       spoil({StoreError::kMovedOn, "the batch was silent for too long and another one went on"});
     }
@@ -36,6 +38,7 @@ std::uint32_t Store::Impl::repaired_counter() {
 void Store::Impl::catch_up() {
   Transaction snapshot(file->database(), Transaction::kRead);
   const Generation newest = file->generation();
+  pending = file->pending();
   if (newest == generation) return;
   const std::optional<std::vector<Change>> changes =
       newest > generation ? file->changes_after(generation) : std::nullopt;
@@ -58,6 +61,7 @@ void Store::Impl::reload() {
   const Generation newest = file->generation();
   const std::string reason = tree_from(file->rows(), loaded);
   if (!reason.empty()) throw StoreFailure(StoreError::kCorrupt, reason);
+  pending = file->pending();
   content() = std::move(loaded);
   generation = newest;
 }

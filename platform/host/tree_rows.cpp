@@ -187,6 +187,24 @@ RowChanges reversed(RowChanges changes) {
   return changes;
 }
 
+void keep_counters(RowChanges& changes) {
+  std::string gone;  // the deleted object that the next rows are in
+  for (RowChange& change : changes) {
+    const bool in_gone = !gone.empty() && change.name.compare(0, gone.size(), gone) == 0;
+    if (in_gone || !names_object(change.name) || !change.before) continue;
+    if (!change.after && change.before->is_object()) {
+      gone = change.name;
+      continue;
+    }
+    const int counter = number_from(change.before->text).value_or(0);
+    if (!change.after || number_from(change.after->text).value_or(0) < counter) {
+      change.after = change.before;
+    }
+  }
+  const auto is_same = [](const RowChange& change) { return change.before == change.after; };
+  changes.erase(std::remove_if(changes.begin(), changes.end(), is_same), changes.end());
+}
+
 std::string apply_changes(TreeStore& store, const RowChanges& changes) {
   for (const RowChange& change : changes) {
     if (!change.after) clear(store, change.name);

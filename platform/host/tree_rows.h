@@ -24,6 +24,10 @@ RowChanges changes_between(const RowSet& before, const RowSet& after);
 /// The same changes the other way round.
 RowChanges reversed(RowChanges changes);
 
+/// Keeps the counters of tables that stay from going down, so that no instance number is handed out
+/// twice.
+void keep_counters(RowChanges& changes);
+
 /// Brings the named rows of a tree to what they are after the changes; the others stay.
 /// Returns "" or why a row cannot stand in a tree, which is then of no further use.
 std::string apply_changes(TreeStore& store, const RowChanges& changes);

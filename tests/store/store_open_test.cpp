@@ -167,7 +167,7 @@ TEST_F(StoreOpen, RefusesAFileThatCannotBeWritten) {
 }
 
 TEST_F(StoreOpen, NamesEveryError) {
-  for (int error = 0; error <= static_cast<int>(StoreError::kMovedOn); ++error) {
+  for (int error = 0; error <= static_cast<int>(StoreError::kNoCheckpoint); ++error) {
     EXPECT_EQ(std::string(host::name_of(static_cast<StoreError>(error))).front(), 'k');
   }
   EXPECT_STREQ(host::name_of(StoreError::kUnknownFormat), "kUnknownFormat");

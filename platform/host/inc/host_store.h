@@ -17,6 +17,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -40,6 +41,12 @@ enum class StoreError {
   kBatchOpen,      ///< there are writes that are neither committed nor discarded
   kTrialOpen,      ///< a trial is open already
   kNoTrial,        ///< no trial is open
+  kPending,        ///< another change waits for its confirmation; the batch is discarded
+  kNotPending,     ///< no change waits for its confirmation
+  kBadDeadline,    ///< a time to confirm is 1 second to 1 day
+  kBadName,        ///< a checkpoint's name is 1 to 64 letters, digits, ".", "_" and "-"
+  kNameTaken,      ///< there is a checkpoint of that name
+  kNoCheckpoint,   ///< there is no such checkpoint, or no more
 };
 
 /// "kLocked" and so on; "" for a number that is no error.
@@ -50,6 +57,28 @@ struct StoreResult {
   std::string text;  ///< one sentence for people, "" when done
 
   bool ok() const { return error == StoreError::kNone; }
+};
+
+/// The time since the machine was switched on, which nobody can set.
+struct BootTime {
+  std::string boot;               ///< identity of this boot, another one after each start
+  std::int64_t milliseconds = 0;  ///< since its start, sleep included
+};
+
+/// A state that a store can go back to.
+struct Checkpoint {
+  std::string name;              ///< as given; of an automatic one "@" and its generation
+  std::uint64_t generation = 0;  ///< of the state it keeps
+  std::int64_t time = 0;         ///< when it was made, seconds since 1970
+  std::string label;             ///< of an automatic one: of the change that followed the state
+  bool automatic = false;
+};
+
+/// A change that is in effect, and will be reverted unless it is confirmed.
+struct PendingChange {
+  std::uint64_t generation = 0;
+  std::int64_t milliseconds_left = 0;
+  std::string label;
 };
 
 struct StoreOptions {
@@ -65,6 +94,8 @@ struct StoreOptions {
   std::uint64_t size_limit_bytes = 0;
   /// Name of the SQLite VFS that reads and writes the file, "" for the usual one.
   std::string vfs;
+  /// Tells the boot time; empty for the machine's own.
+  std::function<BootTime()> clock;
   /// Called when a commit is on disk and the other processes are not told yet; for tests.
   std::function<void()> between_commit_and_counter;
 };
@@ -110,6 +141,33 @@ class HOST_EXPORT Store {
 
   /// Ends the trial and makes all of it durable, like commit(). kNoTrial when none is open.
   StoreResult accept(const std::string& label = {});
+
+  /// Accepts a trial that is reverted unless confirm() is called, by any process, within `seconds`:
+  /// also when this process ends or the machine restarts, which counts as too late. Whoever reads,
+  /// writes or opens the store first after the deadline reverts it and reports that. Until then
+  /// every other commit fails with kPending. kNoTrial, kBadDeadline (the trial stays open), or what
+  /// commit() fails with.
+  StoreResult accept_pending(int seconds, const std::string& label = {});
+  /// The pending change stays. kNotPending, also when it was too late.
+  StoreResult confirm();
+  /// The pending change goes at once, as if it were too late. kNotPending.
+  StoreResult revert();
+  /// The change that waits for its confirmation, if there is one.
+  std::optional<PendingChange> pending();
+
+  /// Keeps the last committed state under a name. kBadName, kNameTaken, kBatchOpen.
+  StoreResult make_checkpoint(const std::string& name);
+  /// kNoCheckpoint; kBadName for an automatic one, which goes when 20 newer changes are there.
+  StoreResult delete_checkpoint(const std::string& name);
+  /// The automatic ones, newest first: the states before the last 20 changes. Then the named ones,
+  /// by name. Empty when the file cannot be read.
+  std::vector<Checkpoint> checkpoints(StoreResult* result = nullptr);
+  /// What is different between two checkpoints; "" stands for now, uncommitted writes included.
+  StoreResult difference(const std::string& from, const std::string& to, Difference* difference);
+  /// Brings the state of a checkpoint back, in one commit; in a trial, as a write of the trial.
+  /// Instance numbers that were handed out since are not handed out again. kNoCheckpoint,
+  /// kBatchOpen, or what commit() fails with.
+  StoreResult restore(const std::string& name);
 
   /// Undoes every write of the batch, and reports that to the debug sink when there was one. The
   /// process's own store does it when the process exits.
