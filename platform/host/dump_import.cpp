@@ -81,7 +81,8 @@ class DumpImport {
     for_each_node(tree_.store().root(), [this](const Node& node) {
       if (node.kind == Node::Kind::kInstance) ++result_.objects;
     });
-    TreeAccess::store(tree) = std::move(tree_.store());
+    std::string reason = TreeAccess::replace(tree, std::move(tree_.store()));
+    if (!reason.empty()) return reason;
     result_.ok = true;
     result = result_;
     return {};

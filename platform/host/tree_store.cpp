@@ -91,6 +91,12 @@ void TreeStore::remove(Node& node) {
   }
 }
 
+void TreeStore::remove(const Cell& cell) {
+  Node* owner = node(cell.owner->path);
+  index_.leave(cell);
+  owner->parameters.erase(cell.full_name.substr(owner->path.size()));
+}
+
 void TreeStore::reset(Node& node) {
   reset_parameters(node);
   remove_instances(node);

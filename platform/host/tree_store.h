@@ -42,6 +42,8 @@ class TreeStore {
 
   /// Removes an instance, or an object the data model does not know, with all below it.
   void remove(Node& node);
+  /// Removes a parameter that the data model does not know.
+  void remove(const Cell& cell);
   /// Brings an object of the data model back to how a new tree has it. Its tables, which lose all
   /// instances, go on counting where they were.
   void reset(Node& node);
