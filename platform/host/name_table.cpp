@@ -1,7 +1,5 @@
 #include "name_table.h"
 
-#include "text_hash.h"
-
 namespace host {
 
 NameTable::NameTable(const std::vector<std::string_view>& names) {
@@ -13,14 +11,6 @@ NameTable::NameTable(const std::vector<std::string_view>& names) {
     while (slots_[at].place != kNone) at = (at + 1) % size;
     slots_[at] = {names[place], place};
   }
-}
-
-std::size_t NameTable::find(std::string_view name) const {
-  if (slots_.empty()) return kNone;
-  const std::size_t last = slots_.size() - 1;
-  std::size_t at = TextHash::of(name) & last;
-  while (slots_[at].place != kNone && slots_[at].name != name) at = (at + 1) & last;
-  return slots_[at].place;
 }
 
 }  // namespace host

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "text_hash.h"
+
 namespace host {
 
 /// The places of names in a list, hashed once for all objects of a kind. The names' text must
@@ -17,7 +19,13 @@ class NameTable {
   NameTable() = default;
   explicit NameTable(const std::vector<std::string_view>& names);
 
-  std::size_t find(std::string_view name) const;  ///< its place, or kNone
+  std::size_t find(std::string_view name) const {  ///< its place, or kNone
+    if (slots_.empty()) return kNone;
+    const std::size_t last = slots_.size() - 1;
+    std::size_t at = TextHash::of(name) & last;
+    while (slots_[at].place != kNone && slots_[at].name != name) at = (at + 1) & last;
+    return slots_[at].place;
+  }
 
  private:
   struct Slot {

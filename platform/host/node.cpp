@@ -55,13 +55,7 @@ std::string_view Node::name() const {
   return std::string_view(path).substr(above, path.size() - above - 1);
 }
 
-Cell cell_of(const Node& node, std::string_view name) {
-  if (node.values) {
-    const std::size_t place = node.schema->places.find(name);
-    if (place != NameTable::kNone) {
-      return {&node, node.schema->parameters[place], nullptr, &node.values[place]};
-    }
-  }
+Cell extension_of(const Node& node, std::string_view name) {
   if (!node.extensions) return {};
   const auto found = node.extensions->find(name);
   if (found == node.extensions->end()) return {};

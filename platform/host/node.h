@@ -63,8 +63,18 @@ struct Cell {
   std::string_view initial() const { return row != nullptr ? row->initial : std::string_view(); }
 };
 
+Cell extension_of(const Node& node, std::string_view name);
+
 /// An object's parameter by its own name.
-Cell cell_of(const Node& node, std::string_view name);
+inline Cell cell_of(const Node& node, std::string_view name) {
+  if (node.values) {
+    const std::size_t place = node.schema->places.find(name);
+    if (place != NameTable::kNone) {
+      return {&node, node.schema->parameters[place], nullptr, &node.values[place]};
+    }
+  }
+  return extension_of(node, name);
+}
 
 /// A parameter's value: its text, or the number of instances when it is a count.
 std::string value_of(const Cell& cell);

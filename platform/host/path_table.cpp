@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "text_hash.h"
-
 namespace host {
 
 void PathTable::enter(Node& node) {
@@ -33,16 +31,6 @@ void PathTable::leave(const Node& node) {
   while (*at != &node) at = &(*at)->next_in_chain;
   *at = node.next_in_chain;
   --entered_;
-}
-
-Node* PathTable::find(std::string_view path) const {
-  if (chains_.empty()) return nullptr;
-  const std::uint32_t hash = TextHash::of(path);
-  Node* node = chains_[place(hash)];
-  while (node != nullptr && (node->path_hash != hash || node->path != path)) {
-    node = node->next_in_chain;
-  }
-  return node;
 }
 
 }  // namespace host

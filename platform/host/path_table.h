@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "node.h"
+#include "text_hash.h"
 
 namespace host {
 
@@ -17,7 +18,15 @@ class PathTable {
  public:
   void enter(Node& node);
   void leave(const Node& node);
-  Node* find(std::string_view path) const;
+  Node* find(std::string_view path) const {
+    if (chains_.empty()) return nullptr;
+    const std::uint32_t hash = TextHash::of(path);
+    Node* node = chains_[place(hash)];
+    while (node != nullptr && (node->path_hash != hash || node->path != path)) {
+      node = node->next_in_chain;
+    }
+    return node;
+  }
 
  private:
   void grow();

@@ -1,27 +1,14 @@
 #include "stored_text.h"
 
-#include <cstring>
-
 namespace host {
-namespace {
-
-using Length = std::size_t;
 
 /// The size of a text's block. Allocators hand out memory in steps of 16 bytes, some of which they
 /// need themselves; by taking what they would round up to, a text of nearly the same length can
 /// take an old one's block.
-std::size_t block_size(std::size_t length) {
+std::size_t StoredText::block_size(std::size_t length) {
   constexpr std::size_t kStep = 16;
   constexpr std::size_t kOverhead = sizeof(void*);
   return (sizeof(Length) + length + kOverhead + kStep - 1) / kStep * kStep - kOverhead;
-}
-
-}  // namespace
-
-std::string_view StoredText::view() const {
-  Length length = 0;
-  std::memcpy(&length, block_.get(), sizeof length);
-  return {block_.get() + sizeof length, length};
 }
 
 void StoredText::assign(std::string_view text) {

@@ -3,6 +3,7 @@
 #define PLATFORM_HOST_STORED_TEXT_H
 
 #include <cstddef>
+#include <cstring>
 #include <memory>
 #include <string_view>
 
@@ -13,11 +14,19 @@ namespace host {
 class StoredText {
  public:
   bool has_text() const { return block_ != nullptr; }
-  std::string_view view() const;  ///< only when there is one
+  std::string_view view() const {  ///< only when there is one
+    Length length = 0;
+    std::memcpy(&length, block_.get(), sizeof length);
+    return {block_.get() + sizeof length, length};
+  }
   void assign(std::string_view text);
   void clear() { block_.reset(); }
 
  private:
+  using Length = std::size_t;
+
+  static std::size_t block_size(std::size_t length);
+
   std::unique_ptr<char[]> block_;
 };
 
