@@ -15,7 +15,7 @@ constexpr std::size_t kRefusalsKept = 10000;
 /// Why a text that should be the path of an object is none.
 std::string why_no_object(const TreeStore& store, const std::string& path) {
   if (path.empty()) return "the path is empty";
-  if (store.cell(path) != nullptr) return "this is a parameter, not an object";
+  if (store.cell(path)) return "this is a parameter, not an object";
   if (path.back() != '.') return "the path of an object ends in a dot";
   return "no such object";
 }
@@ -37,10 +37,10 @@ std::string why_not_deleted(const TreeStore& store, const std::string& path, con
   return {};
 }
 
-std::string why_not_set(const TreeStore& store, const std::string& name, const Cell* cell) {
-  if (cell == nullptr && store.node(name) != nullptr) return "this is an object, not a parameter";
-  if (cell == nullptr) return "no such parameter";
-  if (cell->is_count()) return "the number of instances is computed";
+std::string why_not_set(const TreeStore& store, const std::string& name, const Cell& cell) {
+  if (!cell && store.node(name) != nullptr) return "this is an object, not a parameter";
+  if (!cell) return "no such parameter";
+  if (cell.is_count()) return "the number of instances is computed";
   return {};
 }
 
@@ -137,20 +137,20 @@ int Tree::delete_object(const std::string& object_path) {
 int Tree::set_value(const std::string& name, const std::string& value) {
   TreeStore& store = impl_->store;
   TreeObserver* const observer = impl_->observer;
-  Cell* cell = nullptr;
+  Cell cell;
   const std::string reason = why_refused(observer, [&] {
     cell = store.cell(name);
     return why_not_set(store, name, cell);
   });
   if (refuse(impl_->refusals, "setValue", name, reason)) return kRefused;
-  if (observer != nullptr) observer->setting(name, cell->text, row_of(*cell), value);
-  TreeStore::set(*cell, value);
+  if (observer != nullptr) observer->setting(name, value_of(cell), row_of(cell), value);
+  TreeStore::set(cell, value);
   return kDone;
 }
 
 std::string Tree::value(const std::string& name) const {
-  const Cell* cell = impl_->store.cell(name);
-  return cell != nullptr ? value_of(*cell) : std::string();
+  const Cell cell = impl_->store.cell(name);
+  return cell ? value_of(cell) : std::string();
 }
 
 std::vector<std::string> Tree::instances(int object_type) const {
@@ -161,15 +161,15 @@ bool Tree::has_object(std::string_view object_path) const {
   return impl_->store.node(object_path) != nullptr;
 }
 
-bool Tree::has_parameter(std::string_view name) const { return impl_->store.cell(name) != nullptr; }
+bool Tree::has_parameter(std::string_view name) const {
+  return static_cast<bool>(impl_->store.cell(name));
+}
 
 std::optional<ParameterInfo> Tree::describe(std::string_view name) const {
-  const Cell* cell = impl_->store.cell(name);
-  if (cell == nullptr) return std::nullopt;
-  const bool extension = cell->row == nullptr;
-  return ParameterInfo{std::string(type_name(cell->type)), cell->access == kReadWrite,
-                       extension ? std::string() : std::string(cell->row->initial),
-                       cell->is_count(), extension};
+  const Cell cell = impl_->store.cell(name);
+  if (!cell) return std::nullopt;
+  return ParameterInfo{std::string(type_name(cell.type())), cell.access() == kReadWrite,
+                       std::string(cell.initial()), cell.is_count(), cell.row == nullptr};
 }
 
 std::vector<Parameter> Tree::parameters(std::string_view prefix) const {
@@ -179,10 +179,12 @@ std::vector<Parameter> Tree::parameters(std::string_view prefix) const {
   const Node* top = whole ? &impl_->store.root() : impl_->store.node(above);
   if (top == nullptr) return listed;
   for_each_node(*top, [&listed, prefix](const Node& node) {
-    for (const auto& [name, cell] : node.parameters) {
-      if (cell.full_name.compare(0, prefix.size(), prefix) != 0) continue;
-      listed.push_back({cell.full_name, value_of(cell)});
-    }
+    for_each_cell(node, [&](std::string_view name, const Cell& cell) {
+      std::string full_name = node.path;
+      full_name += name;
+      if (full_name.compare(0, prefix.size(), prefix) != 0) return;
+      listed.push_back({std::move(full_name), value_of(cell)});
+    });
   });
   return listed;
 }

@@ -82,42 +82,54 @@ bool is_extension(const Row& row) {
   return access == "rw " || access == "ro ";
 }
 
-std::string put_value(TreeStore& store, const std::string& name, const Row& row) {
-  Cell* cell = store.cell(name);
-  if (cell == nullptr) {
-    const auto [owner_path, own] = split_last(name);
-    Node* owner = store.node(owner_path);
-    if (owner == nullptr || own.empty()) return no_parent(name);
-    if (!is_extension(row)) return name + " is not in the data model";
-    cell = &store.add_foreign_parameter(*owner, own, kString, kReadOnly);
-  }
-  if (cell->row == nullptr && is_extension(row)) {
-    cell->type = type_of(row.type.substr(kAccessWidth));
-    cell->access = access_of(row.type);
-  }
-  TreeStore::set(*cell, row.text);
+/// Makes an extension; one that is there already gives way to it.
+std::string make_extension(TreeStore& store, const std::string& name, const Row& row, Cell& cell) {
+  const auto [owner_path, own] = split_last(name);
+  Node* owner = store.node(owner_path);
+  if (owner == nullptr || own.empty()) return no_parent(name);
+  if (!is_extension(row)) return name + " is not in the data model";
+  if (cell) store.remove(cell);
+  cell = TreeStore::add_foreign_parameter(*owner, own, type_of(row.type.substr(kAccessWidth)),
+                                          access_of(row.type));
   return {};
+}
+
+std::string put_value(TreeStore& store, const std::string& name, const Row& row) {
+  Cell cell = store.cell(name);
+  const bool in_model = cell && cell.row != nullptr;
+  if (!cell || (!in_model && is_extension(row))) {
+    std::string reason = make_extension(store, name, row, cell);
+    if (!reason.empty()) return reason;
+  }
+  TreeStore::set(cell, row.text);
+  return {};
+}
+
+void clear_object(TreeStore& store, Node& node) {
+  if (is_kept(node)) {
+    store.remove(node);
+  } else {
+    node.last_number = 0;
+  }
+}
+
+void clear_value(TreeStore& store, const Cell& cell) {
+  if (cell.row != nullptr) {
+    TreeStore::set(cell, cell.initial());
+  } else {
+    store.remove(cell);
+  }
 }
 
 /// Takes a row away; what the data model has goes back to its default.
 void clear(TreeStore& store, const std::string& name) {
   if (names_object(name)) {
-    Node* node = store.node(name);
-    if (node == nullptr) return;
-    if (is_kept(*node)) {
-      store.remove(*node);
-    } else {
-      node->last_number = 0;
-    }
+    Node* const node = store.node(name);
+    if (node != nullptr) clear_object(store, *node);
     return;
   }
-  Cell* cell = store.cell(name);
-  if (cell == nullptr) return;
-  if (cell->row != nullptr) {
-    TreeStore::set(*cell, std::string(cell->row->initial));
-  } else {
-    store.remove(*cell);
-  }
+  const Cell cell = store.cell(name);
+  if (cell) clear_value(store, cell);
 }
 
 }  // namespace
@@ -131,12 +143,13 @@ std::optional<Row> row_of(const Node& node) {
 
 std::optional<Row> row_of(const Cell& cell) {
   if (cell.is_count()) return std::nullopt;
+  std::string text = value_of(cell);
   if (cell.row != nullptr) {
-    if (cell.text == cell.row->initial) return std::nullopt;
-    return Row{cell.text, {}};
+    if (text == cell.initial()) return std::nullopt;
+    return Row{std::move(text), {}};
   }
-  const char* access = cell.access == kReadWrite ? "rw " : "ro ";
-  return Row{cell.text, access + std::string(type_name(cell.type))};
+  const char* access = cell.access() == kReadWrite ? "rw " : "ro ";
+  return Row{std::move(text), access + std::string(type_name(cell.type()))};
 }
 
 std::optional<Row> row_of(const TreeStore& store, const std::string& name) {
@@ -144,17 +157,17 @@ std::optional<Row> row_of(const TreeStore& store, const std::string& name) {
     const Node* node = store.node(name);
     return node != nullptr ? row_of(*node) : std::nullopt;
   }
-  const Cell* cell = store.cell(name);
-  return cell != nullptr ? row_of(*cell) : std::nullopt;
+  const Cell cell = store.cell(name);
+  return cell ? row_of(cell) : std::nullopt;
 }
 
 RowSet rows_below(const Node& node) {
   RowSet rows;
   for_each_node(node, [&rows](const Node& at) {
     if (auto row = row_of(at)) rows.emplace(at.path, std::move(*row));
-    for (const auto& [name, cell] : at.parameters) {
-      if (auto row = row_of(cell)) rows.emplace(cell.full_name, std::move(*row));
-    }
+    for_each_cell(at, [&rows, &at](std::string_view name, const Cell& cell) {
+      if (auto row = row_of(cell)) rows.emplace(at.path + std::string(name), std::move(*row));
+    });
   });
   return rows;
 }
