@@ -3,8 +3,10 @@
 namespace host {
 namespace {
 
+constexpr int kKindOfError = 0xff;  // the rest of a code is detail
+
 StoreError error_of(int code) {
-  switch (code & 0xff) {  // the rest of the code is detail
+  switch (code & kKindOfError) {
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
     case SQLITE_FORMAT:

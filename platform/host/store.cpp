@@ -43,6 +43,11 @@ std::string resolved(const std::string& path) {
 
 int forks_so_far() { return forks; }
 
+void leave_to_parent(std::unique_ptr<StoreFile> file) {
+  static auto* const parents = new std::vector<std::unique_ptr<StoreFile>>;
+  parents->push_back(std::move(file));
+}
+
 void report(const std::string& text) { c_debug_out("host_store", __LINE__, "%s", text.c_str()); }
 
 Store::Impl::Impl(std::string its_path, StoreOptions its_options)
@@ -54,8 +59,7 @@ Store::Impl::Impl(std::string its_path, StoreOptions its_options)
 Store::Impl::~Impl() {
   let_go();
   TreeAccess::observe(tree, nullptr);
-  // A parent's file: to close it in the child would disturb the parent's locks.
-  if (is_forked()) (void)file.release();
+  if (is_forked()) leave_to_parent(std::move(file));
 }
 
 void Store::Impl::let_go() {

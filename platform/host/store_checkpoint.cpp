@@ -1,6 +1,5 @@
 /// Going back: named checkpoints, and the automatic ones that the kept changes make.
 #include <algorithm>
-#include <cstdlib>
 #include <ctime>
 #include <utility>
 
@@ -39,7 +38,7 @@ Generation generation_in(const std::string& name) {
   const std::string digits = name.substr(std::min<std::size_t>(1, name.size()));
   if (digits.empty() || digits.size() > kMostDigits || digits.front() == '0') return 0;
   if (digits.find_first_not_of("0123456789") != std::string::npos) return 0;
-  return std::strtoull(digits.c_str(), nullptr, 10);
+  return std::stoull(digits);
 }
 
 }  // namespace

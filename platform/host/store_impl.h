@@ -22,6 +22,10 @@ namespace host {
 /// How often this process is the child of a fork, since the first store was opened.
 int forks_so_far();
 
+/// Keeps a file that this process has from its parent, never to be closed: to close it here would
+/// disturb the parent's locks.
+void leave_to_parent(std::unique_ptr<StoreFile> file);
+
 /// A line to the debug sink.
 void report(const std::string& text);
 

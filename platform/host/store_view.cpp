@@ -1,4 +1,6 @@
 /// How a store follows the commits of other processes.
+#include <utility>
+
 #include "store_impl.h"
 #include "tree_rows.h"
 
@@ -7,7 +9,10 @@ namespace host {
 /// Something may have happened: a commit, a fork, the loss of the write lock.
 void Store::Impl::look_around() {
   try {
-    if (is_forked()) open_anew_after_fork();
+    if (is_forked()) {
+      open_anew_after_fork();
+      return;
+    }
     if (pending && is_too_late(*pending)) revert_when_too_late();
     if (is_current()) return;
     if (batch != 0 && !shared->owns(batch)) {
@@ -76,7 +81,7 @@ void Store::Impl::open_anew_after_fork() {
   batch = 0;
   trial = false;
   spoilt = {};
-  (void)file.release();
+  leave_to_parent(std::move(file));
   open();
 }
 

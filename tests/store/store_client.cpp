@@ -1,6 +1,6 @@
 // A program of a gateway: does what its arguments say to the store of its process, in their order.
 //
-//   get NAME · set NAME TEXT · add TABLE · commit · walk (opens one, keeps it) · context
+//   get NAME · set NAME TEXT · add TABLE · commit · walk (opens one, keeps it to the end) · context
 //   fork (a child goes on with the rest) · die (as in a power cut) · wait-for FILE · make FILE
 //
 // Prints a line for each result.
@@ -33,6 +33,7 @@ class Client {
         return 2;
       }
     }
+    if (walk_ != nullptr) mib().closeInstanceIterator(walk_);
     return 0;
   }
 
@@ -58,7 +59,7 @@ class Client {
     } else if (verb == "commit") {
       say(std::to_string(mib().commit(1)));
     } else if (verb == "walk") {
-      (void)mib().openInstanceIterator(kBridgeName);
+      walk_ = mib().openInstanceIterator(kBridgeName);
     } else if (verb == "context") {
       say(getContext() != nullptr ? "context" : "none");
     } else {
@@ -91,6 +92,7 @@ class Client {
 
   std::vector<std::string> words_;
   std::size_t at_ = 0;
+  InstanceIterator* walk_ = nullptr;
 };
 
 }  // namespace

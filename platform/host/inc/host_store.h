@@ -82,14 +82,17 @@ struct PendingChange {
 };
 
 struct StoreOptions {
+  static constexpr int kLockTimeoutMs = 10000;
+  static constexpr int kLongestSilenceMs = 5000;
+
   /// A file that is kCorrupt is renamed to "<path>.corrupt-<n>", with its log, and a new store
   /// takes its place. Without it nothing is ever put over a file that is there.
   bool keep_corrupt_aside = false;
   /// How long a call waits for a lock of another process.
-  int lock_timeout_ms = 10000;
+  int lock_timeout_ms = kLockTimeoutMs;
   /// How long another batch may write nothing while this one waits for it. Then it loses the write
   /// lock and is discarded as a whole, so that nobody who forgets to commit stops the others.
-  int longest_silence_ms = 5000;
+  int longest_silence_ms = kLongestSilenceMs;
   /// The largest the file may grow, 0 for as large as the disk allows.
   std::uint64_t size_limit_bytes = 0;
   /// Name of the SQLite VFS that reads and writes the file, "" for the usual one.
