@@ -4,7 +4,7 @@
 //   wan_lifecycle             on a gateway in factory state
 //   wan_lifecycle dump.csv    on the parameter dump of a real gateway
 //
-// Nothing is kept: the tree lives in this process.
+// It works on the store that the variable IGD_STORE names; ":memory:" keeps nothing.
 #include <cstdlib>
 #include <string>
 #include <vector>

@@ -81,7 +81,8 @@ class DumpImport {
     for_each_node(tree_.store().root(), [this](const Node& node) {
       if (node.kind == Node::Kind::kInstance) ++result_.objects;
     });
-    TreeAccess::store(tree) = std::move(tree_.store());
+    std::string reason = TreeAccess::replace(tree, std::move(tree_.store()));
+    if (!reason.empty()) return reason;
     result_.ok = true;
     result = result_;
     return {};
@@ -109,20 +110,20 @@ class DumpImport {
     const std::string& name = field(record, kName);
     if (name == kRootName) return name + " is an object, so it cannot be a parameter";
     const Access access = is_true(field(record, kWritable)) ? kReadWrite : kReadOnly;
-    Cell* cell = nullptr;
+    Cell cell;
     std::string reason =
         tree_.make_parameter(name, type_from_dump(field(record, kType)), access, cell);
-    if (reason.empty()) take_value(*cell, field(record, kValue));
+    if (reason.empty()) take_value(cell, field(record, kValue));
     return reason;
   }
 
-  void take_value(Cell& cell, const std::string& value) {
+  void take_value(const Cell& cell, const std::string& value) {
     if (cell.is_count()) {
       ++result_.counts;
       return;
     }
     ++(cell.row != nullptr ? result_.parameters : result_.extensions);
-    const std::string text = cell.type == kBoolean ? normalised_boolean(value) : value;
+    const std::string text = cell.type() == kBoolean ? normalised_boolean(value) : value;
     if (text != value) ++result_.booleans;
     TreeStore::set(cell, text);
   }

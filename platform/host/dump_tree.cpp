@@ -46,7 +46,7 @@ std::string DumpTree::make_object(const std::string& path, Node*& object) {
 std::string DumpTree::make_below(Node& parent, const std::string& name, Node*& object) {
   object = store_.node(parent.path + name + ".");  // it may have come with its parent
   if (object != nullptr) return {};
-  if (parent.parameters.find(name) != parent.parameters.end()) {
+  if (cell_of(parent, name)) {
     return parent.path + name + " is a parameter, so it cannot be an object";
   }
   if (is_number(name)) return make_instance(parent, name, object);
@@ -66,9 +66,9 @@ std::string DumpTree::make_instance(Node& parent, const std::string& number, Nod
 }
 
 std::string DumpTree::make_parameter(const std::string& name, ValueType type, Access access,
-                                     Cell*& cell) {
+                                     Cell& cell) {
   cell = store_.cell(name);
-  if (cell != nullptr) return {};
+  if (cell) return {};
   std::string reason = why_malformed(name + ".");
   if (!reason.empty()) return reason;
   const std::size_t own = last_component(name);
@@ -80,7 +80,7 @@ std::string DumpTree::make_parameter(const std::string& name, ValueType type, Ac
   const bool is_object = store_.node(name + ".") != nullptr;
   if (is_object) return name + " is an object, so it cannot be a parameter";
   cell = store_.cell(name);  // it may have come with its object
-  if (cell == nullptr) cell = &store_.add_foreign_parameter(*owner, own_name, type, access);
+  if (!cell) cell = TreeStore::add_foreign_parameter(*owner, own_name, type, access);
   return {};
 }
 

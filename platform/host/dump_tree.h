@@ -18,7 +18,7 @@ class DumpTree {
 
   /// Sees to it that the parameter exists, with its object. `type` and `access` are for one that
   /// the data model does not know.
-  std::string make_parameter(const std::string& name, ValueType type, Access access, Cell*& cell);
+  std::string make_parameter(const std::string& name, ValueType type, Access access, Cell& cell);
 
   TreeStore& store() { return store_; }
 

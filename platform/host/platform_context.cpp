@@ -1,24 +1,50 @@
 /// The context that libigd asks for, and the tree behind it.
 #include <cstddef>
+#include <optional>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "host_platform.h"
+#include "host_store.h"
+#include "tree_access.h"
 
 namespace host {
 namespace {
 
-/// Made at first use and never destroyed: other objects may still use it while the process ends.
-Tree& process_tree() {
-  static auto* const tree = new Tree(Tree::factory());
-  return *tree;
+Tree* exchanged_tree = nullptr;  // null: that of the process's store
+
+/// Stands for the tree of a store that could not be opened: it has nothing and takes nothing.
+class NoStore final : public TreeObserver {
+ public:
+  NoStore() { TreeAccess::observe(tree_, this); }
+  Tree& tree() { return tree_; }
+
+  Admission admit() override { return {"the store could not be opened", false}; }
+  void added(const std::string&, const std::string&, const std::optional<Row>&) override {}
+  void deleting(const std::string&, const RowSet&) override {}
+  void setting(const std::string&, const std::string&, const std::optional<Row>&,
+               const std::string&) override {}
+  void replaced(const RowSet&, const RowSet&) override {}
+
+ private:
+  Tree tree_;
+};
+
+Tree& tree_of_no_store() {
+  static auto* const no_store = new NoStore;
+  return no_store->tree();
 }
 
-Tree* exchanged_tree = nullptr;  // null: the process's own
+Store* active_store() { return exchanged_tree == nullptr ? process_store() : nullptr; }
 
 /// Walks the names there were when it was opened, so writes do not disturb it.
 class NameIterator final : public InstanceIterator {
  public:
-  explicit NameIterator(std::vector<std::string> names) : names_(std::move(names)) {}
+  /// @param store  whose view stays as it is until the walk ends; null when there is none
+  NameIterator(std::vector<std::string> names, Store* store) : names_(std::move(names)) {
+    if (store != nullptr) hold_.emplace(*store);
+  }
 
   int next() override {
     if (position_ < names_.size()) ++position_;
@@ -32,6 +58,7 @@ class NameIterator final : public InstanceIterator {
  private:
   std::vector<std::string> names_;
   std::size_t position_ = 0;
+  std::optional<ReadHold> hold_;
 };
 
 /// Hands every call to the tree that is active at that moment.
@@ -45,7 +72,7 @@ class ActiveTreeAccess final : public MibAccess {
   }
   InstanceIterator* openInstanceIterator(int type) override {
     auto names = active_tree().instances(type);
-    return names.empty() ? nullptr : new NameIterator(std::move(names));
+    return names.empty() ? nullptr : new NameIterator(std::move(names), active_store());
   }
   void closeInstanceIterator(InstanceIterator* iterator) override {
     delete static_cast<NameIterator*>(iterator);
@@ -54,8 +81,13 @@ class ActiveTreeAccess final : public MibAccess {
   int setValue(const std::string& name, const std::string& value, int /*flags*/) override {
     return active_tree().set_value(name, value);
   }
-  // A tree in memory is all there is: nothing waits to be written and no service runs.
-  int commit(int /*mode*/) override { return 0; }
+  /// 0 means on disk. A tree that was put in place of the store's is in memory only.
+  int commit(int /*mode*/) override {
+    if (exchanged_tree != nullptr) return 0;
+    Store* const store = process_store();
+    return store != nullptr && store->commit().ok() ? 0 : -1;
+  }
+  // No service runs here.
   int applyChanges(const std::string& /*scope*/) override { return 0; }
 };
 
@@ -67,7 +99,11 @@ class HostContext final : public PlatformContext {
 
 }  // namespace
 
-Tree& active_tree() { return exchanged_tree != nullptr ? *exchanged_tree : process_tree(); }
+Tree& active_tree() {
+  if (exchanged_tree != nullptr) return *exchanged_tree;
+  Store* const store = process_store();
+  return store != nullptr ? store->tree() : tree_of_no_store();
+}
 
 Tree* exchange_active_tree(Tree* tree) {
   Tree* const before = &active_tree();
@@ -84,5 +120,6 @@ MibAccess& mib_access() {
 
 HOST_EXPORT PlatformContext* getContext() {
   static auto* const context = new host::HostContext;
-  return context;
+  const bool is_ready = host::exchanged_tree != nullptr || host::process_store() != nullptr;
+  return is_ready ? context : nullptr;
 }

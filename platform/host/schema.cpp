@@ -1,6 +1,8 @@
 #include "schema.h"
 
+#include <algorithm>
 #include <array>
+#include <unordered_map>
 #include <utility>
 
 namespace host {
@@ -43,19 +45,54 @@ void take_rows(ObjectSchema& root, SchemaRows rows) {
   }
 }
 
-ObjectSchema* make_data_model() {
-  auto* root = new ObjectSchema;
-  take_rows(*root, device_rows());
-  take_rows(*root, wan_rows());
-  take_rows(*root, bridging_rows());
-  return root;
+/// Puts the parameters of an object, and of all below it, into order.
+void arrange(ObjectSchema& object) {
+  auto& parameters = object.parameters;
+  std::sort(parameters.begin(), parameters.end(),
+            [](const SchemaRow* left, const SchemaRow* right) { return left->name < right->name; });
+  std::vector<std::string_view> names;
+  for (const SchemaRow* row : parameters) names.push_back(row->name);
+  object.places = NameTable(names);
+  for (auto& [name, child] : object.children) arrange(*child);
+}
+
+struct DataModel {
+  ObjectSchema root;
+  std::unordered_map<int, Enumeration> enumerations;
+
+  DataModel() {
+    take_rows(root, device_rows());
+    take_rows(root, wan_rows());
+    take_rows(root, bridging_rows());
+    arrange(root);
+    enumerate(root);
+  }
+
+  void enumerate(ObjectSchema& object) {
+    enumerate(object, object.row->identifier, {});
+    for (const SchemaRow* row : object.parameters) enumerate(object, row->identifier, row->name);
+    for (auto& [name, child] : object.children) enumerate(*child);
+  }
+
+  void enumerate(ObjectSchema& object, int identifier, std::string_view parameter) {
+    if (identifier == 0) return;
+    object.enumerated = true;
+    enumerations[identifier] = {&object, parameter};
+  }
+};
+
+const DataModel& model() {
+  static const auto* const made = new DataModel;
+  return *made;
 }
 
 }  // namespace
 
-const ObjectSchema& data_model() {
-  static const ObjectSchema* const model = make_data_model();
-  return *model;
+const ObjectSchema& data_model() { return model().root; }
+
+const Enumeration* enumeration_of(int object_type) {
+  const auto found = model().enumerations.find(object_type);
+  return found != model().enumerations.end() ? &found->second : nullptr;
 }
 
 std::string_view type_name(ValueType type) {

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "common_util.h"
+#include "name_table.h"
 
 namespace host {
 
@@ -88,7 +89,9 @@ SchemaRows bridging_rows();
 /// describes the instances.
 struct ObjectSchema {
   const SchemaRow* row = nullptr;
-  std::vector<const SchemaRow*> parameters;
+  bool enumerated = false;                   ///< whether an ObjectType enumerates it, or in it
+  std::vector<const SchemaRow*> parameters;  ///< in byte order of their names
+  NameTable places;                          ///< of the parameters
   std::map<std::string, std::unique_ptr<ObjectSchema>, std::less<>> children;
 
   bool is_table() const { return row->kind == kTableRow; }
@@ -96,6 +99,15 @@ struct ObjectSchema {
 
 /// The data model from its root down; made at first use, the same object ever after.
 const ObjectSchema& data_model();
+
+/// What an ObjectType enumerates: all objects of a kind, or one parameter of each.
+struct Enumeration {
+  const ObjectSchema* object;
+  std::string_view parameter;  ///< its name, "" for the object itself
+};
+
+/// Null for a number that is no ObjectType.
+const Enumeration* enumeration_of(int object_type);
 
 /// The type's name in TR-098 ("unsignedInt").
 std::string_view type_name(ValueType type);

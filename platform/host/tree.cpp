@@ -3,6 +3,7 @@
 
 #include "host_platform.h"
 #include "tree_access.h"
+#include "tree_rows.h"
 
 namespace host {
 namespace {
@@ -14,7 +15,7 @@ constexpr std::size_t kRefusalsKept = 10000;
 /// Why a text that should be the path of an object is none.
 std::string why_no_object(const TreeStore& store, const std::string& path) {
   if (path.empty()) return "the path is empty";
-  if (store.cell(path) != nullptr) return "this is a parameter, not an object";
+  if (store.cell(path)) return "this is a parameter, not an object";
   if (path.back() != '.') return "the path of an object ends in a dot";
   return "no such object";
 }
@@ -36,10 +37,10 @@ std::string why_not_deleted(const TreeStore& store, const std::string& path, con
   return {};
 }
 
-std::string why_not_set(const TreeStore& store, const std::string& name, const Cell* cell) {
-  if (cell == nullptr && store.node(name) != nullptr) return "this is an object, not a parameter";
-  if (cell == nullptr) return "no such parameter";
-  if (cell->is_count()) return "the number of instances is computed";
+std::string why_not_set(const TreeStore& store, const std::string& name, const Cell& cell) {
+  if (!cell && store.node(name) != nullptr) return "this is an object, not a parameter";
+  if (!cell) return "no such parameter";
+  if (cell.is_count()) return "the number of instances is computed";
   return {};
 }
 
@@ -54,33 +55,76 @@ bool refuse(std::vector<Refusal>& refusals, const char* call, const std::string&
   return true;
 }
 
+/// Why a write is refused: `check` says what the tree has against it; then the observer is asked,
+/// and after it the tree again when it moved on meanwhile.
+template <typename Check>
+std::string why_refused(TreeObserver* observer, const Check& check) {
+  std::string reason = check();
+  if (!reason.empty() || observer == nullptr) return reason;
+  const TreeObserver::Admission admission = observer->admit();
+  if (!admission.refusal.empty() || !admission.moved) return admission.refusal;
+  return check();
+}
+
 }  // namespace
 
 Tree::Tree() : impl_(std::make_unique<Impl>()) {}
 Tree::Tree(const Tree& other) : impl_(std::make_unique<Impl>(*other.impl_)) {}
 Tree::Tree(Tree&& other) noexcept = default;
-Tree& Tree::operator=(Tree&& other) noexcept = default;
 Tree::~Tree() = default;
 
 Tree& Tree::operator=(const Tree& other) {
-  if (this != &other) impl_ = std::make_unique<Impl>(*other.impl_);
+  if (this != &other) *this = Tree(other);
   return *this;
+}
+
+Tree& Tree::operator=(Tree&& other) noexcept {
+  if (this == &other) return *this;
+  if (impl_ != nullptr && impl_->observer != nullptr) {
+    (void)TreeAccess::replace(*this, std::move(other.impl_->store));
+  } else {
+    impl_ = std::move(other.impl_);
+  }
+  return *this;
+}
+
+std::string TreeAccess::replace(Tree& tree, TreeStore content) {
+  Tree::Impl& impl = *tree.impl_;
+  std::string reason = why_refused(impl.observer, [] { return std::string(); });
+  const std::string root(kRootPath);
+  if (refuse(impl.refusals, "replace", root, reason)) return reason;
+  const RowSet before = impl.observer != nullptr ? rows_of(impl.store) : RowSet();
+  impl.store = std::move(content);
+  if (impl.observer != nullptr) impl.observer->replaced(before, rows_of(impl.store));
+  return {};
 }
 
 int Tree::add_object(const std::string& table_path, int* instance) {
   TreeStore& store = impl_->store;
-  Node* table = store.node(table_path);
-  const std::string reason = why_no_instance(store, table_path, table, instance);
+  TreeObserver* const observer = impl_->observer;
+  Node* table = nullptr;
+  const std::string reason = why_refused(observer, [&] {
+    table = store.node(table_path);
+    return why_no_instance(store, table_path, table, instance);
+  });
   if (refuse(impl_->refusals, "addObject", table_path, reason)) return kRefused;
-  *instance = store.add_instance(*table, table->last_number + 1).number;
+  const std::optional<Row> table_before = observer != nullptr ? row_of(*table) : std::nullopt;
+  const Node& added = store.add_instance(*table, table->last_number + 1);
+  *instance = added.number;
+  if (observer != nullptr) observer->added(added.path, table_path, table_before);
   return kDone;
 }
 
 int Tree::delete_object(const std::string& object_path) {
   TreeStore& store = impl_->store;
-  Node* node = store.node(object_path);
-  const std::string reason = why_not_deleted(store, object_path, node);
+  TreeObserver* const observer = impl_->observer;
+  Node* node = nullptr;
+  const std::string reason = why_refused(observer, [&] {
+    node = store.node(object_path);
+    return why_not_deleted(store, object_path, node);
+  });
   if (refuse(impl_->refusals, "deleteObject", object_path, reason)) return kRefused;
+  if (observer != nullptr) observer->deleting(object_path, rows_below(*node));
   const bool always_there = node->kind == Node::Kind::kObject && node->schema != nullptr;
   if (always_there) {
     store.reset(*node);
@@ -92,15 +136,21 @@ int Tree::delete_object(const std::string& object_path) {
 
 int Tree::set_value(const std::string& name, const std::string& value) {
   TreeStore& store = impl_->store;
-  Cell* cell = store.cell(name);
-  if (refuse(impl_->refusals, "setValue", name, why_not_set(store, name, cell))) return kRefused;
-  TreeStore::set(*cell, value);
+  TreeObserver* const observer = impl_->observer;
+  Cell cell;
+  const std::string reason = why_refused(observer, [&] {
+    cell = store.cell(name);
+    return why_not_set(store, name, cell);
+  });
+  if (refuse(impl_->refusals, "setValue", name, reason)) return kRefused;
+  if (observer != nullptr) observer->setting(name, value_of(cell), row_of(cell), value);
+  TreeStore::set(cell, value);
   return kDone;
 }
 
 std::string Tree::value(const std::string& name) const {
-  const Cell* cell = impl_->store.cell(name);
-  return cell != nullptr ? value_of(*cell) : std::string();
+  const Cell cell = impl_->store.cell(name);
+  return cell ? value_of(cell) : std::string();
 }
 
 std::vector<std::string> Tree::instances(int object_type) const {
@@ -111,15 +161,15 @@ bool Tree::has_object(std::string_view object_path) const {
   return impl_->store.node(object_path) != nullptr;
 }
 
-bool Tree::has_parameter(std::string_view name) const { return impl_->store.cell(name) != nullptr; }
+bool Tree::has_parameter(std::string_view name) const {
+  return static_cast<bool>(impl_->store.cell(name));
+}
 
 std::optional<ParameterInfo> Tree::describe(std::string_view name) const {
-  const Cell* cell = impl_->store.cell(name);
-  if (cell == nullptr) return std::nullopt;
-  const bool extension = cell->row == nullptr;
-  return ParameterInfo{std::string(type_name(cell->type)), cell->access == kReadWrite,
-                       extension ? std::string() : std::string(cell->row->initial),
-                       cell->is_count(), extension};
+  const Cell cell = impl_->store.cell(name);
+  if (!cell) return std::nullopt;
+  return ParameterInfo{std::string(type_name(cell.type())), cell.access() == kReadWrite,
+                       std::string(cell.initial()), cell.is_count(), cell.row == nullptr};
 }
 
 std::vector<Parameter> Tree::parameters(std::string_view prefix) const {
@@ -129,10 +179,12 @@ std::vector<Parameter> Tree::parameters(std::string_view prefix) const {
   const Node* top = whole ? &impl_->store.root() : impl_->store.node(above);
   if (top == nullptr) return listed;
   for_each_node(*top, [&listed, prefix](const Node& node) {
-    for (const auto& [name, cell] : node.parameters) {
-      if (cell.full_name.compare(0, prefix.size(), prefix) != 0) continue;
-      listed.push_back({cell.full_name, value_of(cell)});
-    }
+    for_each_cell(node, [&](std::string_view name, const Cell& cell) {
+      std::string full_name = node.path;
+      full_name += name;
+      if (full_name.compare(0, prefix.size(), prefix) != 0) return;
+      listed.push_back({std::move(full_name), value_of(cell)});
+    });
   });
   return listed;
 }

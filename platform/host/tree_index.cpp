@@ -1,59 +1,67 @@
 #include "tree_index.h"
 
+#include <algorithm>
+#include <cstring>
+
 namespace host {
 namespace {
 
-constexpr int kNoType = 0;
+using ObjectList = std::vector<const Node*>;
 
-int type_of(const Node& node) {
-  const bool is_enumerated = node.kind == Node::Kind::kInstance && node.schema != nullptr;
-  return is_enumerated ? node.schema->row->identifier : kNoType;
+bool is_enumerated(const Node& node) {
+  return node.kind != Node::Kind::kTable && node.schema != nullptr && node.schema->enumerated;
 }
 
-int type_of(const Cell& cell) { return cell.row != nullptr ? cell.row->identifier : kNoType; }
+/// Where an object stands, or belongs, among those of its kind. New ones nearly always come last.
+ObjectList::iterator place_of(ObjectList& objects, const Node& node) {
+  if (objects.empty() || comes_before(*objects.back(), node)) return objects.end();
+  const auto before = [](const Node* listed, const Node* wanted) {
+    return comes_before(*listed, *wanted);
+  };
+  return std::lower_bound(objects.begin(), objects.end(), &node, before);
+}
+
+/// 0 when there is no dot. Faster than rfind, which looks at one character at a time.
+std::size_t after_last_dot(std::string_view name) {
+  const void* dot = name.empty() ? nullptr : memrchr(name.data(), '.', name.size());
+  return dot != nullptr ? static_cast<std::size_t>(static_cast<const char*>(dot) - name.data()) + 1
+                        : 0;
+}
 
 }  // namespace
 
 void TreeIndex::enter(Node& node) {
-  nodes_.emplace(node.path, &node);
-  const int type = type_of(node);
-  if (type != kNoType) enumerations_[type].emplace(instance_numbers(node), node.path);
-}
-
-void TreeIndex::enter(Cell& cell) {
-  cells_.emplace(cell.full_name, &cell);
-  const int type = type_of(cell);
-  if (type != kNoType) enumerations_[type].emplace(instance_numbers(*cell.owner), cell.full_name);
+  nodes_.enter(node);
+  if (!is_enumerated(node)) return;
+  ObjectList& objects = enumerated_[node.schema];
+  objects.insert(place_of(objects, node), &node);
 }
 
 void TreeIndex::leave(const Node& node) {
-  const int type = type_of(node);
-  if (type != kNoType) enumerations_[type].erase(instance_numbers(node));
-  nodes_.erase(node.path);
+  nodes_.leave(node);
+  if (!is_enumerated(node)) return;
+  ObjectList& objects = enumerated_[node.schema];
+  objects.erase(place_of(objects, node));
 }
 
-void TreeIndex::leave(const Cell& cell) {
-  const int type = type_of(cell);
-  if (type != kNoType) enumerations_[type].erase(instance_numbers(*cell.owner));
-  cells_.erase(cell.full_name);
-}
-
-Node* TreeIndex::node(std::string_view path) const {
-  const auto found = nodes_.find(path);
-  return found != nodes_.end() ? found->second : nullptr;
-}
-
-Cell* TreeIndex::cell(std::string_view full_name) const {
-  const auto found = cells_.find(full_name);
-  return found != cells_.end() ? found->second : nullptr;
+Cell TreeIndex::cell(std::string_view full_name) const {
+  const std::size_t own = after_last_dot(full_name);
+  const Node* owner = nodes_.find(full_name.substr(0, own));
+  return owner != nullptr ? cell_of(*owner, full_name.substr(own)) : Cell();
 }
 
 std::vector<std::string> TreeIndex::names(int object_type) const {
   std::vector<std::string> names;
-  const auto found = enumerations_.find(object_type);
-  if (found == enumerations_.end()) return names;
+  const Enumeration* enumeration = enumeration_of(object_type);
+  if (enumeration == nullptr) return names;
+  const auto found = enumerated_.find(enumeration->object);
+  if (found == enumerated_.end()) return names;
   names.reserve(found->second.size());
-  for (const auto& [numbers, name] : found->second) names.emplace_back(name);
+  for (const Node* node : found->second) {
+    std::string& name = names.emplace_back();
+    name.reserve(node->path.size() + enumeration->parameter.size());
+    name.append(node->path).append(enumeration->parameter);
+  }
   return names;
 }
 

@@ -5,43 +5,46 @@
 #include <utility>
 
 namespace host {
+namespace {
 
-TreeStore::TreeStore() {
-  attach(root_, std::make_unique<Node>(Node::Kind::kObject, std::string(kRootPath), &data_model(),
-                                       nullptr));
+/// The path of an object below another, in exactly the memory it takes.
+std::string path_below(const Node& parent, std::string_view name) {
+  std::string path;
+  path.reserve(parent.path.size() + name.size() + 1);
+  return path.append(parent.path).append(name).append(1, '.');
+}
+
+void restore_defaults(Node& node) {
+  const std::size_t count = node.values ? node.schema->parameters.size() : 0;
+  for (std::size_t place = 0; place < count; ++place) node.values[place].clear();
+  node.extensions.reset();
+}
+
+}  // namespace
+
+TreeStore::TreeStore()
+    : root_(std::make_unique<Node>(Node::Kind::kObject, std::string(kRootPath), &data_model(),
+                                   nullptr)) {
+  index_.enter(*root_);
   complete(*root_);
 }
 
 TreeStore::TreeStore(const TreeStore& other) : root_(clone(*other.root_, nullptr)) {
-  for_each_node(*root_, [this](Node& node) {
-    index_.enter(node);
-    for (auto& [name, cell] : node.parameters) index_.enter(cell);
-  });
+  for_each_node(*root_, [this](Node& node) { index_.enter(node); });
 }
 
-Node& TreeStore::attach(std::unique_ptr<Node>& place, std::unique_ptr<Node> node) {
-  place = std::move(node);
-  index_.enter(*place);
-  return *place;
-}
-
-Cell& TreeStore::attach(Node& owner, const std::string& name, Cell cell) {
-  Cell& placed = owner.parameters.emplace(name, std::move(cell)).first->second;
+Node& TreeStore::attach(Node& parent, std::unique_ptr<Node> node) {
+  Node& placed = place_below(parent, std::move(node));
   index_.enter(placed);
   return placed;
 }
 
-/// Gives a new object the parameters and the objects that the data model has below it.
+/// Gives a new object the objects that the data model has below it.
 void TreeStore::complete(Node& node) {
-  for (const SchemaRow* row : node.schema->parameters) {
-    const std::string name(row->name);
-    attach(node, name,
-           {node.path + name, std::string(row->initial), row, row->type, row->access, &node});
-  }
   for (const auto& [name, schema] : node.schema->children) {
     const auto kind = schema->is_table() ? Node::Kind::kTable : Node::Kind::kObject;
-    auto made = std::make_unique<Node>(kind, node.path + name + ".", schema.get(), &node);
-    Node& child = attach(node.children[name], std::move(made));
+    Node& child =
+        attach(node, std::make_unique<Node>(kind, path_below(node, name), schema.get(), &node));
     if (kind == Node::Kind::kObject) complete(child);
   }
 }
@@ -50,52 +53,58 @@ Node& TreeStore::add_instance(Node& table, int number) {
   const bool unknown = table.schema == nullptr && table.kind == Node::Kind::kObject;
   if (unknown) table.kind = Node::Kind::kTable;
   const bool in_model = table.kind == Node::Kind::kTable && table.schema != nullptr;
-  auto made =
-      std::make_unique<Node>(Node::Kind::kInstance, table.path + std::to_string(number) + ".",
-                             in_model ? table.schema : nullptr, &table, number);
-  Node& instance = attach(table.instances[number], std::move(made));
+  Node& instance =
+      attach(table, std::make_unique<Node>(Node::Kind::kInstance,
+                                           path_below(table, std::to_string(number)),
+                                           in_model ? table.schema : nullptr, &table, number));
   table.last_number = std::max(table.last_number, number);
   if (in_model) complete(instance);
   return instance;
 }
 
 Node& TreeStore::add_foreign_object(Node& parent, const std::string& name) {
-  auto made =
-      std::make_unique<Node>(Node::Kind::kObject, parent.path + name + ".", nullptr, &parent);
-  return attach(parent.children[name], std::move(made));
+  return attach(parent, std::make_unique<Node>(Node::Kind::kObject, path_below(parent, name),
+                                               nullptr, &parent));
 }
 
-Cell& TreeStore::add_foreign_parameter(Node& owner, const std::string& name, ValueType type,
-                                       Access access) {
-  return attach(owner, name, {owner.path + name, {}, nullptr, type, access, &owner});
+Cell TreeStore::add_foreign_parameter(Node& owner, const std::string& name, ValueType type,
+                                      Access access) {
+  if (!owner.extensions) owner.extensions = std::make_unique<Extensions>();
+  Extension& extension = (*owner.extensions)[name];
+  extension.type = type;
+  extension.access = access;
+  return {&owner, nullptr, &extension, &extension.text};
 }
 
-void TreeStore::set(Cell& cell, const std::string& text) { cell.text = text; }
+void TreeStore::set(const Cell& cell, std::string_view text) {
+  if (text == cell.initial()) {
+    cell.text->clear();
+  } else {
+    cell.text->assign(text);
+  }
+}
 
-/// Takes everything in and below a node out of the index.
+/// Takes a node and all below it out of the index.
 void TreeStore::forget(const Node& node) {
-  for_each_node(node, [this](const Node& gone) {
-    for (const auto& [name, cell] : gone.parameters) index_.leave(cell);
-    index_.leave(gone);
-  });
+  for_each_node(node, [this](const Node& gone) { index_.leave(gone); });
 }
 
 void TreeStore::remove(Node& node) {
   forget(node);
-  Node& parent = *node.parent;
-  if (node.kind == Node::Kind::kInstance) {
-    parent.instances.erase(node.number);
-  } else {
-    const std::size_t above = parent.path.size();
-    parent.children.erase(node.path.substr(above, node.path.size() - above - 1));
-  }
+  take_from(*node.parent, node);
+}
+
+void TreeStore::remove(const Cell& cell) {
+  Extensions& extensions = *node(cell.owner->path)->extensions;
+  const auto is_it = [&cell](const auto& named) { return &named.second == cell.extension; };
+  extensions.erase(std::find_if(extensions.begin(), extensions.end(), is_it));
 }
 
 void TreeStore::reset(Node& node) {
-  reset_parameters(node);
+  restore_defaults(node);
   remove_instances(node);
-  for (auto next = node.children.begin(); next != node.children.end();) {
-    Node& child = *next++->second;
+  for (std::size_t left = node.children.size(); left > 0; --left) {
+    Node& child = *node.children[left - 1];
     if (child.schema != nullptr) {
       reset(child);
     } else {
@@ -104,21 +113,8 @@ void TreeStore::reset(Node& node) {
   }
 }
 
-void TreeStore::reset_parameters(Node& node) {
-  for (auto next = node.parameters.begin(); next != node.parameters.end();) {
-    const auto at = next++;
-    Cell& cell = at->second;
-    if (cell.row != nullptr) {
-      set(cell, std::string(cell.row->initial));
-    } else {
-      index_.leave(cell);
-      node.parameters.erase(at);
-    }
-  }
-}
-
 void TreeStore::remove_instances(Node& node) {
-  while (!node.instances.empty()) remove(*node.instances.begin()->second);
+  while (!node.instances.empty()) remove(*node.instances.back());
 }
 
 }  // namespace host

@@ -26,7 +26,7 @@ class TreeStore {
 
   const Node& root() const { return *root_; }
   Node* node(std::string_view path) const { return index_.node(path); }
-  Cell* cell(std::string_view full_name) const { return index_.cell(full_name); }
+  Cell cell(std::string_view full_name) const { return index_.cell(full_name); }
   std::vector<std::string> names(int object_type) const { return index_.names(object_type); }
 
   /// Makes an instance that is not there yet. In a table of the data model it comes with all its
@@ -36,22 +36,23 @@ class TreeStore {
   /// Makes an empty object that the data model does not know.
   Node& add_foreign_object(Node& parent, const std::string& name);
   /// Makes a parameter that the data model does not know.
-  Cell& add_foreign_parameter(Node& owner, const std::string& name, ValueType type, Access access);
+  static Cell add_foreign_parameter(Node& owner, const std::string& name, ValueType type,
+                                    Access access);
 
-  static void set(Cell& cell, const std::string& text);
+  static void set(const Cell& cell, std::string_view text);
 
   /// Removes an instance, or an object the data model does not know, with all below it.
   void remove(Node& node);
+  /// Removes a parameter that the data model does not know.
+  void remove(const Cell& cell);
   /// Brings an object of the data model back to how a new tree has it. Its tables, which lose all
   /// instances, go on counting where they were.
   void reset(Node& node);
 
  private:
-  Node& attach(std::unique_ptr<Node>& place, std::unique_ptr<Node> node);
-  Cell& attach(Node& owner, const std::string& name, Cell cell);
+  Node& attach(Node& parent, std::unique_ptr<Node> node);
   void complete(Node& node);
   void forget(const Node& node);
-  void reset_parameters(Node& node);
   void remove_instances(Node& node);
 
   std::unique_ptr<Node> root_;

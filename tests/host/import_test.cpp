@@ -212,6 +212,39 @@ TEST(Import, KeepsThePlaceOfExtensionsInStandardObjectsAndTables) {
   EXPECT_EQ(tree.value("InternetGatewayDevice.X_A_Top"), "top");
 }
 
+TEST(Import, ListsExtensionsAmongTheParametersOfTheDataModelInByteOrder) {
+  const Tree tree = tree_of(
+      "InternetGatewayDevice.Layer3Forwarding.ForwardA,false,true,1,xsd:string\n"
+      "InternetGatewayDevice.Layer3Forwarding.Aa,false,true,2,xsd:string\n"
+      "InternetGatewayDevice.Layer3Forwarding.Z-B.V,false,true,5,xsd:string\n"
+      "InternetGatewayDevice.Layer3Forwarding.Z.V,false,true,4,xsd:string\n"
+      "InternetGatewayDevice.Layer3Forwarding.Z,true,true,,\n"
+      "InternetGatewayDevice.Layer3Forwarding.X_A,false,true,3,xsd:string\n");
+  std::string listed;
+  const std::string above = kRoot + "Layer3Forwarding.";
+  for (const auto& parameter : tree.parameters(above)) {
+    listed += parameter.name.substr(above.size()) + "=" + parameter.value + "\n";
+  }
+  EXPECT_EQ(listed,
+            "Aa=2\nDefaultConnectionService=\nForwardA=1\nForwardNumberOfEntries=0\n"
+            "X_A=3\nZ.V=4\nZ-B.V=5\n");
+}
+
+TEST(Import, ComesAlongInCopiesWhichAreIndependent) {
+  Tree tree = tree_of(
+      "InternetGatewayDevice.User.2.X_A,false,false,7,xsd:int\n"
+      "InternetGatewayDevice.DeviceInfo.X_B,false,true,,xsd:string\n");
+  const Tree copy = tree;
+  ASSERT_EQ(tree.set_value("InternetGatewayDevice.User.2.X_A", "8"), 0);
+  ASSERT_EQ(tree.delete_object(kInfo), 0);
+  EXPECT_EQ(copy.value("InternetGatewayDevice.User.2.X_A"), "7");
+  EXPECT_TRUE(copy.has_parameter(kInfo + "X_B"));
+  const auto info = copy.describe("InternetGatewayDevice.User.2.X_A");
+  ASSERT_TRUE(info.has_value());
+  EXPECT_EQ(info->type, "int");
+  EXPECT_FALSE(info->writable);
+}
+
 TEST(Import, TakesTheHighestInstanceNumberThereIs) {
   Tree tree = tree_of("InternetGatewayDevice.Layer2Bridging.Bridge.2147483647,true,true,,\n");
   EXPECT_TRUE(tree.has_object(kBridges + "2147483647."));

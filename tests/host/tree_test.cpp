@@ -106,6 +106,47 @@ TEST(SetValue, StoresAnyTextInAnyKnownParameter) {
   }
 }
 
+TEST(SetValue, ReplacesTextsOfEveryLengthByTextsOfEveryOther) {
+  Tree tree;
+  const std::string name = added(tree, kBridges) + "BridgeName";
+  constexpr std::size_t kLongest = 70;
+  for (std::size_t before = 0; before <= kLongest; ++before) {
+    for (std::size_t after = 0; after <= kLongest; ++after) {
+      ASSERT_EQ(tree.set_value(name, std::string(before, 'b')), 0);
+      ASSERT_EQ(tree.set_value(name, std::string(after, 'a')), 0);
+      ASSERT_EQ(tree.value(name), std::string(after, 'a')) << before;
+    }
+  }
+}
+
+TEST(SetValue, TakesTheDefaultAndTheEmptyTextLikeAnyOther) {
+  Tree tree;
+  const std::string name = added(tree, kBridges) + "BridgeStandard";
+  for (const char* text : {"802.1Q", "802.1D", "", "802.1D", "802.1Q"}) {
+    EXPECT_EQ(tree.set_value(name, text), 0);
+    EXPECT_EQ(tree.value(name), text);
+  }
+}
+
+TEST(SetValue, TouchesNoOtherParameter) {
+  Tree tree;
+  added(tree, kBridges);
+  const std::string bridge_path = added(tree, kBridges);
+  auto expected = tree.parameters(kBridges);
+  for (auto& parameter : expected) {
+    if (tree.describe(parameter.name)->derived) continue;
+    parameter.value = "of " + parameter.name;
+    EXPECT_EQ(tree.set_value(parameter.name, parameter.value), 0);
+  }
+  const auto listed = tree.parameters(kBridges);
+  ASSERT_EQ(listed.size(), expected.size());
+  for (std::size_t i = 0; i < listed.size(); ++i) {
+    EXPECT_EQ(listed[i].name, expected[i].name);
+    EXPECT_EQ(listed[i].value, expected[i].value);
+    EXPECT_EQ(tree.value(expected[i].name), expected[i].value);
+  }
+}
+
 TEST(Value, OfAnUnknownNameIsEmptyAndNoRefusal) {
   const Tree tree;
   EXPECT_EQ(tree.value("Enable"), "");

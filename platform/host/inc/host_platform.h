@@ -1,7 +1,7 @@
 /// Administration of the reference platform: the trees behind MibAccess, and the debug log.
 ///
 /// A program that only uses libigd needs nothing of this: getContext() hands out a process-wide
-/// MibAccess over a tree in factory state. Tests and tools that make, exchange, inspect or import
+/// MibAccess over the tree of the process's store (host_store.h). Tests and tools that make, exchange, inspect or import
 /// trees use this interface beside MibAccess.
 #ifndef HOST_PLATFORM_H
 #define HOST_PLATFORM_H
@@ -25,7 +25,7 @@ namespace host {
 /// A call that the tree refused, and so changed nothing. libigd looks at no result; this list is
 /// where a refusal shows.
 struct Refusal {
-  std::string call;    ///< "addObject", "deleteObject" or "setValue"
+  std::string call;    ///< "addObject", "deleteObject", "setValue", or "replace" for an import
   std::string name;    ///< the path or full name that was passed
   std::string reason;  ///< one sentence for people
 };
@@ -82,12 +82,14 @@ class HOST_EXPORT Tree {
   std::unique_ptr<Impl> impl_;
 };
 
-/// The tree behind getContext(): factory state at first use. It can be assigned to.
+/// The tree behind getContext(): that of the process's store (host_store.h), as it is now. It can
+/// be assigned to. What is written to it lasts when it is committed through MibAccess or the store.
+/// When the store cannot be opened it is an empty tree that refuses every write.
 HOST_EXPORT Tree& active_tree();
 
 /// Puts another tree behind getContext() and returns the one that was there. The MibAccess stays
 /// the same object. The caller keeps `tree` alive while it is active; null brings back the
-/// process's own tree.
+/// tree of the process's store.
 HOST_EXPORT Tree* exchange_active_tree(Tree* tree);
 
 /// What the context of getContext() hands out, for programs that supply a context of their own.

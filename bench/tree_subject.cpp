@@ -1,0 +1,51 @@
+// The tree of the reference platform.
+#include <utility>
+
+#include "benchmarks.h"
+#include "host_platform.h"
+
+namespace bench {
+namespace {
+
+class TreeSubject {
+ public:
+  explicit TreeSubject(const Workload& work) {
+    const std::string wan_path = added("InternetGatewayDevice.WANDevice.");
+    for (int i = 0; i < work.connections; ++i) {
+      const std::string device_path = added(wan_path + "WANConnectionDevice.");
+      added(device_path + "WANIPConnection.");
+      added(device_path + "WANPPPConnection.");
+    }
+    for (const Entry& entry : work.entries) tree_.set_value(entry.name, entry.first);
+    tree_.clear_refusals();  // of the counts
+  }
+
+  static std::string key(const std::string& name) { return name; }
+  std::string get(const std::string& key) const { return tree_.value(key); }
+  void set(const std::string& key, const std::string& value) { tree_.set_value(key, value); }
+  std::vector<std::string> enumerate_values() const {
+    std::vector<std::string> values = tree_.instances(kAddressingType);
+    for (std::string& value : values) value = tree_.value(value);
+    return values;
+  }
+  std::string add() { return added(kAddedTable); }
+  void remove(const std::string& path) { tree_.delete_object(path); }
+
+ private:
+  std::string added(const std::string& table_path) {
+    int number = 0;
+    tree_.add_object(table_path, &number);
+    return table_path + std::to_string(number) + ".";
+  }
+
+  host::Tree tree_;
+};
+
+}  // namespace
+
+void register_tree() {
+  note_memory<TreeSubject>("tree");
+  register_subject<TreeSubject>("tree");
+}
+
+}  // namespace bench

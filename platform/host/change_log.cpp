@@ -1,0 +1,78 @@
+#include "change_log.h"
+
+#include <map>
+
+#include "tree_rows.h"
+
+namespace host {
+
+void ChangeLog::added(const std::string& path, const std::string& table_path,
+                      const std::optional<Row>& table_before) {
+  steps_.push_back({WriteStep::Kind::kAdd, path, {}, {}});
+  remember(path, std::nullopt);
+  remember(table_path, table_before);
+}
+
+void ChangeLog::deleting(const std::string& path, const RowSet& below) {
+  steps_.push_back({WriteStep::Kind::kDelete, path, {}, {}});
+  for (const auto& [name, row] : below) remember(name, row);
+}
+
+void ChangeLog::setting(const std::string& name, const std::string& old_text,
+                        const std::optional<Row>& before, const std::string& text) {
+  steps_.push_back({WriteStep::Kind::kSet, name, old_text, text});
+  remember(name, before);
+}
+
+void ChangeLog::replaced(const RowSet& before, const RowSet& after) {
+  steps_.push_back({WriteStep::Kind::kReplace, std::string(kRootPath), {}, {}});
+  for (RowChange& change : changes_between(before, after)) {
+    remember(change.name, std::move(change.before));
+  }
+}
+
+void ChangeLog::clear() {
+  steps_.clear();
+  images_.clear();
+}
+
+RowChanges ChangeLog::net(const TreeStore& store) const {
+  std::map<std::string, const std::optional<Row>*> first;
+  for (const auto& [name, before] : images_) first.emplace(name, &before);
+  RowChanges changes;
+  for (const auto& [name, before] : first) {
+    std::optional<Row> now = row_of(store, name);
+    if (now != *before) changes.push_back({name, *before, std::move(now)});
+  }
+  return changes;
+}
+
+void ChangeLog::undo(TreeStore& store) {
+  (void)apply_changes(store, reversed(net(store)));  // these rows stood in this tree before
+  clear();
+}
+
+Difference in_words(const RowChanges& changes) {
+  Difference difference;
+  std::string gone;  // the topmost deleted object at this place; what was in it follows
+  for (const RowChange& change : changes) {
+    const bool is_object = change.name.back() == '.';
+    if (!is_object) {
+      const bool in_deleted = !gone.empty() && change.name.compare(0, gone.size(), gone) == 0;
+      if (in_deleted) continue;
+      const std::string initial = default_of(change.name);
+      difference.values.push_back({change.name, change.before ? change.before->text : initial,
+                                   change.after ? change.after->text : initial});
+      continue;
+    }
+    const Row& row = change.after ? *change.after : *change.before;
+    if (!row.is_object()) continue;  // a counter
+    if (!change.before) difference.added.push_back(change.name);
+    if (!change.after) difference.deleted.push_back(change.name);
+    const bool in_gone = !gone.empty() && change.name.compare(0, gone.size(), gone) == 0;
+    if (!change.after && !in_gone) gone = change.name;
+  }
+  return difference;
+}
+
+}  // namespace host

@@ -1,0 +1,95 @@
+/// A SQLite database, as far as the store needs one.
+#ifndef PLATFORM_HOST_DATABASE_H
+#define PLATFORM_HOST_DATABASE_H
+
+#include <sqlite3.h>
+
+#include <cstdint>
+#include <exception>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "host_store.h"
+
+namespace host {
+
+/// Thrown inside the store, and caught by it: why a call cannot go on.
+class StoreFailure final : public std::exception {
+ public:
+  StoreFailure(StoreError error, std::string text) : result_{error, std::move(text)} {}
+  const StoreResult& result() const { return result_; }
+  const char* what() const noexcept override { return result_.text.c_str(); }
+
+ private:
+  StoreResult result_;
+};
+
+/// A prepared statement that one caller at a time fills and runs. Places and columns count from 0.
+class Statement {
+ public:
+  Statement(sqlite3* connection, const char* sql);
+  Statement(const Statement&) = delete;
+  Statement& operator=(const Statement&) = delete;
+  ~Statement() { sqlite3_finalize(statement_); }
+
+  Statement& reset();
+  Statement& bind(int place, std::int64_t number);
+  Statement& bind_text(int place, std::string_view text);
+  Statement& bind_bytes(int place, std::string_view bytes);
+
+  bool next();  ///< runs on to the next row; false past the last
+  void run();   ///< runs to the end
+
+  std::int64_t number(int column);
+  std::string text(int column);  ///< also of bytes
+
+ private:
+  void check(int code);
+
+  sqlite3* connection_;
+  sqlite3_stmt* statement_ = nullptr;
+};
+
+/// Every member but the destructor throws StoreFailure.
+class Database {
+ public:
+  Database(const std::string& path, const StoreOptions& options);
+  Database(const Database&) = delete;
+  Database& operator=(const Database&) = delete;
+  ~Database();
+
+  void run(const char* sql);
+  std::int64_t number(const char* sql);  ///< the first column of the first row
+  std::string text(const char* sql);
+
+  /// Prepared once for each text, which must be a literal, and handed out fresh.
+  Statement& statement(const char* sql);
+
+  bool is_read_only() const { return sqlite3_db_readonly(connection_, "main") == 1; }
+
+ private:
+  sqlite3* connection_ = nullptr;
+  std::map<const char*, std::unique_ptr<Statement>> statements_;
+};
+
+/// A transaction that is rolled back unless it is committed.
+class Transaction {
+ public:
+  enum Kind { kRead, kWrite };
+  Transaction(Database& database, Kind kind);
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+  ~Transaction();
+  void commit();
+
+ private:
+  Database& database_;
+  bool open_ = true;
+};
+
+}  // namespace host
+
+#endif  // PLATFORM_HOST_DATABASE_H

@@ -1,0 +1,217 @@
+/// The durable store of the reference platform: one file that keeps a tree.
+///
+/// Reads are answered from memory. Writes go to the tree in memory and belong to a batch, which
+/// begins with the first write and ends with commit or discard: it lands in the file whole or not
+/// at all. A write that the store cannot take (it is locked, its disk fails) is refused and spoils
+/// its batch: the writes after it fail at once, and the next commit discards all of it and says so.
+/// Refusals of names, which libigd relies on, spoil nothing.
+///
+/// Several processes can share a store. The next read of each shows what another one committed. One
+/// batch at a time is open in all of them together: the first write of the next one waits.
+///
+/// getContext() keeps the process's own store; a program that only uses libigd needs nothing of
+/// this. Not for several threads at a time.
+#ifndef HOST_STORE_H
+#define HOST_STORE_H
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host_changes.h"
+#include "host_platform.h"
+
+namespace host {
+
+/// What came of a call to a store. Whatever failed has changed nothing, unless its line says so.
+enum class StoreError {
+  kNone,           ///< done
+  kNotOpened,      ///< the file cannot be made or opened: no such folder, no permission
+  kReadOnly,       ///< the file or its disk can be read but not written
+  kFull,           ///< the disk, or the size that the options allow, is full
+  kIo,             ///< reading or writing failed for another reason
+  kCorrupt,        ///< the file is damaged, or no database at all; it is left as it is
+  kForeign,        ///< the file is a database of something else; it is left as it is
+  kUnknownFormat,  ///< the store has a format of a newer or unknown version; it is left as it is
+  kLocked,         ///< another process kept the write lock for longer than the options allow
+  kMovedOn,        ///< another process committed meanwhile; this batch is discarded
+  kBatchOpen,      ///< there are writes that are neither committed nor discarded
+  kTrialOpen,      ///< a trial is open already
+  kNoTrial,        ///< no trial is open
+  kPending,        ///< another change waits for its confirmation; the batch is discarded
+  kNotPending,     ///< no change waits for its confirmation
+  kBadDeadline,    ///< a time to confirm is 1 second to 1 day
+  kBadName,        ///< a checkpoint's name is 1 to 64 letters, digits, ".", "_" and "-"
+  kNameTaken,      ///< there is a checkpoint of that name
+  kNoCheckpoint,   ///< there is no such checkpoint, or no more
+};
+
+/// "kLocked" and so on; "" for a number that is no error.
+HOST_EXPORT const char* name_of(StoreError error);
+
+struct StoreResult {
+  StoreError error = StoreError::kNone;
+  std::string text;  ///< one sentence for people, "" when done
+
+  bool ok() const { return error == StoreError::kNone; }
+};
+
+/// The time since the machine was switched on, which nobody can set.
+struct BootTime {
+  std::string boot;               ///< identity of this boot, another one after each start
+  std::int64_t milliseconds = 0;  ///< since its start, sleep included
+};
+
+/// A state that a store can go back to.
+struct Checkpoint {
+  std::string name;              ///< as given; of an automatic one "@" and its generation
+  std::uint64_t generation = 0;  ///< of the state it keeps
+  std::int64_t time = 0;         ///< when it was made, seconds since 1970
+  std::string label;             ///< of an automatic one: of the change that followed the state
+  bool automatic = false;
+};
+
+/// A change that is in effect, and will be reverted unless it is confirmed.
+struct PendingChange {
+  std::uint64_t generation = 0;
+  std::int64_t milliseconds_left = 0;
+  std::string label;
+};
+
+struct StoreOptions {
+  static constexpr int kLockTimeoutMs = 10000;
+  static constexpr int kLongestSilenceMs = 5000;
+
+  /// A file that is kCorrupt is renamed to "<path>.corrupt-<n>", with its log, and a new store
+  /// takes its place. Without it nothing is ever put over a file that is there.
+  bool keep_corrupt_aside = false;
+  /// How long a call waits for a lock of another process.
+  int lock_timeout_ms = kLockTimeoutMs;
+  /// How long another batch may write nothing while this one waits for it. Then it loses the write
+  /// lock and is discarded as a whole, so that nobody who forgets to commit stops the others.
+  int longest_silence_ms = kLongestSilenceMs;
+  /// The largest the file may grow, 0 for as large as the disk allows.
+  std::uint64_t size_limit_bytes = 0;
+  /// Name of the SQLite VFS that reads and writes the file, "" for the usual one.
+  std::string vfs;
+  /// Tells the boot time; empty for the machine's own.
+  std::function<BootTime()> clock;
+  /// Called when a commit is on disk and the other processes are not told yet; for tests.
+  std::function<void()> between_commit_and_counter;
+};
+
+/// A tree in a file. The path ":memory:" makes one that lasts as long as the object.
+class HOST_EXPORT Store {
+ public:
+  /// Opens a store; makes it with mode 0600 and factory state when there is no file. The folder
+  /// must be there. Returns null on failure, with the reason in `result`, which may be null.
+  static std::unique_ptr<Store> open(const std::string& path, const StoreOptions& options,
+                                     StoreResult* result);
+  Store(const Store&) = delete;
+  Store& operator=(const Store&) = delete;
+  /// Lets go of what was not committed.
+  ~Store();
+
+  const std::string& path() const;
+
+  /// The tree, for reading and writing. The reference lasts as long as the store. Assignments to
+  /// it and imports into it are writes of the batch like any other.
+  Tree& tree();
+
+  /// Makes the batch durable. Done means that it is on disk; on any failure all of the batch is
+  /// discarded, the tree is as it was at the last commit, and the debug sink has a line about it.
+  ///
+  /// @param label  what people see as the reason of the change
+  StoreResult commit(const std::string& label = {});
+
+  /// Undoes every write of the batch, spoilt or not, and ends the trial when one is open.
+  void discard();
+
+  /// Starts a batch that no commit ends, for operations that commit in their midst: until accept()
+  /// or discard(), commit() is done at once and writes nothing. Takes the write lock, so that checks
+  /// made in the trial still hold when it is accepted. kTrialOpen, kBatchOpen, kLocked, or what
+  /// reading the file failed with. A trial that was spoilt fails each commit() from then on.
+  StoreResult begin_trial();
+  bool in_trial() const;
+
+  /// The writes of the batch, trial or not, in their order. Refused ones are not among them.
+  const std::vector<WriteStep>& plan() const;
+  /// What they come to.
+  Difference difference() const;
+
+  /// Ends the trial and makes all of it durable, like commit(). kNoTrial when none is open.
+  StoreResult accept(const std::string& label = {});
+
+  /// Accepts a trial that is reverted unless confirm() is called, by any process, within `seconds`:
+  /// also when this process ends or the machine restarts, which counts as too late. Whoever reads,
+  /// writes or opens the store first after the deadline reverts it and reports that. Until then
+  /// every other commit fails with kPending. kNoTrial, kBadDeadline (the trial stays open), or what
+  /// commit() fails with.
+  StoreResult accept_pending(int seconds, const std::string& label = {});
+  /// The pending change stays. kNotPending, also when it was too late.
+  StoreResult confirm();
+  /// The pending change goes at once, as if it were too late. kNotPending.
+  StoreResult revert();
+  /// The change that waits for its confirmation, if there is one.
+  std::optional<PendingChange> pending();
+
+  /// Keeps the last committed state under a name. kBadName, kNameTaken, kBatchOpen.
+  StoreResult make_checkpoint(const std::string& name);
+  /// kNoCheckpoint; kBadName for an automatic one, which goes when 20 newer changes are there.
+  StoreResult delete_checkpoint(const std::string& name);
+  /// The automatic ones, newest first: the states before the last 20 changes. Then the named ones,
+  /// by name. Empty when the file cannot be read.
+  std::vector<Checkpoint> checkpoints(StoreResult* result = nullptr);
+  /// What is different between two checkpoints; "" stands for now, uncommitted writes included.
+  StoreResult difference(const std::string& from, const std::string& to, Difference* difference);
+  /// Brings the state of a checkpoint back, in one commit; in a trial, as a write of the trial.
+  /// Instance numbers that were handed out since are not handed out again. kNoCheckpoint,
+  /// kBatchOpen, or what commit() fails with.
+  StoreResult restore(const std::string& name);
+
+  /// Undoes every write of the batch, and reports that to the debug sink when there was one. The
+  /// process's own store does it when the process exits.
+  void let_go();
+
+  /// Number of the last committed change that the tree contains; a new store has 1.
+  std::uint64_t generation() const;
+
+  struct Impl;
+
+ private:
+  friend class ReadHold;
+  explicit Store(std::unique_ptr<Impl> impl);
+  std::unique_ptr<Impl> impl_;
+};
+
+/// While one lasts, reads of a store show one state: commits of other processes do not appear. The
+/// first write of a batch ends that, because it must build on the newest state. An open walk of the
+/// store's MibAccess holds the same way.
+class HOST_EXPORT ReadHold {
+ public:
+  explicit ReadHold(Store& store);
+  ReadHold(const ReadHold&) = delete;
+  ReadHold& operator=(const ReadHold&) = delete;
+  ~ReadHold();
+
+ private:
+  Store& store_;
+};
+
+/// Where the store of this process is: IGD_STORE; for root /var/lib/igd/gateway.db; else
+/// igd/gateway.db in XDG_STATE_HOME or, when that is unset, in .local/state of HOME. "" when none
+/// of them is set.
+HOST_EXPORT std::string default_store_path();
+
+/// The store behind getContext(), opened at first use. Null when it cannot be opened, which is
+/// reported to the debug sink once and tried again at most once a second.
+///
+/// @param result  set to the reason of the last failure; may be null
+HOST_EXPORT Store* process_store(StoreResult* result = nullptr);
+
+}  // namespace host
+
+#endif  // HOST_STORE_H

@@ -1,0 +1,49 @@
+#include "host_store.h"
+
+namespace host {
+
+const char* name_of(StoreError error) {
+  switch (error) {
+    case StoreError::kNone:
+      return "kNone";
+    case StoreError::kNotOpened:
+      return "kNotOpened";
+    case StoreError::kReadOnly:
+      return "kReadOnly";
+    case StoreError::kFull:
+      return "kFull";
+    case StoreError::kIo:
+      return "kIo";
+    case StoreError::kCorrupt:
+      return "kCorrupt";
+    case StoreError::kForeign:
+      return "kForeign";
+    case StoreError::kUnknownFormat:
+      return "kUnknownFormat";
+    case StoreError::kLocked:
+      return "kLocked";
+    case StoreError::kMovedOn:
+      return "kMovedOn";
+    case StoreError::kBatchOpen:
+      return "kBatchOpen";
+    case StoreError::kTrialOpen:
+      return "kTrialOpen";
+    case StoreError::kNoTrial:
+      return "kNoTrial";
+    case StoreError::kPending:
+      return "kPending";
+    case StoreError::kNotPending:
+      return "kNotPending";
+    case StoreError::kBadDeadline:
+      return "kBadDeadline";
+    case StoreError::kBadName:
+      return "kBadName";
+    case StoreError::kNameTaken:
+      return "kNameTaken";
+    case StoreError::kNoCheckpoint:
+      return "kNoCheckpoint";
+  }
+  return "";
+}
+
+}  // namespace host

@@ -1,0 +1,198 @@
+#include "store_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <ctime>
+#include <utility>
+
+#include "row_codec.h"
+#include "tree_access.h"
+#include "tree_rows.h"
+
+namespace host {
+namespace {
+
+constexpr std::int64_t kApplicationId = 0x49474453;
+constexpr std::int64_t kFormat = 1;
+constexpr std::int64_t kPageSize = 4096;
+constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
+constexpr const char* kLog = "-wal";
+
+constexpr const char* kTables = R"(
+  CREATE TABLE entry(name TEXT PRIMARY KEY, text BLOB NOT NULL, type TEXT NOT NULL) WITHOUT ROWID;
+  CREATE TABLE change(generation INTEGER PRIMARY KEY, time INTEGER NOT NULL, label TEXT NOT NULL,
+                      changes BLOB NOT NULL);
+  CREATE TABLE checkpoint(name TEXT PRIMARY KEY, generation INTEGER NOT NULL,
+                          time INTEGER NOT NULL, entries BLOB NOT NULL);
+  CREATE TABLE pending(only INTEGER PRIMARY KEY CHECK (only = 1), generation INTEGER NOT NULL,
+                       label TEXT NOT NULL, boot TEXT NOT NULL, started INTEGER NOT NULL,
+                       deadline INTEGER NOT NULL);
+  PRAGMA application_id = 1229407315;
+  PRAGMA user_version = 1;
+)";
+
+bool is_in_memory(const std::string& path) { return path == ":memory:"; }
+
+/// Size of a file, none when it is not there.
+std::optional<std::int64_t> size_of(const std::string& path) {
+  struct stat status = {};
+  if (stat(path.c_str(), &status) != 0) return std::nullopt;
+  return status.st_size;
+}
+
+/// Sees to it that the file is there with the right mode, and that an empty one is really new:
+/// SQLite would throw the log of a database away that lost its main file.
+std::string prepared(const std::string& path, const StoreOptions& options) {
+  if (is_in_memory(path) || !options.vfs.empty()) return path;
+  if (size_of(path).value_or(0) == 0 && size_of(path + kLog).value_or(0) > 0) {
+    throw StoreFailure(StoreError::kCorrupt, "the file is empty, but its log is not");
+  }
+  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kOwnerOnly);
+  if (file >= 0) {
+    (void)close(file);
+  } else if (errno == EROFS) {
+    throw StoreFailure(StoreError::kReadOnly, std::strerror(errno));
+  } else if (errno != EEXIST) {
+    throw StoreFailure(StoreError::kNotOpened, std::strerror(errno));
+  }
+  return path;
+}
+
+RowChanges checked(const std::string& bytes) {
+  std::optional<RowChanges> changes = decoded(bytes);
+  if (!changes) throw StoreFailure(StoreError::kCorrupt, "a change is damaged");
+  return std::move(*changes);
+}
+
+}  // namespace
+
+StoreFile::StoreFile(const std::string& path, const StoreOptions& options)
+    : database_(prepared(path, options), options) {
+  if (database_.is_read_only()) {
+    throw StoreFailure(StoreError::kReadOnly, "the file cannot be written");
+  }
+  if (options.size_limit_bytes > 0) {
+    const auto pages = static_cast<std::int64_t>(options.size_limit_bytes) / kPageSize;
+    const std::string limit =
+        "PRAGMA max_page_count = " + std::to_string(std::max<std::int64_t>(pages, 1));
+    database_.run(limit.c_str());
+  }
+  if (database_.number("PRAGMA page_count") == 0) make_new();
+  check_owner();
+  const std::string mode = database_.text("PRAGMA journal_mode = WAL");
+  if (mode != "wal" && mode != "memory") {
+    throw StoreFailure(StoreError::kIo, "the file system cannot hold a write-ahead log");
+  }
+  // Durable at every commit with one sync; the log is written back at 1 MiB and cut to that.
+  database_.run("PRAGMA synchronous = FULL");
+  database_.run("PRAGMA wal_autocheckpoint = 256");
+  database_.run("PRAGMA journal_size_limit = 1048576");
+}
+
+void StoreFile::check_owner() {
+  if (database_.number("PRAGMA application_id") != kApplicationId) {
+    throw StoreFailure(StoreError::kForeign, "the file is a database of something else");
+  }
+  const std::int64_t format = database_.number("PRAGMA user_version");
+  if (format == kFormat) return;
+  throw StoreFailure(StoreError::kUnknownFormat, "the store has format " + std::to_string(format) +
+                                                     ", this program knows " +
+                                                     std::to_string(kFormat));
+}
+
+/// One transaction, so that the file is a whole store or still empty whatever happens.
+void StoreFile::make_new() {
+  Transaction transaction(database_, Transaction::kWrite);
+  if (database_.number("PRAGMA page_count") > 0 &&
+      database_.number("SELECT count(*) FROM sqlite_master") > 0) {
+    return;  // another process was faster
+  }
+  database_.run(kTables);
+  Tree factory = Tree::factory();
+  const RowSet rows = rows_of(TreeAccess::store(factory));
+  write({1, std::time(nullptr), "factory state", changes_between({}, rows)});
+  transaction.commit();
+}
+
+Generation StoreFile::generation() {
+  Statement& newest = database_.statement("SELECT max(generation) FROM change");
+  const auto generation = newest.next() ? static_cast<Generation>(newest.number(0)) : 0;
+  newest.reset();
+  if (generation == 0) throw StoreFailure(StoreError::kCorrupt, "the store has no generation");
+  return generation;
+}
+
+RowSet StoreFile::rows() {
+  RowSet rows;
+  Statement& entries = database_.statement("SELECT name, text, type FROM entry ORDER BY name");
+  while (entries.next()) {
+    rows.emplace_hint(rows.end(), entries.text(0), Row{entries.text(1), entries.text(2)});
+  }
+  return rows;
+}
+
+std::vector<Change> StoreFile::read_changes(Generation after) {
+  std::vector<Change> changes;
+  Statement& kept = database_.statement(
+      "SELECT generation, time, label, changes FROM change WHERE generation > ?"
+      " ORDER BY generation");
+  kept.bind(0, static_cast<std::int64_t>(after));
+  while (kept.next()) {
+    changes.push_back({static_cast<Generation>(kept.number(0)), kept.number(1), kept.text(2),
+                       checked(kept.text(3))});
+  }
+  return changes;
+}
+
+std::optional<std::vector<Change>> StoreFile::changes_after(Generation generation) {
+  std::vector<Change> changes = read_changes(generation);
+  if (!changes.empty() && changes.front().generation != generation + 1) return std::nullopt;
+  return changes;
+}
+
+void StoreFile::write(const Change& change) {
+  for (const RowChange& row : change.rows) {
+    if (row.after) {
+      database_.statement("INSERT OR REPLACE INTO entry(name, text, type) VALUES(?, ?, ?)")
+          .bind_text(0, row.name)
+          .bind_bytes(1, row.after->text)
+          .bind_text(2, row.after->type)
+          .run();
+    } else {
+      database_.statement("DELETE FROM entry WHERE name = ?").bind_text(0, row.name).run();
+    }
+  }
+  database_.statement("INSERT INTO change(generation, time, label, changes) VALUES(?, ?, ?, ?)")
+      .bind(0, static_cast<std::int64_t>(change.generation))
+      .bind(1, change.time)
+      .bind_text(2, change.label)
+      .bind_bytes(3, encoded(change.rows))
+      .run();
+  database_.statement("DELETE FROM change WHERE generation <= ?")
+      .bind(0,
+            static_cast<std::int64_t>(change.generation) - static_cast<std::int64_t>(kChangesKept))
+      .run();
+}
+
+void keep_aside(const std::string& path) {
+  std::string aside;
+  for (int n = 1; aside.empty() || size_of(aside) || size_of(aside + kLog); ++n) {
+    aside = path + ".corrupt-" + std::to_string(n);
+  }
+  const bool log_moved =
+      !size_of(path + kLog) || std::rename((path + kLog).c_str(), (aside + kLog).c_str()) == 0;
+  const bool moved = !size_of(path) || std::rename(path.c_str(), aside.c_str()) == 0;
+  (void)unlink((path + "-shm").c_str());  // the log's index; made anew from it
+  if (!log_moved || !moved) {
+    throw StoreFailure(StoreError::kNotOpened,
+                       "the damaged file cannot be renamed: " + std::string(std::strerror(errno)));
+  }
+}
+
+}  // namespace host

@@ -1,0 +1,22 @@
+#include "stored_text.h"
+
+namespace host {
+
+/// The size of a text's block. Allocators hand out memory in steps of 16 bytes, some of which they
+/// need themselves; by taking what they would round up to, a text of nearly the same length can
+/// take an old one's block.
+std::size_t StoredText::block_size(std::size_t length) {
+  constexpr std::size_t kStep = 16;
+  constexpr std::size_t kOverhead = sizeof(void*);
+  return (sizeof(Length) + length + kOverhead + kStep - 1) / kStep * kStep - kOverhead;
+}
+
+void StoredText::assign(std::string_view text) {
+  const bool fits = has_text() && block_size(view().size()) == block_size(text.size());
+  if (!fits) block_.reset(new char[block_size(text.size())]);
+  const Length length = text.size();
+  std::memcpy(block_.get(), &length, sizeof length);
+  if (length != 0) std::memcpy(block_.get() + sizeof length, text.data(), length);
+}
+
+}  // namespace host

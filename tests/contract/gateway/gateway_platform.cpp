@@ -1,0 +1,33 @@
+// The tree of the libcommon_util that this program is linked with, as it is found. For running the
+// suite on a gateway; a platform that can tell more about itself brings a file like this of its own.
+#include "contract_platform.h"
+
+namespace contract {
+namespace {
+
+class GatewayPlatform final : public Platform {
+ public:
+  explicit GatewayPlatform(MibAccess& mib) : mib_(mib) {}
+  // The test has taken away what it made.
+  ~GatewayPlatform() override { (void)mib_.commit(1); }
+  GatewayPlatform(const GatewayPlatform&) = delete;
+  GatewayPlatform& operator=(const GatewayPlatform&) = delete;
+
+  MibAccess& mib() override { return mib_; }
+
+ private:
+  MibAccess& mib_;
+};
+
+std::unique_ptr<Platform> find_platform() {
+  PlatformContext* const context = getContext();
+  MibAccess* const mib = context != nullptr ? context->mibAccess() : nullptr;
+  if (mib == nullptr) return nullptr;
+  return std::make_unique<GatewayPlatform>(*mib);
+}
+
+}  // namespace
+
+std::vector<PlatformCase> platforms() { return {{"Gateway", &find_platform}}; }
+
+}  // namespace contract

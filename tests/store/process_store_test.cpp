@@ -1,0 +1,111 @@
+// The store behind getContext(): where it is, and what a program sees of it.
+#include <sys/stat.h>
+
+#include <optional>
+
+#include "client.h"
+#include "store_bench.h"
+
+namespace {
+
+using namespace store_tests;
+
+class ProcessStore : public StoreBench {
+ protected:
+  std::string ran(Words words) { return Client({"IGD_STORE=" + path_}, std::move(words)).finish(); }
+
+  // The default path of a process with such an environment; "" as root's would need to be root.
+  static std::string default_path(const Words& environment, uid_t user) {
+    int ends[2] = {};
+    EXPECT_EQ(pipe(ends), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+      for (const char* name : {"IGD_STORE", "XDG_STATE_HOME", "HOME"}) (void)unsetenv(name);
+      for (const std::string& pair : environment) (void)putenv(const_cast<char*>(pair.c_str()));
+      if (geteuid() != user && seteuid(user) != 0) _exit(1);
+      const std::string path = host::default_store_path();
+      _exit(write(ends[1], path.data(), path.size()) < 0 ? 1 : 0);
+    }
+    (void)close(ends[1]);
+    char buffer[4096];
+    const ssize_t size = read(ends[0], buffer, sizeof buffer);
+    (void)close(ends[0]);
+    int status = 0;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    return {buffer, static_cast<std::size_t>(size)};
+  }
+};
+
+std::optional<timespec> changed_at(const char* path) {
+  struct stat status = {};
+  if (stat(path, &status) != 0) return std::nullopt;
+  return status.st_ctim;
+}
+
+TEST_F(ProcessStore, IsTheOneThatTheEnvironmentNames) {
+  EXPECT_EQ(ran({"set", kUrl, "x", "commit"}), "0\n0\n");
+  EXPECT_EQ(ran({"get", kUrl, "get", kBridges + "1.BridgeName"}), "x\ninternet\n");
+}
+
+TEST_F(ProcessStore, IsInTheUsersStateFolderByDefault) {
+  constexpr uid_t kSomebody = 65534;
+  const uid_t user = geteuid() == 0 ? kSomebody : geteuid();
+  EXPECT_EQ(default_path({"IGD_STORE=/a/b.db", "HOME=/h"}, user), "/a/b.db");
+  EXPECT_EQ(default_path({"IGD_STORE=", "XDG_STATE_HOME=/s", "HOME=/h"}, user),
+            "/s/igd/gateway.db");
+  EXPECT_EQ(default_path({"HOME=/h"}, user), "/h/.local/state/igd/gateway.db");
+  EXPECT_EQ(default_path({}, user), "");
+}
+
+TEST_F(ProcessStore, IsInTheSystemsStateFolderForRoot) {
+  if (geteuid() != 0) GTEST_SKIP() << "only root can tell";
+  EXPECT_EQ(default_path({"XDG_STATE_HOME=/s", "HOME=/h"}, 0), "/var/lib/igd/gateway.db");
+}
+
+TEST_F(ProcessStore, TouchesNoDefaultPathWhenOneIsNamed) {
+  const auto before = changed_at("/var/lib/igd/gateway.db");
+  const Words places = {"XDG_STATE_HOME=" + folder_ + "/state", "HOME=" + folder_ + "/home"};
+  for (const std::string& named : {path_, std::string(":memory:")}) {
+    Words environment = places;
+    environment.push_back("IGD_STORE=" + named);
+    EXPECT_EQ(Client(environment, {"set", kUrl, "x", "commit"}).finish(), "0\n0\n");
+  }
+  EXPECT_FALSE(std::filesystem::exists(folder_ + "/state"));
+  EXPECT_FALSE(std::filesystem::exists(folder_ + "/home"));
+  const auto after = changed_at("/var/lib/igd/gateway.db");
+  ASSERT_EQ(before.has_value(), after.has_value());
+  if (before) {
+    EXPECT_EQ(before->tv_sec, after->tv_sec);
+    EXPECT_EQ(before->tv_nsec, after->tv_nsec);
+  }
+}
+
+TEST_F(ProcessStore, GivesNoContextWhenItCannotBeOpenedAndSaysSoOnce) {
+  write_file(path_, "damaged");
+  const std::string printed = ran({"context", "context", "context"});
+  EXPECT_EQ(printed.substr(0, 5), "log: ");
+  EXPECT_NE(printed.find(path_), std::string::npos);
+  EXPECT_EQ(printed.substr(printed.find('\n')), "\nnone\nnone\nnone\n");
+  EXPECT_EQ(content_of(path_), "damaged");
+}
+
+TEST_F(ProcessStore, IsTriedAgainWhenItCanBeOpened) {
+  write_file(path_, "damaged");
+  Client client({"IGD_STORE=" + path_}, {"context", "make", folder_ + "/tried", "wait-for",
+                                         folder_ + "/repaired", "context"});
+  while (!std::filesystem::exists(folder_ + "/tried")) usleep(1000);
+  std::filesystem::remove(path_);
+  usleep(1100000);  // tries are at least a second apart
+  write_file(folder_ + "/repaired", "");
+  const std::string printed = client.finish();
+  EXPECT_EQ(printed.substr(printed.find('\n')), "\nnone\ncontext\n");
+}
+
+TEST_F(ProcessStore, ReportsAtExitWhatWasNotCommitted) {
+  const std::string printed = ran({"set", kUrl, "x"});
+  EXPECT_NE(printed.find("1 writes were not committed and are gone"), std::string::npos) << printed;
+  EXPECT_EQ(ran({"get", kUrl}), "\n");
+}
+
+}  // namespace

@@ -1,0 +1,177 @@
+// Opening a store: what is made, what is refused, what is never touched.
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "store_bench.h"
+
+namespace {
+
+using namespace store_tests;
+using host::Tree;
+
+void run_sql(const std::string& path, const char* sql) {
+  sqlite3* connection = nullptr;
+  ASSERT_EQ(sqlite3_open(path.c_str(), &connection), SQLITE_OK);
+  EXPECT_EQ(sqlite3_exec(connection, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sql;
+  sqlite3_close(connection);
+}
+
+using StoreOpen = StoreBench;
+
+TEST_F(StoreOpen, MakesAFileInFactoryStateForItsOwnerAlone) {
+  auto store = opened();
+  EXPECT_EQ(lines_of(store->tree()), lines_of(Tree::factory()));
+  EXPECT_EQ(store->generation(), 1U);
+  for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
+    struct stat status = {};
+    ASSERT_EQ(stat(entry.path().c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0600U) << entry.path();
+  }
+}
+
+TEST_F(StoreOpen, FindsWhatWasCommitted) {
+  {
+    auto store = opened();
+    Tree& tree = store->tree();
+    tree.delete_object(added(tree, kBridges));
+    tree.set_value(kUrl, std::string("a\0b\xff", 4));
+    EXPECT_TRUE(store->commit().ok());
+  }
+  auto store = opened();
+  EXPECT_EQ(store->tree().value(kUrl), std::string("a\0b\xff", 4));
+  EXPECT_EQ(store->generation(), 2U);
+  EXPECT_EQ(added(store->tree(), kBridges), kBridges + "3.");
+}
+
+TEST_F(StoreOpen, FindsExtensionsWithTheirTypes) {
+  const char* dump = HOST_TESTS_DIR "/data/gateway.csv";
+  Tree expected;
+  {
+    auto store = opened();
+    ASSERT_TRUE(host::import_csv_file(store->tree(), dump).ok);
+    ASSERT_TRUE(store->commit().ok());
+    ASSERT_TRUE(host::import_csv_file(expected, dump).ok);
+  }
+  auto store = opened();
+  EXPECT_EQ(lines_of(store->tree()), lines_of(expected));
+  std::size_t extensions = 0;
+  for (const auto& parameter : expected.parameters()) {
+    const auto wanted = expected.describe(parameter.name);
+    const auto found = store->tree().describe(parameter.name);
+    ASSERT_TRUE(found) << parameter.name;
+    EXPECT_EQ(found->type, wanted->type) << parameter.name;
+    EXPECT_EQ(found->writable, wanted->writable) << parameter.name;
+    EXPECT_EQ(found->extension, wanted->extension) << parameter.name;
+    if (wanted->extension) ++extensions;
+  }
+  EXPECT_GT(extensions, 0U);
+}
+
+TEST_F(StoreOpen, InMemoryLeavesNoFile) {
+  StoreResult result;
+  auto store = Store::open(":memory:", {}, &result);
+  ASSERT_NE(store, nullptr) << result.text;
+  store->tree().set_value(kUrl, "x");
+  EXPECT_TRUE(store->commit().ok());
+  EXPECT_FALSE(std::filesystem::exists(":memory:"));
+  EXPECT_FALSE(std::filesystem::exists(":memory:-shared"));
+}
+
+TEST_F(StoreOpen, RefusesAPlaceThatIsNoFile) {
+  path_ = folder_;
+  EXPECT_EQ(error_on_open(), StoreError::kNotOpened);
+  path_ = folder_ + "/no/folder/gateway.db";
+  EXPECT_EQ(error_on_open(), StoreError::kNotOpened);
+  path_ = "";
+  EXPECT_EQ(error_on_open(), StoreError::kNotOpened);
+}
+
+TEST_F(StoreOpen, LeavesWhatIsNoDatabaseAsItIs) {
+  const std::string letter(5000, 'x');
+  write_file(path_, letter);
+  EXPECT_EQ(error_on_open(), StoreError::kCorrupt);
+  EXPECT_EQ(content_of(path_), letter);
+}
+
+TEST_F(StoreOpen, LeavesTheDatabaseOfSomethingElseAsItIs) {
+  run_sql(path_, "CREATE TABLE recipe(name); INSERT INTO recipe VALUES('soup')");
+  const std::string before = content_of(path_);
+  StoreOptions options;
+  EXPECT_EQ(error_on_open(options), StoreError::kForeign);
+  options.keep_corrupt_aside = true;
+  EXPECT_EQ(error_on_open(options), StoreError::kForeign);
+  EXPECT_EQ(content_of(path_), before);
+}
+
+TEST_F(StoreOpen, LeavesANewerFormatAsItIs) {
+  opened();
+  run_sql(path_, "PRAGMA user_version = 2");
+  const std::string before = content_of(path_);
+  StoreOptions options;
+  options.keep_corrupt_aside = true;
+  EXPECT_EQ(error_on_open(options), StoreError::kUnknownFormat);
+  EXPECT_EQ(content_of(path_), before);
+}
+
+TEST_F(StoreOpen, RefusesDamagedContent) {
+  const char* const damages[] = {
+      "DELETE FROM change",
+      "DROP TABLE entry",
+      "INSERT INTO entry VALUES('Nowhere.At.All', 'x', '')",
+      "INSERT INTO entry VALUES('InternetGatewayDevice.WANDevice.01.', '1', 'object')",
+  };
+  for (const char* damage : damages) {
+    std::filesystem::remove(path_);
+    opened();
+    run_sql(path_, damage);
+    EXPECT_EQ(error_on_open(), StoreError::kCorrupt) << damage;
+  }
+}
+
+TEST_F(StoreOpen, RefusesAFileThatLostEverythingButItsLog) {
+  write_file(path_ + "-wal", "log");
+  write_file(path_, "");
+  EXPECT_EQ(error_on_open(), StoreError::kCorrupt);
+  EXPECT_EQ(content_of(path_ + "-wal"), "log");
+}
+
+TEST_F(StoreOpen, KeepsADamagedFileAsideOnlyWhenAsked) {
+  write_file(path_, "damaged");
+  write_file(path_ + ".corrupt-1", "an older one");
+  EXPECT_EQ(error_on_open(), StoreError::kCorrupt);
+  options_.keep_corrupt_aside = true;
+  auto store = opened();
+  EXPECT_EQ(lines_of(store->tree()), lines_of(Tree::factory()));
+  EXPECT_EQ(content_of(path_ + ".corrupt-1"), "an older one");
+  EXPECT_EQ(content_of(path_ + ".corrupt-2"), "damaged");
+}
+
+TEST_F(StoreOpen, RefusesAFileThatCannotBeWritten) {
+  opened();
+  ASSERT_EQ(chmod(path_.c_str(), 0444), 0);
+  ASSERT_EQ(chmod((path_ + "-shared").c_str(), 0666), 0);
+  ASSERT_EQ(chmod(folder_.c_str(), 0755), 0);
+  const pid_t child = fork();
+  if (child == 0) {
+    constexpr uid_t kNobody = 65534;
+    if (geteuid() == 0 && seteuid(kNobody) != 0) _exit(2);
+    StoreResult result;
+    _exit(Store::open(path_, {}, &result) == nullptr && result.error == StoreError::kReadOnly ? 0
+                                                                                              : 1);
+  }
+  int status = 0;
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  EXPECT_EQ(status, 0);
+}
+
+TEST_F(StoreOpen, NamesEveryError) {
+  for (int error = 0; error <= static_cast<int>(StoreError::kNoCheckpoint); ++error) {
+    EXPECT_EQ(std::string(host::name_of(static_cast<StoreError>(error))).front(), 'k');
+  }
+  EXPECT_STREQ(host::name_of(StoreError::kUnknownFormat), "kUnknownFormat");
+  EXPECT_STREQ(host::name_of(static_cast<StoreError>(-1)), "");
+}
+
+}  // namespace

@@ -1,0 +1,182 @@
+// Changes that stay only when they are confirmed in time.
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "store_bench.h"
+
+namespace {
+
+using namespace store_tests;
+
+constexpr int kMinute = 60;
+
+class StorePending : public StoreBench {
+ protected:
+  StorePending() {
+    options_.clock = [this] { return time_; };
+    store_ = opened();
+  }
+
+  void pass(int seconds) { time_.milliseconds += seconds * 1000; }
+
+  StoreResult accept(Store& store, const std::string& text) {
+    EXPECT_TRUE(store.begin_trial().ok());
+    store.tree().set_value(kUrl, text);
+    return store.accept_pending(kMinute, "url");
+  }
+
+  host::BootTime time_ = {"this-boot", 5000000};
+  std::unique_ptr<Store> store_;
+};
+
+TEST_F(StorePending, IsInEffectUntilTheDeadlineAndThenReverted) {
+  auto other = opened();
+  EXPECT_TRUE(accept(*store_, "x").ok());
+  EXPECT_EQ(other->tree().value(kUrl), "x");
+  EXPECT_EQ(other->pending()->milliseconds_left, 60000);
+  EXPECT_EQ(other->pending()->label, "url");
+  pass(kMinute - 1);
+  EXPECT_EQ(store_->tree().value(kUrl), "x");
+  pass(1);
+  EXPECT_EQ(other->tree().value(kUrl), "");
+  EXPECT_TRUE(is_reported("reverted, because it was not confirmed: url"));
+  EXPECT_EQ(store_->tree().value(kUrl), "");
+  EXPECT_EQ(reported_.size(), 1U);  // one of them reverted
+  EXPECT_FALSE(store_->pending());
+  EXPECT_EQ(store_->generation(), 3U);
+}
+
+TEST_F(StorePending, StaysWhenAnyProcessConfirms) {
+  EXPECT_TRUE(accept(*store_, "x").ok());
+  EXPECT_TRUE(opened()->confirm().ok());
+  pass(2 * kMinute);
+  EXPECT_EQ(store_->tree().value(kUrl), "x");
+  EXPECT_FALSE(store_->pending());
+  store_->tree().set_value(kUser, "later");
+  EXPECT_TRUE(store_->commit().ok());
+  EXPECT_TRUE(reported_.empty());
+}
+
+TEST_F(StorePending, CannotBeConfirmedTooLate) {
+  EXPECT_TRUE(accept(*store_, "x").ok());
+  pass(kMinute);
+  EXPECT_EQ(store_->confirm().error, StoreError::kNotPending);
+  EXPECT_EQ(store_->tree().value(kUrl), "");
+}
+
+TEST_F(StorePending, IsRevertedByWhoeverOpensAfterTheDeadline) {
+  EXPECT_TRUE(accept(*store_, "x").ok());
+  store_.reset();
+  pass(kMinute);
+  auto store = opened();
+  EXPECT_EQ(store->tree().value(kUrl), "");
+  EXPECT_TRUE(is_reported("reverted"));
+}
+
+TEST_F(StorePending, IsRevertedAfterARestartHoweverSoon) {
+  EXPECT_TRUE(accept(*store_, "x").ok());
+  store_.reset();
+  time_ = {"next-boot", 5000001};
+  EXPECT_EQ(opened()->tree().value(kUrl), "");
+}
+
+TEST_F(StorePending, IsRevertedWhenTheClockCannotBeRight) {
+  EXPECT_TRUE(accept(*store_, "x").ok());
+  time_.milliseconds -= 1;  // before it was accepted, in the same boot
+  EXPECT_EQ(store_->tree().value(kUrl), "");
+}
+
+TEST_F(StorePending, IsRevertedThoughItsProcessDied) {
+  const pid_t child = fork();
+  if (child == 0) {
+    auto store = opened();
+    (void)accept(*store, "x");
+    (void)raise(SIGKILL);
+  }
+  int status = 0;
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  EXPECT_EQ(store_->tree().value(kUrl), "x");
+  pass(kMinute);
+  EXPECT_EQ(store_->tree().value(kUrl), "");
+}
+
+TEST_F(StorePending, LetsNoOtherChangeInAndRevertsNobodyElsesWork) {
+  auto other = opened();
+  EXPECT_TRUE(accept(*store_, "x").ok());
+  other->tree().set_value(kUser, "y");
+  EXPECT_EQ(other->commit().error, StoreError::kPending);
+  EXPECT_EQ(other->tree().value(kUser), "");
+  EXPECT_EQ(other->begin_trial().error, StoreError::kPending);
+  EXPECT_FALSE(other->in_trial());
+  EXPECT_TRUE(store_->confirm().ok());
+  other->tree().set_value(kUser, "y");
+  EXPECT_TRUE(other->commit().ok());
+}
+
+TEST_F(StorePending, TheFirstWriteAfterTheDeadlineBuildsOnTheRevertedState) {
+  auto other = opened();
+  host::Tree& tree = other->tree();
+  EXPECT_TRUE(accept(*store_, "x").ok());
+  pass(kMinute);
+  tree.set_value(kUser, "y");
+  EXPECT_TRUE(other->commit().ok());
+  EXPECT_EQ(store_->tree().value(kUrl), "");
+  EXPECT_EQ(store_->tree().value(kUser), "y");
+}
+
+TEST_F(StorePending, IsRevertedUnderAHoldButNotShown) {
+  EXPECT_TRUE(accept(*store_, "x").ok());
+  auto other = opened();
+  const host::ReadHold hold(*other);
+  pass(kMinute);
+  EXPECT_EQ(other->tree().value(kUrl), "x");
+  EXPECT_EQ(store_->tree().value(kUrl), "");
+  EXPECT_EQ(reported_.size(), 1U);
+}
+
+TEST_F(StorePending, GoesAtOnceWhenAsked) {
+  EXPECT_TRUE(accept(*store_, "x").ok());
+  EXPECT_TRUE(store_->revert().ok());
+  EXPECT_EQ(store_->tree().value(kUrl), "");
+  EXPECT_EQ(store_->revert().error, StoreError::kNotPending);
+  EXPECT_EQ(store_->confirm().error, StoreError::kNotPending);
+}
+
+TEST_F(StorePending, BringsDeletedObjectsBack) {
+  const auto before = lines_of(store_->tree());
+  EXPECT_TRUE(store_->begin_trial().ok());
+  store_->tree().delete_object(kBridges + "1.");
+  added(store_->tree(), kBridges);
+  EXPECT_TRUE(store_->accept_pending(1).ok());
+  pass(1);
+  EXPECT_EQ(lines_of(store_->tree()), before);
+  EXPECT_EQ(lines_of(opened()->tree()), before);
+  EXPECT_EQ(added(store_->tree(), kBridges), kBridges + "3.");
+}
+
+TEST_F(StorePending, RefusesBadTimesAndKeepsTheTrial) {
+  EXPECT_EQ(store_->accept_pending(kMinute).error, StoreError::kNoTrial);
+  EXPECT_TRUE(store_->begin_trial().ok());
+  store_->tree().set_value(kUrl, "x");
+  for (const int seconds : {0, -1, 24 * 60 * kMinute + 1}) {
+    EXPECT_EQ(store_->accept_pending(seconds).error, StoreError::kBadDeadline) << seconds;
+  }
+  EXPECT_TRUE(store_->in_trial());
+  EXPECT_TRUE(store_->accept_pending(24 * 60 * kMinute).ok());
+  EXPECT_EQ(store_->tree().value(kUrl), "x");
+}
+
+TEST_F(StorePending, TheMachinesOwnClockNamesItsBoot) {
+  options_.clock = nullptr;
+  auto store = opened();
+  EXPECT_TRUE(accept(*store, "x").ok());
+  const auto pending = store->pending();
+  ASSERT_TRUE(pending);
+  EXPECT_GT(pending->milliseconds_left, 0);
+  EXPECT_LE(pending->milliseconds_left, 60000);
+  EXPECT_TRUE(store->confirm().ok());
+}
+
+}  // namespace
