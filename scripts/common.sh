@@ -26,6 +26,11 @@ test_preset() {
   (cd "$root" && ctest --preset "$preset" "$@")
 }
 
+# The same without the lines of tests that pass.
+test_preset_briefly() {
+  test_preset "$@" | grep -vE '^ +Start +[0-9]+: |\.   Passed  '
+}
+
 # Lists our C and C++ sources, each ended by a zero byte.
 sources() {
   find "$root" \( -path "$root/build" -o -path "$root/.git" \) -prune -o \

@@ -18,6 +18,13 @@ using Names = std::vector<std::string>;
 
 constexpr char kOperation[] = "_wan_port_update";
 // Source lines of the trace are fixed: field tools look for them.
+constexpr int kOldBindWanLine = 1075;
+constexpr int kOldBindLanLine = 1080;
+constexpr int kOldInternetLine = 1085;
+constexpr int kNewBindWanLine = 1090;
+constexpr int kNewBindLanLine = 1095;
+constexpr int kNewCreateLine = 1102;
+constexpr int kNewInternetLine = 1106;
 constexpr int kReenabledLine = 1210;
 
 // Node names by how a connection holds them, as they are and as they shall be.
@@ -55,6 +62,24 @@ Names joined(std::initializer_list<const Names*> lists) {
   return all;
 }
 
+// Kept: ports are matched by interface alone, so a port bound to another connection goes too.
+void remove_from(const Stage& stage) {
+  trace_marker(stage.marker_line);
+  Names removed;
+  Names added;
+  _diff_lists(stage.group.before, stage.group.after, removed, added);
+  if (removed.empty()) return;
+  for (const std::string& parameter :
+       igd::instances_below(stage.group.bridge_path, kPortInterface)) {
+    const std::string node = igd::value_of(parameter);
+    for (const std::string& leaving : removed) {
+      if (leaving != node) continue;
+      _delete_port(igd::port_of(parameter));
+      trace_port(node, "remove from", stage);
+    }
+  }
+}
+
 class PortUpdate {
  public:
   PortUpdate(const wan_mib_info& entry, api_wan_info& info) : entry_(entry), info_(info) {}
@@ -84,7 +109,6 @@ class PortUpdate {
   void create_ports() const;
   void enable_ports();
 
-  void remove_from(const Stage& stage) const;
   void create_in(const Stage& stage) const;
   void write_option60_of(const std::string& port_path) const;
 
@@ -156,11 +180,11 @@ void PortUpdate::collect_new_ports() {
 }
 
 void PortUpdate::trace_groups() const {
-  trace_members(bind_wan_.before, "OLD BIND WAN HAS", 1075);
-  trace_members(bind_lan_.before, "OLD BIND LAN HAS", 1080);
-  trace_members(internet_.before, "OLD INTERNET HAS", 1085);
-  trace_members(bind_wan_.after, "NEW BIND WAN HAS", 1090);
-  trace_members(bind_lan_.after, "NEW BIND LAN HAS", 1095);
+  trace_members(bind_wan_.before, "OLD BIND WAN HAS", kOldBindWanLine);
+  trace_members(bind_lan_.before, "OLD BIND LAN HAS", kOldBindLanLine);
+  trace_members(internet_.before, "OLD INTERNET HAS", kOldInternetLine);
+  trace_members(bind_wan_.after, "NEW BIND WAN HAS", kNewBindWanLine);
+  trace_members(bind_lan_.after, "NEW BIND LAN HAS", kNewBindLanLine);
 }
 
 // Every port that the connection does not hold from now on goes to the LAN bridge, unbound.
@@ -169,8 +193,8 @@ void PortUpdate::find_released_ports() {
   const Names all_after = joined({&bind_wan_.after, &bind_lan_.after});
   Names appearing;
   _diff_lists(all_before, all_after, internet_.after, appearing);
-  trace_members(appearing, "NEW CREATE", 1102);
-  trace_members(internet_.after, "NEW INTERNET", 1106);
+  trace_members(appearing, "NEW CREATE", kNewCreateLine);
+  trace_members(internet_.after, "NEW INTERNET", kNewInternetLine);
 }
 
 void PortUpdate::remove_ports() const {
@@ -191,24 +215,6 @@ void PortUpdate::enable_ports() {
     std::printf("\n ------------- %s %s %d port:%s\n", kUnit, kOperation, kReenabledLine,
                 enable.c_str());
     write_option60_of(igd::port_of(enable));
-  }
-}
-
-// Kept: ports are matched by interface alone, so a port bound to another connection goes too.
-void PortUpdate::remove_from(const Stage& stage) const {
-  trace_marker(stage.marker_line);
-  Names removed;
-  Names added;
-  _diff_lists(stage.group.before, stage.group.after, removed, added);
-  if (removed.empty()) return;
-  for (const std::string& parameter :
-       igd::instances_below(stage.group.bridge_path, kPortInterface)) {
-    const std::string node = igd::value_of(parameter);
-    for (const std::string& leaving : removed) {
-      if (leaving != node) continue;
-      _delete_port(igd::port_of(parameter));
-      trace_port(node, "remove from", stage);
-    }
   }
 }
 

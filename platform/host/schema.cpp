@@ -51,6 +51,7 @@ void arrange(ObjectSchema& object) {
   std::sort(parameters.begin(), parameters.end(),
             [](const SchemaRow* left, const SchemaRow* right) { return left->name < right->name; });
   std::vector<std::string_view> names;
+  names.reserve(parameters.size());
   for (const SchemaRow* row : parameters) names.push_back(row->name);
   object.places = NameTable(names);
   for (auto& [name, child] : object.children) arrange(*child);

@@ -29,6 +29,8 @@ class TextHash {
 
  private:
   static constexpr std::size_t kWord = sizeof(std::uint64_t);
+  static constexpr unsigned kByteBits = 8;
+  static constexpr unsigned kHalfBits = 32;
   static constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15U;
 
   static std::uint64_t word(const char* at) {
@@ -39,17 +41,17 @@ class TextHash {
 
   static std::uint64_t short_word(std::string_view text) {
     std::uint64_t bytes = 0;
-    for (const char c : text) bytes = bytes << 8 | static_cast<unsigned char>(c);
+    for (const char c : text) bytes = bytes << kByteBits | static_cast<unsigned char>(c);
     return bytes;
   }
 
   static std::uint64_t mixed(std::uint64_t hash, std::uint64_t bytes) {
     const std::uint64_t product = (hash ^ bytes) * kFactor;
-    return product ^ product >> 32;
+    return product ^ product >> kHalfBits;
   }
 
   static std::uint32_t finished(std::uint64_t hash) {
-    return static_cast<std::uint32_t>(hash ^ hash >> 32);
+    return static_cast<std::uint32_t>(hash ^ hash >> kHalfBits);
   }
 };
 

@@ -37,7 +37,7 @@ class RefusedAdd : public GatewayTest {
 class RefusedAddAt : public RefusedAdd, public ::testing::WithParamInterface<int> {};
 
 TEST_P(RefusedAddAt, AnyPlaceIsFollowedByTheSameSteps) {
-  EXPECT_EQ(create_without(GetParam()) == "", GetParam() <= kConnectionDevice);
+  EXPECT_EQ(create_without(GetParam()).empty(), GetParam() <= kConnectionDevice);
 }
 
 INSTANTIATE_TEST_SUITE_P(Places, RefusedAddAt, ::testing::Range<int>(kDevice, kLanBridge + 2));

@@ -50,7 +50,7 @@ class NameIterator final : public InstanceIterator {
 };
 
 Platform& Platform::instance() {
-  static Platform* const platform = new Platform;  // outlives every destructor of the library
+  static auto* const platform = new Platform;  // outlives every destructor of the library
   return *platform;
 }
 

@@ -42,7 +42,7 @@ class RunBeforeTheFirstTest : public ::testing::Environment {
   }
 };
 
-::testing::Environment* const environment =
+::testing::Environment* const kEnvironment =
     ::testing::AddGlobalTestEnvironment(new RunBeforeTheFirstTest);
 
 }  // namespace

@@ -4,7 +4,6 @@
 namespace {
 
 using namespace store_tests;
-using host::Checkpoint;
 using host::Difference;
 
 class StoreCheckpoint : public StoreBench {

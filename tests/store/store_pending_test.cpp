@@ -19,7 +19,7 @@ class StorePending : public StoreBench {
     store_ = opened();
   }
 
-  void pass(int seconds) { time_.milliseconds += seconds * 1000; }
+  void pass(int seconds) { time_.milliseconds += std::int64_t{1000} * seconds; }
 
   StoreResult accept(Store& store, const std::string& text) {
     EXPECT_TRUE(store.begin_trial().ok());

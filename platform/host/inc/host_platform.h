@@ -1,8 +1,8 @@
 /// Administration of the reference platform: the trees behind MibAccess, and the debug log.
 ///
 /// A program that only uses libigd needs nothing of this: getContext() hands out a process-wide
-/// MibAccess over the tree of the process's store (host_store.h). Tests and tools that make, exchange, inspect or import
-/// trees use this interface beside MibAccess.
+/// MibAccess over the tree of the process's store (host_store.h). Tests and tools that make,
+/// exchange, inspect or import trees use this interface beside MibAccess.
 #ifndef HOST_PLATFORM_H
 #define HOST_PLATFORM_H
 

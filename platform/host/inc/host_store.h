@@ -131,9 +131,9 @@ class HOST_EXPORT Store {
   void discard();
 
   /// Starts a batch that no commit ends, for operations that commit in their midst: until accept()
-  /// or discard(), commit() is done at once and writes nothing. Takes the write lock, so that checks
-  /// made in the trial still hold when it is accepted. kTrialOpen, kBatchOpen, kLocked, or what
-  /// reading the file failed with. A trial that was spoilt fails each commit() from then on.
+  /// or discard(), commit() is done at once and writes nothing. Takes the write lock, so that
+  /// checks made in the trial still hold when it is accepted. kTrialOpen, kBatchOpen, kLocked, or
+  /// what reading the file failed with. A trial that was spoilt fails each commit() from then on.
   StoreResult begin_trial();
   bool in_trial() const;
 

@@ -1,5 +1,5 @@
 // The tree of the libcommon_util that this program is linked with, as it is found. For running the
-// suite on a gateway; a platform that can tell more about itself brings a file like this of its own.
+// suite on a gateway; a platform that can tell more about itself brings such a file of its own.
 #include "contract_platform.h"
 
 namespace contract {
