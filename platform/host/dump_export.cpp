@@ -1,9 +1,7 @@
 // A tree as a CSV dump.
 #include <csv.h>
 
-#include <algorithm>
 #include <ostream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -38,14 +36,6 @@ std::string dump_type(const ParameterInfo& info) {
 class CsvExport {
  public:
   explicit CsvExport(const Tree& tree) : tree_(tree), parameters_(tree.parameters()) {}
-
-  /// The first parameter that a CSV file cannot carry, null for none.
-  const Parameter* unfit() const {
-    const auto found = std::find_if(
-        parameters_.begin(), parameters_.end(),
-        [](const Parameter& parameter) { return parameter.value.find('\0') != std::string::npos; });
-    return found != parameters_.end() ? &*found : nullptr;
-  }
 
   ExportResult write(std::ostream& output) {
     write_record(output, kHeaders);
@@ -91,13 +81,18 @@ class CsvExport {
     row[kName] = parameter.name;
     row[kIsObject] = flag(false);
     row[kWritable] = flag(info.writable);
-    row[kValue] = parameter.value;
     row[kType] = dump_type(info);
-    const bool would_change =
-        info.type == "boolean" && normalised_boolean(parameter.value) != parameter.value;
-    if (would_change) row[kVerbatim] = flag(true);
+    put_value(row, parameter.value, info);
     write_record(output, row);
     ++result_.parameters;
+  }
+
+  static void put_value(Row& row, const std::string& value, const ParameterInfo& info) {
+    const bool has_nul = value.find('\0') != std::string::npos;
+    const bool would_change = info.type == "boolean" && normalised_boolean(value) != value;
+    row[kValue] = has_nul ? hexadecimal(value) : value;
+    if (would_change) row[kVerbatim] = flag(true);
+    if (has_nul) row[kVerbatim] = kHexadecimal;
   }
 
   const Tree& tree_;
@@ -108,12 +103,7 @@ class CsvExport {
 }  // namespace
 
 ExportResult export_csv(const Tree& tree, std::ostream& output) {
-  CsvExport writer(tree);
-  const Parameter* const unfit = writer.unfit();
-  if (unfit == nullptr) return writer.write(output);
-  ExportResult result;
-  result.error = unfit->name + ": the value holds a NUL byte, which CSV cannot carry";
-  return result;
+  return CsvExport(tree).write(output);
 }
 
 }  // namespace host

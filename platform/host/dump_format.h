@@ -2,7 +2,9 @@
 #ifndef PLATFORM_HOST_DUMP_FORMAT_H
 #define PLATFORM_HOST_DUMP_FORMAT_H
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace host {
 
@@ -16,11 +18,19 @@ enum Column {
   kType,
   kOptionalColumns,
   kHighest = kOptionalColumns,  ///< of a table: highest instance number it ever had
-  kVerbatim,                    ///< "true": the value is taken as it stands
+  kVerbatim,                    ///< "true": the value is taken as it stands; kHexadecimal
   kColumns,
 };
 inline constexpr const char* kHeaders[kColumns] = {
     "Parameter", "Object", "Writable", "Value", "Value type", "Highest instance", "Verbatim"};
+
+/// In kVerbatim: the value stands as hexadecimal digits, since CSV cannot carry a NUL byte.
+inline constexpr const char* kHexadecimal = "hex";
+
+/// Two digits a byte.
+std::string hexadecimal(std::string_view bytes);
+/// The bytes that such digits stand for, none when the text is anything else.
+std::optional<std::string> from_hexadecimal(std::string_view digits);
 
 /// "true" or "false" for every way in which dumps write a boolean; any other text as it is.
 std::string normalised_boolean(const std::string& text);

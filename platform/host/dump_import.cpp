@@ -69,7 +69,7 @@ class DumpImport {
     }
     const auto [seen, is_new] = lines_.emplace(name, record.line);
     if (!is_new) return name + " stands on line " + std::to_string(seen->second) + " already";
-    std::string reason = why_no_flags(record);
+    std::string reason = why_unreadable(record);
     if (!reason.empty()) return reason;
     return is_true(field(record, kIsObject)) ? take_object(record) : take_parameter(record);
   }
@@ -96,14 +96,18 @@ class DumpImport {
     return places_[column].has_value() ? record.fields[*places_[column]] : none;
   }
 
-  std::string why_no_flags(const CsvRecord& record) const {
+  std::string why_unreadable(const CsvRecord& record) const {
     const std::string& name = field(record, kName);
     const std::string& writable = field(record, kWritable);
     if (!is_flag(field(record, kIsObject))) return neither(name, kIsObject);
-    const std::string& verbatim = field(record, kVerbatim);
     if (!writable.empty() && !is_flag(writable)) return neither(name, kWritable);
-    if (!verbatim.empty() && !is_flag(verbatim)) return neither(name, kVerbatim);
-    return {};
+    const std::string& verbatim = field(record, kVerbatim);
+    if (verbatim == kHexadecimal) {
+      const bool is_read = from_hexadecimal(field(record, kValue)).has_value();
+      return is_read ? std::string() : name + ": Value is not in hexadecimal digits";
+    }
+    if (verbatim.empty() || is_flag(verbatim)) return {};
+    return name + ": Verbatim is none of true, false and " + kHexadecimal;
   }
 
   static std::string neither(const std::string& name, Column column) {
@@ -141,7 +145,7 @@ class DumpImport {
     }
     ++(cell.row != nullptr ? result_.parameters : result_.extensions);
     if (cell.row == nullptr) note_extension(record);
-    TreeStore::set(cell, is_true(field(record, kVerbatim)) ? value : read_value(cell, record));
+    TreeStore::set(cell, text_of(cell, record));
   }
 
   void note_extension(const CsvRecord& record) {
@@ -150,8 +154,11 @@ class DumpImport {
     if (!is_known_type(type)) notes_.unknown_type(field(record, kName), type);
   }
 
-  std::string read_value(const Cell& cell, const CsvRecord& record) {
+  std::string text_of(const Cell& cell, const CsvRecord& record) {
     const std::string& value = field(record, kValue);
+    const std::string& verbatim = field(record, kVerbatim);
+    if (verbatim == kHexadecimal) return *from_hexadecimal(value);
+    if (is_true(verbatim)) return value;
     std::string text = cell.type() == kBoolean ? normalised_boolean(value) : value;
     if (text == value) return text;
     ++result_.booleans;

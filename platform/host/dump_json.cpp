@@ -3,6 +3,7 @@
 #include <ostream>
 #include <string>
 
+#include "dump_format.h"
 #include "host_platform.h"
 
 namespace host {
@@ -27,25 +28,13 @@ bool is_utf8(const std::string& text) {
   }
 }
 
-std::string hex(const std::string& text) {
-  constexpr char kDigits[] = "0123456789abcdef";
-  constexpr unsigned kLowHalf = 0xF;
-  std::string digits;
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    digits += kDigits[byte >> 4U];
-    digits += kDigits[byte & kLowHalf];
-  }
-  return digits;
-}
-
 /// Texts of the tree are bytes, those of JSON are Unicode: what is no UTF-8 stands as hexadecimal
 /// digits under another key, so that no reader takes it for the text.
 void put_text(Json& object, const std::string& key, const std::string& text) {
   if (is_utf8(text)) {
     object[key] = text;
   } else {
-    object[key + "_hex"] = hex(text);
+    object[key + "_hex"] = hexadecimal(text);
   }
 }
 

@@ -91,11 +91,13 @@ std::string DumpTree::make_parameter(const std::string& name, ValueType type, Ac
 std::string DumpTree::count_from(Node& table, const std::string& highest) {
   const std::string name = table.path.substr(0, table.path.size() - 1);
   const bool may_be_table = table.schema == nullptr && table.kind == Node::Kind::kObject;
-  if (may_be_table) table.kind = Node::Kind::kTable;
-  if (table.kind != Node::Kind::kTable) return name + " is no table, so it has no instances";
+  if (table.kind != Node::Kind::kTable && !may_be_table) {
+    return name + " is no table, so it has no instances";
+  }
   if (!is_number(highest)) return name + ": the highest instance is no number";
   if (!fits_int(highest)) return name + ": the highest instance number is too large";
   table.last_number = std::max(table.last_number, std::stoi(highest));
+  if (table.last_number > 0) table.kind = Node::Kind::kTable;
   return {};
 }
 

@@ -126,9 +126,9 @@ struct Text {
 };
 std::ostream& operator<<(std::ostream& out, const Text& text) { return out << text.name; }
 
-std::string every_byte_but_zero() {
+std::string every_byte() {
   std::string text;
-  for (int byte = 1; byte < 256; ++byte) text += static_cast<char>(byte);
+  for (int byte = 0; byte < 256; ++byte) text += static_cast<char>(byte);
   return text;
 }
 
@@ -155,7 +155,10 @@ const Text kTexts[] = {
      "K\xC3\xBC"
      "che \xE2\x82\xAC"},
     {"NoUtf8", "\xFF\xFE\x80"},
-    {"EveryByteButZero", every_byte_but_zero()},
+    {"NulByte", std::string(1, '\0')},
+    {"NulByteInside", std::string("a\0b", 3)},
+    {"NulByteAndQuotes", std::string("\"\0\",\n", 5)},
+    {"EveryByte", every_byte()},
     {"Formula", "=1+1"},
     {"Long", std::string(100000, ',')},
 };
@@ -182,15 +185,16 @@ TEST(CsvRoundTrip, KeepsNamesThatNeedQuotes) {
   expect_round_trip(tree);
 }
 
-TEST(CsvExport, RefusesANulByteAndWritesNothing) {
-  Tree tree = Tree::factory();
-  tree.set_value(kInfo + "Description", std::string("a\0b", 3));
-  std::ostringstream output;
-  const ExportResult result = host::export_csv(tree, output);
-  EXPECT_FALSE(result.ok);
-  EXPECT_EQ(result.error,
-            kInfo + "Description: the value holds a NUL byte, which CSV cannot carry");
-  EXPECT_EQ(output.str(), "");
+TEST(CsvExport, WritesValuesWithANulByteInHexadecimalDigits) {
+  Tree tree;
+  tree.set_value(kInfo + "Description", std::string("a\0\n\xFF", 4));
+  EXPECT_TRUE(has_row(tree, kInfo + "Description,false,false,61000aff,xsd:string,,hex"));
+}
+
+TEST(CsvExport, WritesValuesThatLookLikeHexadecimalDigitsAsTheyAre) {
+  Tree tree;
+  tree.set_value(kInfo + "Description", "6100");
+  EXPECT_TRUE(has_row(tree, kInfo + "Description,false,false,6100,xsd:string,,"));
 }
 
 TEST(CsvExport, TellsWhenTheOutputFails) {

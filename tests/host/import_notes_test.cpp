@@ -161,6 +161,21 @@ TEST(Counter, IsNeverBelowAnInstance) {
   }
 }
 
+TEST(Counter, MakesATableOfAnExtensionUnlessItIsZero) {
+  Tree tree;
+  ASSERT_TRUE(imported(tree, kHeader + kRoot + "X_A_Table,true,true,,,2,\n" + kRoot +
+                                 "X_A_Object,true,true,,,0,\n")
+                  .ok);
+  const std::vector<host::Object> objects = tree.objects();
+  const auto kind_of = [&objects](const std::string& path) {
+    const auto found = std::find_if(objects.begin(), objects.end(),
+                                    [&path](const auto& object) { return object.path == path; });
+    return found->kind;
+  };
+  EXPECT_EQ(kind_of(kRoot + "X_A_Table."), host::Object::Kind::kTable);
+  EXPECT_EQ(kind_of(kRoot + "X_A_Object."), host::Object::Kind::kSingle);
+}
+
 TEST(Verbatim, TakesABooleanAsItStands) {
   Tree tree;
   const ImportResult result =
@@ -170,6 +185,17 @@ TEST(Verbatim, TakesABooleanAsItStands) {
   EXPECT_EQ(tree.value(kBridges + "1.BridgeEnable"), "1");
   EXPECT_EQ(tree.value(kBridges + "2.BridgeEnable"), "true");
   EXPECT_EQ(result.booleans, 1U);
+}
+
+TEST(Verbatim, ReadsHexadecimalDigits) {
+  Tree tree;
+  const ImportResult result =
+      imported(tree, kHeader + kInfo + "ModelName,false,false,00c3BC0a,xsd:string,,hex\n" +
+                         kBridges + "1.BridgeEnable,false,true,31,xsd:boolean,,hex\n");
+  ASSERT_TRUE(result.ok) << result.error;
+  EXPECT_EQ(tree.value(kInfo + "ModelName"), std::string("\0\xC3\xBC\n", 4));
+  EXPECT_EQ(tree.value(kBridges + "1.BridgeEnable"), "1");
+  EXPECT_TRUE(result.notes.empty());
 }
 
 struct BadRow {
@@ -195,7 +221,11 @@ const BadRow kBadRows[] = {
     {"HighestAboveEverything", kRoot + "WANDevice,true,true,,,99999999999999999999999,",
      kRoot + "WANDevice: the highest instance number is too large"},
     {"VerbatimInWords", kInfo + "ModelName,false,false,x,xsd:string,,maybe",
-     kInfo + "ModelName: Verbatim is neither true nor false"},
+     kInfo + "ModelName: Verbatim is none of true, false and hex"},
+    {"OddDigits", kInfo + "ModelName,false,false,616,xsd:string,,hex",
+     kInfo + "ModelName: Value is not in hexadecimal digits"},
+    {"NoDigits", kInfo + "ModelName,false,false,6g,xsd:string,,hex",
+     kInfo + "ModelName: Value is not in hexadecimal digits"},
 };
 
 class RefusedRow : public testing::TestWithParam<BadRow> {};

@@ -165,8 +165,7 @@ struct ExportResult {
 
 /// Writes a tree as a parameter dump that import_csv makes an identical tree of: values,
 /// extensions with type and access, objects without parameters, and the numbers that tables go on
-/// counting from. Refused before anything is written when a value holds a NUL byte, which CSV
-/// cannot carry.
+/// counting from. A value with a NUL byte, which CSV cannot carry, stands in hexadecimal digits.
 HOST_EXPORT ExportResult export_csv(const Tree& tree, std::ostream& output);
 
 /// Writes a tree as JSON, for programs: {"format": 1, "objects": [...], "parameters": [...]}.
