@@ -51,11 +51,20 @@ class NewFile {
   bool in_place_ = false;
 };
 
+/// Why what stands at a path must stay. A link is not followed, because somebody else may have put
+/// it there, and not replaced, because then its target would silently stay behind.
+std::string why_not_replaced(const std::string& path) {
+  struct stat there {};
+  if (lstat(path.c_str(), &there) != 0 || S_ISREG(there.st_mode)) return {};
+  if (S_ISLNK(there.st_mode)) return path + ": is a symbolic link";
+  if (S_ISDIR(there.st_mode)) return path + ": is a folder";
+  return path + ": is no regular file";
+}
+
 /// Replaces a file by this text. Returns why it could not, or "".
 std::string replaced(const std::string& path, const std::string& text) {
-  struct stat there {};
-  const bool exists = stat(path.c_str(), &there) == 0;
-  if (exists && !S_ISREG(there.st_mode)) return path + ": is no regular file";
+  std::string reason = why_not_replaced(path);
+  if (!reason.empty()) return reason;
   NewFile file(path);
   const bool done = file.is_open() && file.write_all(text) && file.put_in_place();
   return done ? std::string() : path + ": cannot be written: " + std::strerror(errno);

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <cstdlib>
@@ -85,12 +86,33 @@ TEST_P(ExportFile, ReplacesAFile) {
   EXPECT_EQ(files(), 1);
 }
 
-TEST_P(ExportFile, ReplacesALinkAndNotWhatItPointsTo) {
+TEST_P(ExportFile, InPlaceOfALinkIsRefused) {
   std::ofstream(folder_ / "target") << "stays";
   fs::create_symlink("target", folder_ / "tree");
-  EXPECT_TRUE(written(folder_ / "tree").ok);
+  fs::create_symlink("nowhere", folder_ / "dangling");
+  for (const char* name : {"tree", "dangling"}) {
+    EXPECT_EQ(written(folder_ / name).error, (folder_ / name).string() + ": is a symbolic link");
+    EXPECT_TRUE(fs::is_symlink(folder_ / name));
+  }
   EXPECT_EQ(content_of(folder_ / "target"), "stays");
-  EXPECT_FALSE(fs::is_symlink(folder_ / "tree"));
+  EXPECT_EQ(files(), 3);
+}
+
+TEST_P(ExportFile, InAFolderThatCannotBeWrittenIsRefused) {
+  const fs::path file = folder_ / "tree";
+  std::ofstream(file) << "old";
+  fs::permissions(folder_, fs::perms(0555));
+  fs::permissions(file, fs::perms(0666));
+  const uid_t user = geteuid();
+  constexpr uid_t kNobody = 65534;  // nothing is forbidden to root
+  if (user == 0 && seteuid(kNobody) != 0) GTEST_SKIP() << "the user cannot be changed";
+  const ExportResult result = written(file);
+  ASSERT_EQ(seteuid(user), 0);
+  fs::permissions(folder_, fs::perms(0755));
+  EXPECT_FALSE(result.ok);
+  EXPECT_EQ(result.error, file.string() + ": cannot be written: Permission denied");
+  EXPECT_EQ(content_of(file), "old");
+  EXPECT_EQ(files(), 1);
 }
 
 TEST_P(ExportFile, InAMissingFolderIsRefusedByName) {
@@ -101,8 +123,14 @@ TEST_P(ExportFile, InAMissingFolderIsRefusedByName) {
 TEST_P(ExportFile, InPlaceOfAFolderIsRefused) {
   const ExportResult result = written(folder_);
   EXPECT_FALSE(result.ok);
-  EXPECT_EQ(result.error, folder_.string() + ": is no regular file");
+  EXPECT_EQ(result.error, folder_.string() + ": is a folder");
   EXPECT_EQ(files(), 0);
+}
+
+TEST_P(ExportFile, WithoutANameIsRefused) {
+  const ExportResult result = written("");
+  EXPECT_FALSE(result.ok);
+  EXPECT_NE(result.error, "");
 }
 
 TEST_P(ExportFile, InPlaceOfADeviceIsRefused) {

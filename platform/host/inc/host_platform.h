@@ -172,8 +172,8 @@ HOST_EXPORT ExportResult export_csv(const Tree& tree, std::ostream& output);
 HOST_EXPORT ExportResult export_json(const Tree& tree, std::ostream& output);
 
 /// The same into a file with mode 0600, since a tree holds passwords. The file appears whole or
-/// not at all: it is written beside its place and then renamed, and a file that was there stays
-/// until then. Only a regular file is replaced; a symbolic link is replaced, not followed.
+/// not at all: it is written beside its place, synced and then renamed, and a file that was there
+/// stays until then. Only a regular file is replaced; a symbolic link is refused.
 HOST_EXPORT ExportResult export_csv_file(const Tree& tree, const std::string& path);
 HOST_EXPORT ExportResult export_json_file(const Tree& tree, const std::string& path);
 
