@@ -103,8 +103,7 @@ TEST(JsonExport, KeepsEveryUnicodeText) {
                                           "a\r\n\tb",
                                           std::string("a\0b", 3),
                                           "\x01\x1F\x7F",
-                                          "K\xC3\xBC"
-                                          "che",
+                                          "\xC3\xBC \xE2\x82\xAC",
                                           "\xF0\x9F\x93\xB6"};
   for (const std::string& text : texts) {
     tree.set_value(kInfo + "Description", text);

@@ -226,7 +226,7 @@ TEST_F(StoreImport, IntoALockedStoreIsRefusedWithTheReason) {
 TEST_F(StoreImport, OfEveryRealDumpSurvivesReopeningAndExport) {
   for (const char* name : {"igd-bm632w.csv", "igd-w5-2100g.csv", "igd-ec220-g5-v2.csv"}) {
     const std::string file = dump_file(name);
-    if (file.empty()) continue;
+    if (file.empty()) GTEST_SKIP() << name << " is not in the dump folder";
     Tree expected;
     ASSERT_TRUE(host::import_csv_file(expected, file).ok);
     ASSERT_TRUE(host::import_csv_file(store_->tree(), file).ok);
