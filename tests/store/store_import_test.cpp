@@ -223,6 +223,22 @@ TEST_F(StoreImport, IntoALockedStoreIsRefusedWithTheReason) {
   EXPECT_EQ(other->commit().error, StoreError::kLocked);
 }
 
+TEST_F(StoreImport, OfOneRealDumpOverAnotherIsDiscardedWithoutATrace) {
+  const char* const names[] = {"igd-bm632w.csv", "igd-w5-2100g.csv", "igd-ec220-g5-v2.csv"};
+  for (const char* own : names) {
+    if (dump_file(own).empty()) GTEST_SKIP() << own << " is not in the dump folder";
+    ASSERT_TRUE(host::import_csv_file(store_->tree(), dump_file(own)).ok);
+    ASSERT_TRUE(store_->commit(own).ok());
+    const WholeState before = state_of(store_->tree());
+    for (const char* other : names) {
+      ASSERT_TRUE(store_->begin_trial().ok());
+      ASSERT_TRUE(host::import_csv_file(store_->tree(), dump_file(other)).ok);
+      store_->discard();
+      EXPECT_TRUE(state_of(store_->tree()) == before) << other << " over " << own;
+    }
+  }
+}
+
 TEST_F(StoreImport, OfEveryRealDumpSurvivesReopeningAndExport) {
   for (const char* name : {"igd-bm632w.csv", "igd-w5-2100g.csv", "igd-ec220-g5-v2.csv"}) {
     const std::string file = dump_file(name);
