@@ -26,8 +26,8 @@ constexpr const char* kLog = "-wal";
 
 constexpr const char* kTables = R"(
   CREATE TABLE entry(name TEXT PRIMARY KEY, text BLOB NOT NULL, type TEXT NOT NULL) WITHOUT ROWID;
-  CREATE TABLE change(generation INTEGER PRIMARY KEY, time INTEGER NOT NULL, label TEXT NOT NULL,
-                      changes BLOB NOT NULL);
+  CREATE TABLE change(place INTEGER PRIMARY KEY, generation INTEGER NOT NULL,
+                      time INTEGER NOT NULL, label TEXT NOT NULL, changes BLOB NOT NULL);
   CREATE TABLE checkpoint(name TEXT PRIMARY KEY, generation INTEGER NOT NULL,
                           time INTEGER NOT NULL, entries BLOB NOT NULL);
   CREATE TABLE pending(only INTEGER PRIMARY KEY CHECK (only = 1), generation INTEGER NOT NULL,
@@ -168,15 +168,16 @@ void StoreFile::write(const Change& change) {
       database_.statement("DELETE FROM entry WHERE name = ?").bind_text(0, row.name).run();
     }
   }
-  database_.statement("INSERT INTO change(generation, time, label, changes) VALUES(?, ?, ?, ?)")
-      .bind(0, static_cast<std::int64_t>(change.generation))
-      .bind(1, change.time)
-      .bind_text(2, change.label)
-      .bind_bytes(3, encoded(change.rows))
-      .run();
-  database_.statement("DELETE FROM change WHERE generation <= ?")
-      .bind(0,
-            static_cast<std::int64_t>(change.generation) - static_cast<std::int64_t>(kChangesKept))
+  // In the place of the one that is too old now, so that a commit writes no other pages for it.
+  database_
+      .statement(
+          "INSERT OR REPLACE INTO change(place, generation, time, label, changes)"
+          " VALUES(?, ?, ?, ?, ?)")
+      .bind(0, static_cast<std::int64_t>(change.generation % kChangesKept))
+      .bind(1, static_cast<std::int64_t>(change.generation))
+      .bind(2, change.time)
+      .bind_text(3, change.label)
+      .bind_bytes(4, encoded(change.rows))
       .run();
 }
 
