@@ -130,11 +130,23 @@ Generation StoreFile::generation() {
 
 RowSet StoreFile::rows() {
   RowSet rows;
+  for_each_row([&rows](const std::string& name, const Row& row) {
+    rows.emplace_hint(rows.end(), name, row);
+  });
+  return rows;
+}
+
+void StoreFile::for_each_row(
+    const std::function<void(const std::string& name, const Row& row)>& visit) {
+  std::string name;  // these take one text after the other, without memory for each
+  Row row;
   Statement& entries = database_.statement("SELECT name, text, type FROM entry ORDER BY name");
   while (entries.next()) {
-    rows.emplace_hint(rows.end(), entries.text(0), Row{entries.text(1), entries.text(2)});
+    name = entries.view(0);
+    row.text = entries.view(1);
+    row.type = entries.view(2);
+    visit(name, row);
   }
-  return rows;
 }
 
 std::vector<Change> StoreFile::read_changes(Generation after) {
