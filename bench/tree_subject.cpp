@@ -9,16 +9,7 @@ namespace {
 
 class TreeSubject {
  public:
-  explicit TreeSubject(const Workload& work) {
-    const std::string wan_path = added("InternetGatewayDevice.WANDevice.");
-    for (int i = 0; i < work.connections; ++i) {
-      const std::string device_path = added(wan_path + "WANConnectionDevice.");
-      added(device_path + "WANIPConnection.");
-      added(device_path + "WANPPPConnection.");
-    }
-    for (const Entry& entry : work.entries) tree_.set_value(entry.name, entry.first);
-    tree_.clear_refusals();  // of the counts
-  }
+  explicit TreeSubject(const Workload& work) { fill(tree_, work); }
 
   static std::string key(const std::string& name) { return name; }
   std::string get(const std::string& key) const { return tree_.value(key); }
