@@ -176,6 +176,7 @@ void register_subject(const std::string& name) {
 }
 
 void register_augeas();
+void register_durable();
 void register_libyang();
 void register_lmdb();
 void register_map();

@@ -40,6 +40,7 @@ int main(int argc, char** argv) {
   bench::register_libyang();
   bench::register_sqlite();
   bench::register_lmdb();
+  bench::register_durable();
   bench::RatioTable table;
   benchmark::RunSpecifiedBenchmarks(&table);
   benchmark::Shutdown();

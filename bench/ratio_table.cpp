@@ -23,13 +23,14 @@ const Row kRows[] = {
     {"add", "add an instance of 25"},
     {"add and write", "add it and write 21 values"},
     {"delete", "delete it"},
+    {"open", "open"},
     {"bytes", "bytes a parameter"},
 };
 
 /// How many instances one iteration handles.
 int instances_of(const std::string& work, int connections) {
   if (work == "enumerate") return connections;
-  return work == "get" || work == "set" ? 1 : kBatch;
+  return work == "add" || work == "add and write" || work == "delete" ? kBatch : 1;
 }
 
 /// The parts of "work/subject/connections" with whatever follows.
@@ -56,6 +57,9 @@ void RatioTable::ReportRuns(const std::vector<Run>& runs) {
     const int connections = std::stoi(parts[2]);
     figures_[{parts[0], connections, parts[1]}] =
         run.GetAdjustedRealTime() / instances_of(parts[0], connections);
+    for (const auto& [name, count] : run.counters) {
+      figures_[{parts[0] + " " + name, connections, parts[1]}] = count;
+    }
   }
 }
 
@@ -83,6 +87,24 @@ void RatioTable::print_row(const std::string& work, const std::string& label,
   std::printf("\n");
 }
 
+void RatioTable::print_commits() const {
+  if (figure("commit", kSizes[0], "table") <= 0) return;
+  std::printf("\nA durable commit of 60 changes, in us.\n\n");
+  std::printf(
+      "| conn. |   SQLite |    store | store / SQLite | syncs, KiB | syncs, KiB of SQLite |\n");
+  std::printf(
+      "|------:|---------:|---------:|---------------:|-----------:|---------------------:|\n");
+  constexpr double kMicro = 1000;
+  for (const int size : kSizes) {
+    const double table = figure("commit", size, "table");
+    const double tree = figure("commit", size, "tree");
+    std::printf("| %5d | %8.0f | %8.0f | %14.2f | %4.2f, %4.1f | %14.2f, %4.1f |\n", size,
+                table / kMicro, tree / kMicro, tree / table, figure("commit syncs", size, "tree"),
+                figure("commit KiB", size, "tree"), figure("commit syncs", size, "table"),
+                figure("commit KiB", size, "table"));
+  }
+}
+
 void RatioTable::Finalize() {
   std::printf("Times in ns. The last five columns are multiples of the map.\n\n");
   std::printf("| %-26s | %5s | %8s | %8s | %10s |", "work", "conn.", "map", "tree", "tree / map");
@@ -93,6 +115,7 @@ void RatioTable::Finalize() {
   for (const Row& row : kRows) {
     for (const int connections : kSizes) print_row(row.work, row.label, connections);
   }
+  print_commits();
 }
 
 }  // namespace bench

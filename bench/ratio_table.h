@@ -21,6 +21,7 @@ class RatioTable : public benchmark::BenchmarkReporter {
   using Place = std::tuple<std::string, int, std::string>;  // work, connections, subject
 
   void print_row(const std::string& work, const std::string& label, int connections) const;
+  void print_commits() const;
   double figure(const std::string& work, int connections, const std::string& subject) const;
 
   std::map<Place, double> figures_;  // nanoseconds, or bytes a parameter

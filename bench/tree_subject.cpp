@@ -9,23 +9,21 @@ namespace {
 
 class TreeSubject {
  public:
-  explicit TreeSubject(const Workload& work) {
-    const std::string wan_path = added("InternetGatewayDevice.WANDevice.");
-    for (int i = 0; i < work.connections; ++i) {
-      const std::string device_path = added(wan_path + "WANConnectionDevice.");
-      added(device_path + "WANIPConnection.");
-      added(device_path + "WANPPPConnection.");
-    }
-    for (const Entry& entry : work.entries) tree_.set_value(entry.name, entry.first);
-    tree_.clear_refusals();  // of the counts
-  }
+  explicit TreeSubject(const Workload& work) { fill(tree_, work); }
 
   static std::string key(const std::string& name) { return name; }
   std::string get(const std::string& key) const { return tree_.value(key); }
   void set(const std::string& key, const std::string& value) { tree_.set_value(key, value); }
-  std::vector<std::string> enumerate_values() const {
-    std::vector<std::string> values = tree_.instances(kAddressingType);
-    for (std::string& value : values) value = tree_.value(value);
+  /// The way libigd does it.
+  std::vector<std::string> enumerate_values() {
+    host::Tree* const before = host::exchange_active_tree(&tree_);
+    MibAccess& access = host::mib_access();
+    std::vector<std::string> values;
+    InstanceIterator* const instance = access.openInstanceIterator(kAddressingType);
+    do values.push_back(access.getValue(instance->fullName()));
+    while (instance->next() != 0);
+    access.closeInstanceIterator(instance);
+    host::exchange_active_tree(before);
     return values;
   }
   std::string add() { return added(kAddedTable); }

@@ -15,15 +15,13 @@ std::string added(host::Tree& tree, const std::string& table_path) {
   return table_path + std::to_string(number) + ".";
 }
 
-host::Tree tree_of(int connections) {
-  host::Tree tree;
+void add_connections(host::Tree& tree, int connections) {
   const std::string wan_path = added(tree, "InternetGatewayDevice.WANDevice.");
   for (int i = 0; i < connections; ++i) {
     const std::string device_path = added(tree, wan_path + "WANConnectionDevice.");
     added(tree, device_path + "WANIPConnection.");
     added(tree, device_path + "WANPPPConnection.");
   }
-  return tree;
 }
 
 std::string text_of_type(const std::string& type, std::mt19937& random) {
@@ -60,7 +58,8 @@ std::vector<Entry> without_counts(std::vector<Entry> entries) {
 
 Workload made(int connections) {
   Workload work;
-  const host::Tree tree = tree_of(connections);
+  host::Tree tree;
+  add_connections(tree, connections);
   work.connections = connections;
   work.entries = entries_of(tree, "InternetGatewayDevice.WANDevice.1.WANConnectionDevice.", 0);
   std::vector<Entry> order = work.entries;
@@ -74,6 +73,12 @@ Workload made(int connections) {
 }  // namespace
 
 const char kAddedTable[] = "InternetGatewayDevice.LANDevice.";
+
+void fill(host::Tree& tree, const Workload& work) {
+  add_connections(tree, work.connections);
+  for (const Entry& entry : work.entries) tree.set_value(entry.name, entry.first);
+  tree.clear_refusals();  // of the counts
+}
 
 const Workload& workload(int connections) {
   static std::map<int, Workload> made_before;

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "host_platform.h"
+
 namespace bench {
 
 /// A parameter with the two texts that are written to it in turn.
@@ -24,6 +26,9 @@ struct Workload {
   std::vector<Entry> shuffled_writes;   ///< without the counts, which a tree computes
   std::vector<std::string> enumerated;  ///< names that kAddressingType enumerates
 };
+
+/// Puts a workload into a tree that has no WAN device.
+void fill(host::Tree& tree, const Workload& work);
 
 /// Made at first use.
 const Workload& workload(int connections);

@@ -80,14 +80,16 @@ void Statement::run() {
 
 std::int64_t Statement::number(int column) { return sqlite3_column_int64(statement_, column); }
 
-std::string Statement::text(int column) {
+std::string_view Statement::view(int column) {
   const auto* data = static_cast<const char*>(sqlite3_column_blob(statement_, column));
   const int size = sqlite3_column_bytes(statement_, column);
-  return data != nullptr ? std::string(data, static_cast<std::size_t>(size)) : std::string();
+  return data != nullptr ? std::string_view(data, static_cast<std::size_t>(size))
+                         : std::string_view();
 }
 
 Database::Database(const std::string& path, const StoreOptions& options) {
-  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_EXRESCODE;
+  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_EXRESCODE |
+                    SQLITE_OPEN_NOMUTEX;  // one thread at a time, as a store is used
   const char* vfs = options.vfs.empty() ? nullptr : options.vfs.c_str();
   const int code = sqlite3_open_v2(path.c_str(), &connection_, flags, vfs);
   if (code == SQLITE_OK) {

@@ -44,7 +44,8 @@ class Statement {
   void run();   ///< runs to the end
 
   std::int64_t number(int column);
-  std::string text(int column);  ///< also of bytes
+  std::string_view view(int column);  ///< of text or bytes, until the next row
+  std::string text(int column) { return std::string(view(column)); }
 
  private:
   void check(int code);

@@ -1,9 +1,9 @@
 /// The context that libigd asks for, and the tree behind it.
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "host_platform.h"
 #include "host_store.h"
@@ -42,21 +42,22 @@ Store* active_store() { return exchanged_tree == nullptr ? process_store() : nul
 class NameIterator final : public InstanceIterator {
  public:
   /// @param store  whose view stays as it is until the walk ends; null when there is none
-  NameIterator(std::vector<std::string> names, Store* store) : names_(std::move(names)) {
+  NameIterator(std::shared_ptr<const Listing> listing, Store* store)
+      : listing_(std::move(listing)) {
     if (store != nullptr) hold_.emplace(*store);
   }
 
   int next() override {
-    if (position_ < names_.size()) ++position_;
-    return position_ < names_.size() ? 1 : 0;
+    if (position_ < listing_->size()) ++position_;
+    return position_ < listing_->size() ? 1 : 0;
   }
 
   std::string fullName() override {
-    return position_ < names_.size() ? names_[position_] : std::string();
+    return position_ < listing_->size() ? std::string(listing_->name(position_)) : std::string();
   }
 
  private:
-  std::vector<std::string> names_;
+  std::shared_ptr<const Listing> listing_;
   std::size_t position_ = 0;
   std::optional<ReadHold> hold_;
 };
@@ -71,8 +72,9 @@ class ActiveTreeAccess final : public MibAccess {
     return active_tree().delete_object(object_path);
   }
   InstanceIterator* openInstanceIterator(int type) override {
-    auto names = active_tree().instances(type);
-    return names.empty() ? nullptr : new NameIterator(std::move(names), active_store());
+    auto listing = TreeAccess::store(active_tree()).listing(type);
+    if (listing->size() == 0) return nullptr;
+    return new NameIterator(std::move(listing), active_store());
   }
   void closeInstanceIterator(InstanceIterator* iterator) override {
     delete static_cast<NameIterator*>(iterator);

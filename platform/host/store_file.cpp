@@ -26,8 +26,8 @@ constexpr const char* kLog = "-wal";
 
 constexpr const char* kTables = R"(
   CREATE TABLE entry(name TEXT PRIMARY KEY, text BLOB NOT NULL, type TEXT NOT NULL) WITHOUT ROWID;
-  CREATE TABLE change(generation INTEGER PRIMARY KEY, time INTEGER NOT NULL, label TEXT NOT NULL,
-                      changes BLOB NOT NULL);
+  CREATE TABLE change(place INTEGER PRIMARY KEY, generation INTEGER NOT NULL,
+                      time INTEGER NOT NULL, label TEXT NOT NULL, changes BLOB NOT NULL);
   CREATE TABLE checkpoint(name TEXT PRIMARY KEY, generation INTEGER NOT NULL,
                           time INTEGER NOT NULL, entries BLOB NOT NULL);
   CREATE TABLE pending(only INTEGER PRIMARY KEY CHECK (only = 1), generation INTEGER NOT NULL,
@@ -130,11 +130,23 @@ Generation StoreFile::generation() {
 
 RowSet StoreFile::rows() {
   RowSet rows;
+  for_each_row([&rows](const std::string& name, const Row& row) {
+    rows.emplace_hint(rows.end(), name, row);
+  });
+  return rows;
+}
+
+void StoreFile::for_each_row(
+    const std::function<void(const std::string& name, const Row& row)>& visit) {
+  std::string name;  // these take one text after the other, without memory for each
+  Row row;
   Statement& entries = database_.statement("SELECT name, text, type FROM entry ORDER BY name");
   while (entries.next()) {
-    rows.emplace_hint(rows.end(), entries.text(0), Row{entries.text(1), entries.text(2)});
+    name = entries.view(0);
+    row.text = entries.view(1);
+    row.type = entries.view(2);
+    visit(name, row);
   }
-  return rows;
 }
 
 std::vector<Change> StoreFile::read_changes(Generation after) {
@@ -168,15 +180,16 @@ void StoreFile::write(const Change& change) {
       database_.statement("DELETE FROM entry WHERE name = ?").bind_text(0, row.name).run();
     }
   }
-  database_.statement("INSERT INTO change(generation, time, label, changes) VALUES(?, ?, ?, ?)")
-      .bind(0, static_cast<std::int64_t>(change.generation))
-      .bind(1, change.time)
-      .bind_text(2, change.label)
-      .bind_bytes(3, encoded(change.rows))
-      .run();
-  database_.statement("DELETE FROM change WHERE generation <= ?")
-      .bind(0,
-            static_cast<std::int64_t>(change.generation) - static_cast<std::int64_t>(kChangesKept))
+  // In the place of the one that is too old now, so that a commit writes no other pages for it.
+  database_
+      .statement(
+          "INSERT OR REPLACE INTO change(place, generation, time, label, changes)"
+          " VALUES(?, ?, ?, ?, ?)")
+      .bind(0, static_cast<std::int64_t>(change.generation % kChangesKept))
+      .bind(1, static_cast<std::int64_t>(change.generation))
+      .bind(2, change.time)
+      .bind_text(3, change.label)
+      .bind_bytes(4, encoded(change.rows))
       .run();
 }
 

@@ -3,6 +3,7 @@
 #define PLATFORM_HOST_STORE_FILE_H
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -44,6 +45,8 @@ class StoreFile {
 
   Generation generation();
   RowSet rows();
+  /// All rows in byte order of their names, without keeping them.
+  void for_each_row(const std::function<void(const std::string& name, const Row& row)>& visit);
 
   /// The changes after a generation, oldest first; none when they are not all kept any more.
   std::optional<std::vector<Change>> changes_after(Generation generation);

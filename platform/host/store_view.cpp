@@ -64,7 +64,10 @@ void Store::Impl::catch_up() {
 void Store::Impl::reload() {
   TreeStore loaded;
   const Generation newest = file->generation();
-  const std::string reason = tree_from(file->rows(), loaded);
+  std::string reason;
+  file->for_each_row([&](const std::string& name, const Row& row) {
+    if (reason.empty()) reason = put_row(loaded, name, row);
+  });
   if (!reason.empty()) throw StoreFailure(StoreError::kCorrupt, reason);
   pending = file->pending();
   content() = std::move(loaded);

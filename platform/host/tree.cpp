@@ -154,7 +154,13 @@ std::string Tree::value(const std::string& name) const {
 }
 
 std::vector<std::string> Tree::instances(int object_type) const {
-  return impl_->store.names(object_type);
+  const auto listing = impl_->store.listing(object_type);
+  std::vector<std::string> names;
+  names.reserve(listing->size());
+  for (std::size_t place = 0; place < listing->size(); ++place) {
+    names.emplace_back(listing->name(place));
+  }
+  return names;
 }
 
 bool Tree::has_object(std::string_view object_path) const {

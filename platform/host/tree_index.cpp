@@ -31,6 +31,7 @@ std::size_t after_last_dot(std::string_view name) {
 }  // namespace
 
 void TreeIndex::enter(Node& node) {
+  walk_.listing.reset();
   nodes_.enter(node);
   if (!is_enumerated(node)) return;
   ObjectList& objects = enumerated_[node.schema];
@@ -38,6 +39,7 @@ void TreeIndex::enter(Node& node) {
 }
 
 void TreeIndex::leave(const Node& node) {
+  walk_.listing.reset();
   nodes_.leave(node);
   if (!is_enumerated(node)) return;
   ObjectList& objects = enumerated_[node.schema];
@@ -45,24 +47,26 @@ void TreeIndex::leave(const Node& node) {
 }
 
 Cell TreeIndex::cell(std::string_view full_name) const {
+  if (walk_.listing != nullptr && walk_.due < walk_.listing->cells().size() &&
+      walk_.listing->name(walk_.due) == full_name) {
+    return walk_.listing->cells()[walk_.due++];
+  }
   const std::size_t own = after_last_dot(full_name);
   const Node* owner = nodes_.find(full_name.substr(0, own));
   return owner != nullptr ? cell_of(*owner, full_name.substr(own)) : Cell();
 }
 
-std::vector<std::string> TreeIndex::names(int object_type) const {
-  std::vector<std::string> names;
+std::shared_ptr<const Listing> TreeIndex::listing(int object_type) const {
+  walk_.due = 0;
+  if (walk_.listing != nullptr && walk_.object_type == object_type) return walk_.listing;
+  static const std::vector<const Node*> kNone;
   const Enumeration* enumeration = enumeration_of(object_type);
-  if (enumeration == nullptr) return names;
+  if (enumeration == nullptr) return std::make_shared<Listing>(Enumeration{}, kNone);
   const auto found = enumerated_.find(enumeration->object);
-  if (found == enumerated_.end()) return names;
-  names.reserve(found->second.size());
-  for (const Node* node : found->second) {
-    std::string& name = names.emplace_back();
-    name.reserve(node->path.size() + enumeration->parameter.size());
-    name.append(node->path).append(enumeration->parameter);
-  }
-  return names;
+  const auto& objects = found != enumerated_.end() ? found->second : kNone;
+  walk_.listing = std::make_shared<Listing>(*enumeration, objects);
+  walk_.object_type = object_type;
+  return walk_.listing;
 }
 
 }  // namespace host

@@ -2,11 +2,13 @@
 #ifndef PLATFORM_HOST_TREE_INDEX_H
 #define PLATFORM_HOST_TREE_INDEX_H
 
-#include <string>
+#include <cstddef>
+#include <memory>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
+#include "listing.h"
 #include "node.h"
 #include "path_table.h"
 
@@ -22,12 +24,22 @@ class TreeIndex {
   Node* node(std::string_view path) const { return nodes_.find(path); }
   Cell cell(std::string_view full_name) const;
 
-  /// Full names of a type's instances, in numeric order at every level.
-  std::vector<std::string> names(int object_type) const;
+  /// A type's instances, in numeric order at every level. Its names stay good when objects go, its
+  /// cells do not.
+  std::shared_ptr<const Listing> listing(int object_type) const;
 
  private:
   PathTable nodes_;
   std::unordered_map<const ObjectSchema*, std::vector<const Node*>> enumerated_;
+
+  /// Whoever walks over instances asks for the value of each in turn. So the newest listing is kept
+  /// until an object comes or goes, and the name that is due in it is found without a search.
+  struct Walk {
+    std::shared_ptr<const Listing> listing;
+    int object_type = 0;
+    std::size_t due = 0;
+  };
+  mutable Walk walk_;
 };
 
 }  // namespace host

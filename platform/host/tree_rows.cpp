@@ -218,14 +218,17 @@ void keep_counters(RowChanges& changes) {
   changes.erase(std::remove_if(changes.begin(), changes.end(), is_same), changes.end());
 }
 
+std::string put_row(TreeStore& store, const std::string& name, const Row& row) {
+  return names_object(name) ? put_object(store, name, row) : put_value(store, name, row);
+}
+
 std::string apply_changes(TreeStore& store, const RowChanges& changes) {
   for (const RowChange& change : changes) {
     if (!change.after) clear(store, change.name);
   }
   for (const RowChange& change : changes) {  // an object comes before all that is in it
     if (!change.after) continue;
-    std::string reason = names_object(change.name) ? put_object(store, change.name, *change.after)
-                                                   : put_value(store, change.name, *change.after);
+    std::string reason = put_row(store, change.name, *change.after);
     if (!reason.empty()) return reason;
   }
   return {};
@@ -243,7 +246,11 @@ void apply_changes(RowSet& rows, const RowChanges& changes) {
 
 std::string tree_from(const RowSet& rows, TreeStore& store) {
   store = TreeStore();
-  return apply_changes(store, changes_between({}, rows));
+  for (const auto& [name, row] : rows) {
+    std::string reason = put_row(store, name, row);
+    if (!reason.empty()) return reason;
+  }
+  return {};
 }
 
 std::string default_of(const std::string& name) {

@@ -33,6 +33,10 @@ void keep_counters(RowChanges& changes);
 std::string apply_changes(TreeStore& store, const RowChanges& changes);
 void apply_changes(RowSet& rows, const RowChanges& changes);
 
+/// Puts one more row into a tree. Rows come in byte order of their names. Returns "" or why the row
+/// cannot stand in the tree, which is then of no further use.
+std::string put_row(TreeStore& store, const std::string& name, const Row& row);
+
 /// The tree that has exactly these rows.
 std::string tree_from(const RowSet& rows, TreeStore& store);
 

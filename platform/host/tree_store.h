@@ -8,7 +8,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "node.h"
 #include "tree_index.h"
@@ -27,7 +26,9 @@ class TreeStore {
   const Node& root() const { return *root_; }
   Node* node(std::string_view path) const { return index_.node(path); }
   Cell cell(std::string_view full_name) const { return index_.cell(full_name); }
-  std::vector<std::string> names(int object_type) const { return index_.names(object_type); }
+  std::shared_ptr<const Listing> listing(int object_type) const {
+    return index_.listing(object_type);
+  }
 
   /// Makes an instance that is not there yet. In a table of the data model it comes with all its
   /// parameters and single objects. Elsewhere it is empty, and makes a table of an object that the
