@@ -1,5 +1,7 @@
 #include "database.h"
 
+#include <cerrno>
+
 namespace host {
 namespace {
 
@@ -28,9 +30,19 @@ StoreError error_of(int code) {
   }
 }
 
+/// To make a file or to lengthen the log's index fails on a full disk in the words of any failure.
+bool ran_out_of_space(sqlite3* connection, int code) {
+  const int kind = code & kKindOfError;
+  if (connection == nullptr || (kind != SQLITE_IOERR && kind != SQLITE_CANTOPEN)) return false;
+  const int reason = sqlite3_system_errno(connection);
+  return reason == ENOSPC || reason == EDQUOT;
+}
+
 [[noreturn]] void fail(sqlite3* connection, int code) {
   const char* text = connection != nullptr ? sqlite3_errmsg(connection) : sqlite3_errstr(code);
-  throw StoreFailure(error_of(code), text);
+  throw ran_out_of_space(connection, code)
+      ? StoreFailure(StoreError::kFull, "the disk is full: " + std::string(text))
+      : StoreFailure(error_of(code), text);
 }
 
 }  // namespace
@@ -94,10 +106,12 @@ Database::Database(const std::string& path, const StoreOptions& options) {
     (void)sqlite3_busy_timeout(connection_, options.lock_timeout_ms);
     return;
   }
-  const std::string text =
-      connection_ != nullptr ? sqlite3_errmsg(connection_) : sqlite3_errstr(code);
-  (void)sqlite3_close(connection_);
-  throw StoreFailure(error_of(code), text);
+  try {
+    fail(connection_, code);
+  } catch (const StoreFailure&) {
+    (void)sqlite3_close(connection_);
+    throw;
+  }
 }
 
 Database::~Database() {

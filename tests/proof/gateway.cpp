@@ -45,7 +45,9 @@ class StoreAccess final : public MibAccess {
     return tree().set_value(name, value);
   }
   int commit(int /*mode*/) override {
-    return running->did(running->store().commit("library")) ? 0 : -1;
+    const host::StoreResult result = running->store().commit("library");
+    if (!running->store().in_trial()) (void)running->did(result);  // else nothing is decided yet
+    return result.ok() ? 0 : -1;
   }
   int applyChanges(const std::string& /*scope*/) override { return 0; }
 
@@ -77,7 +79,7 @@ Gateway::~Gateway() {
 
 bool Gateway::did(const host::StoreResult& result) {
   if (!result.ok() && failure_.ok()) failure_ = result;
-  if (result.ok() && failure_.ok()) done_();
+  if (result.ok()) done_();
   return result.ok();
 }
 

@@ -11,10 +11,10 @@
 
 namespace proof {
 
-// One life of a gateway's process. What it does is counted: each step that the store said is done.
+// One life of a gateway's process.
 class Gateway {
  public:
-  // @param done  called after each step that the store said is done, while none has failed
+  // @param done  called after each step that the store said is done
   Gateway(std::string path, host::StoreOptions options, std::function<void()> done);
   Gateway(const Gateway&) = delete;
   Gateway& operator=(const Gateway&) = delete;
@@ -22,11 +22,13 @@ class Gateway {
 
   // Each is false when the store could not do it.
   bool open();
-  bool did(const host::StoreResult& result);
+  bool did(const host::StoreResult& result);  // notes what came of a step
   void close();
 
+  bool has_store() const { return store_ != nullptr; }
   host::Store& store() { return *store_; }
   const host::StoreResult& failure() const { return failure_; }  // the first one
+  void forget_failure() { failure_ = {}; }
 
  private:
   std::string path_;

@@ -131,18 +131,39 @@ const std::vector<Step>& steps() {
 
 constexpr std::size_t kOpenAnewEvery = 7;
 
+void open(Gateway& gateway) { (void)gateway.open(); }
+
+void open_anew(Gateway& gateway) {
+  gateway.close();
+  open(gateway);
+}
+
+void go(Gateway& gateway, const Step& step) {
+  if (step.change != nullptr) step.change(gateway);
+  if (step.land != nullptr) (void)gateway.did(step.land(gateway));
+}
+
+// Whether life goes on after it.
+template <class Action>
+bool done(Gateway& gateway, const std::function<AfterFailure()>& after_failure, Action action) {
+  action();
+  if (gateway.failure().ok()) return true;
+  if (after_failure && after_failure() == AfterFailure::kTryAgainAndEnd) {
+    gateway.forget_failure();
+    action();
+  }
+  return false;
+}
+
 }  // namespace
 
-void live(Gateway& gateway) {
+void live(Gateway& gateway, const std::function<AfterFailure()>& after_failure) {
   const support::StdoutCapture trace;
-  if (!gateway.open()) return;
-  for (std::size_t i = 0; i < steps().size() && gateway.failure().ok(); ++i) {
-    const Step& step = steps()[i];
-    if (step.change != nullptr) step.change(gateway);
-    if (step.land != nullptr) (void)gateway.did(step.land(gateway));
+  if (!done(gateway, after_failure, [&gateway] { open(gateway); })) return;
+  for (std::size_t i = 0; i < steps().size(); ++i) {
+    if (!done(gateway, after_failure, [&gateway, i] { go(gateway, steps()[i]); })) return;
     if (i % kOpenAnewEvery != kOpenAnewEvery - 1) continue;
-    gateway.close();
-    if (!gateway.open()) return;
+    if (!done(gateway, after_failure, [&gateway] { open_anew(gateway); })) return;
   }
   gateway.close();
 }

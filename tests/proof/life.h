@@ -6,14 +6,17 @@
 
 namespace proof {
 
+enum class AfterFailure {
+  kEnd,
+  kTryAgainAndEnd,  // does the step that failed once more, and no other
+};
+
 // Makes the store; creates, changes, routes, checkpoints, restores and removes connections; tries
 // changes and has them confirmed and reverted; opens the store anew; and writes enough for the log
 // to be written back. Always the same. Ends at the first failure.
-void live(Gateway& gateway);
-
-// The same steps, each tried again after it failed, for a disk that fails once.
-// @param mend  called after a failure, before the step is tried again
-void live_on(Gateway& gateway, const std::function<void()>& mend);
+//
+// @param after_failure  asked after each failed step how to go on; empty: not at all
+void live(Gateway& gateway, const std::function<AfterFailure()>& after_failure = {});
 
 }  // namespace proof
 

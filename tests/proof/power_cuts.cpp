@@ -62,7 +62,9 @@ PowerCuts::Stopped PowerCuts::lived_until(int stop) {
   use_disk(*stopped.disk);
   stopped.disk->cut_power_at(stop);
   repeat_random_numbers();
-  Gateway gateway(path_, options_in_boot("first"), [&stopped] { ++stopped.done; });
+  Gateway gateway(path_, options_in_boot("first"), [&] {
+    if (gateway.failure().ok()) ++stopped.done;
+  });
   live(gateway);
   return stopped;
 }

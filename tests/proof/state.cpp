@@ -17,16 +17,6 @@ std::string described(host::Generation generation, const std::string& label,
   return std::to_string(generation) + " " + label + " " + host::encoded(rows);
 }
 
-std::string difference_of_rows(const RowSet& expected, const RowSet& found) {
-  std::string text;
-  for (const host::RowChange& change : host::changes_between(expected, found)) {
-    const auto side = [](const std::optional<Row>& row) { return row ? row->text : "(none)"; };
-    text += "  " + change.name + ": " + side(change.before).substr(0, 40) + " became " +
-            side(change.after).substr(0, 40) + "\n";
-  }
-  return text;
-}
-
 bool is_counter(const std::string& name) { return !name.empty() && name.back() == '.'; }
 
 std::string parent_of(const std::string& path) {
@@ -47,6 +37,16 @@ bool stands_in(const RowSet& rows, const RowSet& later, std::string path) {
 bool State::operator==(const State& other) const {
   return generation == other.generation && rows == other.rows && changes == other.changes &&
          named == other.named && pending == other.pending;
+}
+
+std::string difference_of_rows(const RowSet& expected, const RowSet& found) {
+  std::string text;
+  for (const host::RowChange& change : host::changes_between(expected, found)) {
+    const auto side = [](const std::optional<Row>& row) { return row ? row->text : "(none)"; };
+    text += "  " + change.name + ": " + side(change.before).substr(0, 40) + " became " +
+            side(change.after).substr(0, 40) + "\n";
+  }
+  return text;
 }
 
 std::string difference(const State& expected, const State& found) {

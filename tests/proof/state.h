@@ -22,6 +22,7 @@ struct State {
 };
 
 // In words, where the two are not the same.
+std::string difference_of_rows(const host::RowSet& expected, const host::RowSet& found);
 std::string difference(const State& expected, const State& found);
 
 // Throws StoreFailure. The times of changes are no part of it.
