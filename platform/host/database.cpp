@@ -34,8 +34,7 @@ StoreError error_of(int code) {
 bool ran_out_of_space(sqlite3* connection, int code) {
   const int kind = code & kKindOfError;
   if (connection == nullptr || (kind != SQLITE_IOERR && kind != SQLITE_CANTOPEN)) return false;
-  const int reason = sqlite3_system_errno(connection);
-  return reason == ENOSPC || reason == EDQUOT;
+  return error_of_system(sqlite3_system_errno(connection)) == StoreError::kFull;
 }
 
 [[noreturn]] void fail(sqlite3* connection, int code) {
@@ -46,6 +45,12 @@ bool ran_out_of_space(sqlite3* connection, int code) {
 }
 
 }  // namespace
+
+StoreError error_of_system(int number) {
+  if (number == EROFS) return StoreError::kReadOnly;
+  if (number == ENOSPC || number == EDQUOT) return StoreError::kFull;
+  return StoreError::kNotOpened;
+}
 
 Statement::Statement(sqlite3* connection, const char* sql) : connection_(connection) {
   check(sqlite3_prepare_v3(connection, sql, -1, SQLITE_PREPARE_PERSISTENT, &statement_, nullptr));

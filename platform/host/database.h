@@ -27,6 +27,9 @@ class StoreFailure final : public std::exception {
   StoreResult result_;
 };
 
+/// What the system's error number says of making, opening or lengthening a file.
+StoreError error_of_system(int number);
+
 /// A prepared statement that one caller at a time fills and runs. Places and columns count from 0.
 class Statement {
  public:

@@ -74,6 +74,7 @@ void Store::Impl::let_go() {
 void Store::Impl::open() {
   shared = std::make_unique<SharedState>(store_path);
   const Turn turn(*shared, deadline_of(options));
+  shared->reserve();
   try {
     file = std::make_unique<StoreFile>(store_path, options);
     reload();

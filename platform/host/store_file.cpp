@@ -56,10 +56,8 @@ std::string prepared(const std::string& path, const StoreOptions& options) {
   const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kOwnerOnly);
   if (file >= 0) {
     (void)close(file);
-  } else if (errno == EROFS) {
-    throw StoreFailure(StoreError::kReadOnly, std::strerror(errno));
   } else if (errno != EEXIST) {
-    throw StoreFailure(StoreError::kNotOpened, std::strerror(errno));
+    throw StoreFailure(error_of_system(errno), std::strerror(errno));
   }
   return path;
 }

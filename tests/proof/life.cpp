@@ -88,8 +88,8 @@ struct Step {
 
 constexpr auto kCommit = [](Gateway& gateway) { return gateway.store().commit("step"); };
 
-void write_much(Gateway& gateway, char letter) {
-  (void)gateway.store().tree().set_value(kUrl, std::string(120000, letter));
+void write_much(Gateway& gateway, std::size_t length) {
+  (void)gateway.store().tree().set_value(kUrl, std::string(length, 'x'));
 }
 
 const std::vector<Step>& steps() {
@@ -118,9 +118,9 @@ const std::vector<Step>& steps() {
       {"go back to the checkpoint", nullptr, [](Gateway& g) { return g.store().restore("two"); }},
       {"go back to an automatic one", nullptr, [](Gateway& g) { return g.store().restore("@5"); }},
       {"delete the route", [](Gateway&) { route(kIgdRouteDelete, "10.1.0.0", {}); }, nullptr},
-      {"write much", [](Gateway& g) { write_much(g, 'a'); }, kCommit},
-      {"write more", [](Gateway& g) { write_much(g, 'b'); }, kCommit},
-      {"write less", [](Gateway& g) { g.store().tree().set_value(kUrl, "c"); }, kCommit},
+      {"write much", [](Gateway& g) { write_much(g, 100000); }, kCommit},
+      {"write more", [](Gateway& g) { write_much(g, 180000); }, kCommit},
+      {"write little", [](Gateway& g) { write_much(g, 1); }, kCommit},
       {"create the television connection again", create_television, kCommit},
       {"delete the checkpoint", nullptr,
        [](Gateway& g) { return g.store().delete_checkpoint("two"); }},

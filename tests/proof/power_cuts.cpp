@@ -83,20 +83,20 @@ std::string PowerCuts::check(int stop, std::uint32_t first_seed, std::uint32_t c
 
 std::string PowerCuts::check_once(const Stopped& stopped, std::uint32_t seed) {
   constexpr std::uint32_t kCutAgain = 4;  // every so many
-  constexpr std::uint32_t kOnFiles = 8;
+  constexpr std::uint32_t kOnFiles = 5;
   std::unique_ptr<Disk> disk = stopped.disk->after_power_cut(seed);
   upset_shared_file(seed);
-  if (seed % kCutAgain == 1) disk = cut_again_while_opening(std::move(disk), seed);
-  return seed % kOnFiles == 2 ? check_on_files(*disk, stopped.done) : check_on(*disk, stopped.done);
+  if (seed % kCutAgain == 0) disk = cut_again_while_opening(std::move(disk), seed);
+  return seed % kOnFiles == 0 ? check_on_files(*disk, stopped.done) : check_on(*disk, stopped.done);
 }
 
 /// The power comes back and goes again before the store is open, or soon after.
 std::unique_ptr<Disk> PowerCuts::cut_again_while_opening(std::unique_ptr<Disk> disk,
                                                          std::uint32_t seed) {
-  constexpr std::uint32_t kLatest = 12;
+  constexpr std::uint32_t kLatest = 13;
   use_disk(*disk);
   disk->set_honesty(honesty_);
-  disk->cut_power_at(static_cast<int>(1 + seed / 4 % kLatest));
+  disk->cut_power_at(static_cast<int>(1 + seed % kLatest));
   (void)host::Store::open(path_, options_in_boot("second"), nullptr);
   return disk->after_power_cut(seed);
 }
