@@ -124,6 +124,10 @@ Database::~Database() {
   (void)sqlite3_close(connection_);
 }
 
+void Database::leave_log() {
+  (void)sqlite3_db_config(connection_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+}
+
 void Database::run(const char* sql) {
   const int code = sqlite3_exec(connection_, sql, nullptr, nullptr, nullptr);
   if (code != SQLITE_OK) fail(connection_, code);

@@ -71,6 +71,9 @@ class Database {
   /// Prepared once for each text, which must be a literal, and handed out fresh.
   Statement& statement(const char* sql);
 
+  /// From now on closing it only gives its locks back, and leaves the log to others.
+  void leave_log();
+
   bool is_read_only() const { return sqlite3_db_readonly(connection_, "main") == 1; }
 
  private:
