@@ -2,6 +2,7 @@
 #ifndef TESTS_PROOF_CHILD_H
 #define TESTS_PROOF_CHILD_H
 
+#include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -44,6 +45,12 @@ class Child {
     (void)waitpid(process_, &status, 0);
     process_ = 0;
     return status;
+  }
+
+  // Until it has written something, or has ended.
+  void wait_for_output() const {
+    pollfd waited = {output_, POLLIN, 0};
+    (void)poll(&waited, 1, -1);
   }
 
   // The last number it wrote; 0 when none. Only when it has ended.

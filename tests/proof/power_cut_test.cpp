@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "power_cuts.h"
+#include "stride.h"
 #include "temporary_folder.h"
 
 namespace {
@@ -11,12 +12,12 @@ namespace {
 using namespace proof;
 
 TEST(PowerCut, LeavesTheStateBeforeOrAfterTheCommitInFlight) {
-  constexpr std::uint32_t kFewest = 1000;
+  constexpr std::uint32_t kFewest = 1000 / kStride;
   const TemporaryFolder folder;
   PowerCuts cuts(folder.path());
   std::uint32_t count = 0;
-  for (int stop = 1; stop <= cuts.stops(); ++stop) {
-    const std::uint32_t seeds = stop % 2 == 0 ? 2 : 1;
+  for (int stop = 1; stop <= cuts.stops(); stop += kStride) {
+    const std::uint32_t seeds = 1 + count % 3 % 2;
     EXPECT_EQ(cuts.check(stop, count, seeds), "");
     count += seeds;
   }

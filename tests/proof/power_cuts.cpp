@@ -43,16 +43,20 @@ PowerCuts::PowerCuts(std::string folder, Honesty honesty)
   Disk disk;
   use_disk(disk);
   disk.arm({kChanges, 0, 0, 0, 0, false});
-  Gateway gateway(path_, options_in_boot("first"), [this, &disk] {
+  std::vector<State> states;  // after each step; first of a new store
+  Gateway gateway(path_, options_in_boot("first"), [&] {
     const std::unique_ptr<Disk> copy = disk.copy();
     use_disk(*copy);
-    states_.push_back(read_state(path_, options_in_boot("first")));
+    states.push_back(read_state(path_, options_in_boot("first")));
     use_disk(disk);
-    if (states_.size() == 1) states_.push_back(states_.front());
+    if (states.size() == 1) states.push_back(states.front());
   });
   repeat_random_numbers();
   live(gateway);
   stops_ = gateway.failure().ok() ? disk.counted() : 0;
+  for (std::size_t step = 0; step < states.size(); ++step) {
+    restarted_.push_back(after_restart(states[step], states[step == 0 ? 0 : step - 1]));
+  }
 }
 
 PowerCuts::Stopped PowerCuts::lived_until(int stop) {
@@ -83,7 +87,7 @@ std::string PowerCuts::check(int stop, std::uint32_t first_seed, std::uint32_t c
 
 std::string PowerCuts::check_once(const Stopped& stopped, std::uint32_t seed) {
   constexpr std::uint32_t kCutAgain = 4;  // every so many
-  constexpr std::uint32_t kOnFiles = 5;
+  constexpr std::uint32_t kOnFiles = 17;
   std::unique_ptr<Disk> disk = stopped.disk->after_power_cut(seed);
   upset_shared_file(seed);
   if (seed % kCutAgain == 0) disk = cut_again_while_opening(std::move(disk), seed);
@@ -143,12 +147,9 @@ std::string PowerCuts::check_store(const host::StoreOptions& options, std::size_
 
 /// What was reported done is there, and nothing but what was going on when the power went.
 std::string PowerCuts::wrong_state(const State& found, std::size_t done) const {
-  const auto expected = [this](std::size_t step) {
-    return after_restart(states_[step], states_[step == 0 ? 0 : step - 1]);
-  };
-  const State before = expected(done);
+  const State& before = restarted_[done];
   if (found == before) return {};
-  if (done + 1 < states_.size() && found == expected(done + 1)) return {};
+  if (done + 1 < restarted_.size() && found == restarted_[done + 1]) return {};
   return "  neither before nor after the step; from before it:\n" + difference(before, found);
 }
 

@@ -23,7 +23,7 @@ class PowerCuts {
   // The changes that a life makes to the disk: the power may go at each, from 1.
   int stops() const { return stops_; }
   // The states that were reported to be on disk, the new store among them.
-  std::size_t states() const { return states_.size() - 1; }
+  std::size_t states() const { return restarted_.size() - 1; }
 
   // Lives until the stop, and checks what the store is after each of some power cuts there.
   // Returns what is wrong, "" when nothing is. Each seed is another outcome of the cut.
@@ -47,7 +47,7 @@ class PowerCuts {
   std::string path_;
   Honesty honesty_;
   int stops_ = 0;
-  std::vector<State> states_;  // after each step that was done; first of a new store
+  std::vector<State> restarted_;  // what a restart makes of each step's state; first a new store
 };
 
 }  // namespace proof
