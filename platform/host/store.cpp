@@ -79,9 +79,9 @@ void Store::Impl::leave_batch_to_parent() {
   spoilt = {};
 }
 
-/// In a child SQLite would go on to count the parent's locks as held and take none, and others would
-/// throw the log away under its feet. So before a child opens a file it lets go of every one that it
-/// has from its parent, whichever store they belong to.
+/// In a child SQLite would go on to count the parent's locks as held and take none, and others
+/// would throw the log away under its feet. So before a child opens a file it lets go of every one
+/// that it has from its parent, whichever store they belong to.
 void Store::Impl::leave_files_to_parent() {
   for (Impl* const store : all_stores()) {
     if (store->is_forked()) store->leave_file_to_parent();
