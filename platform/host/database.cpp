@@ -128,6 +128,14 @@ void Database::leave_log() {
   (void)sqlite3_db_config(connection_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
 }
 
+void Database::empty_log() {
+  try {
+    run("PRAGMA wal_checkpoint(TRUNCATE)");
+  } catch (const StoreFailure&) {
+    // The disk fails at this too; the next commit that succeeds is written over what is there.
+  }
+}
+
 void Database::run(const char* sql) {
   const int code = sqlite3_exec(connection_, sql, nullptr, nullptr, nullptr);
   if (code != SQLITE_OK) fail(connection_, code);
@@ -154,7 +162,11 @@ Transaction::Transaction(Database& database, Kind kind) : database_(database) {
 }
 
 Transaction::~Transaction() {
-  if (!open_) return;
+  if (open_) roll_back();
+}
+
+void Transaction::roll_back() {
+  open_ = false;
   try {
     database_.run("ROLLBACK");
   } catch (const StoreFailure&) {
@@ -163,8 +175,14 @@ Transaction::~Transaction() {
 }
 
 void Transaction::commit() {
-  database_.run("COMMIT");
-  open_ = false;
+  try {
+    database_.run("COMMIT");
+    open_ = false;
+  } catch (const StoreFailure& failure) {
+    roll_back();
+    if (failure.result().error == StoreError::kIo) database_.empty_log();
+    throw;
+  }
 }
 
 }  // namespace host

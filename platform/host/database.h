@@ -74,6 +74,10 @@ class Database {
   /// From now on closing it only gives its locks back, and leaves the log to others.
   void leave_log();
 
+  /// Tries to write the log back and empty it. A commit whose sync failed may stand in the log whole;
+  /// whoever reads the log after this process died would take it for done.
+  void empty_log();
+
   bool is_read_only() const { return sqlite3_db_readonly(connection_, "main") == 1; }
 
  private:
@@ -81,7 +85,7 @@ class Database {
   std::map<const char*, std::unique_ptr<Statement>> statements_;
 };
 
-/// A transaction that is rolled back unless it is committed.
+/// A transaction that is rolled back unless it is committed, also when the commit fails.
 class Transaction {
  public:
   enum Kind { kRead, kWrite };
@@ -92,6 +96,8 @@ class Transaction {
   void commit();
 
  private:
+  void roll_back();
+
   Database& database_;
   bool open_ = true;
 };

@@ -4,6 +4,8 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <memory>
+#include <string>
 #include <vector>
 
 #include "disk.h"
@@ -75,6 +77,9 @@ class DiskFault : public testing::TestWithParam<FaultCase> {
       if (last.empty() && done > 0) last = trees_[done - 1];
       problems += problems_of_failure(gateway, last);
       disk.arm({});  // there is room again
+      if (done > 0 && GetParam().expected == StoreError::kIo) {
+        problems += problems_when_killed(disk, last);
+      }
       return AfterFailure::kTryAgainAndEnd;
     });
     came = came || disk.is_struck();
@@ -94,6 +99,19 @@ class DiskFault : public testing::TestWithParam<FaultCase> {
     gateway.store().discard();  // what the library wrote after the commit that failed
     const host::RowSet found = rows_in(gateway);
     if (found != last) problems += "\nnot the old tree:\n" + difference_of_rows(last, found);
+    return problems;
+  }
+
+  // Another process would not see what failed either, when this one went no further.
+  std::string problems_when_killed(Disk& disk, const host::RowSet& last) const {
+    const std::unique_ptr<Disk> copy = disk.copy();
+    use_disk(*copy);
+    std::string problems;
+    {
+      host::StoreFile file(path_, options_);
+      if (state_of(file).rows != last) problems = "\nwhat failed is there all the same";
+    }
+    use_disk(disk);
     return problems;
   }
 

@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kReportEvery = 50;
 
-// None for what is no number above 0.
+// -1 for what is no number.
 int number_from(const char* text) {
   char* end = nullptr;
   const long number = std::strtol(text, &end, 10);
