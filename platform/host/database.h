@@ -74,8 +74,8 @@ class Database {
   /// From now on closing it only gives its locks back, and leaves the log to others.
   void leave_log();
 
-  /// Tries to write the log back and empty it. A commit whose sync failed may stand in the log whole;
-  /// whoever reads the log after this process died would take it for done.
+  /// Tries to write the log back and empty it. A commit whose sync failed may stand in the log
+  /// whole; whoever reads the log after this process died would take it for done.
   void empty_log();
 
   bool is_read_only() const { return sqlite3_db_readonly(connection_, "main") == 1; }

@@ -19,7 +19,6 @@ namespace {
 
 using namespace proof;
 using host::Store;
-using host::StoreResult;
 using host::Tree;
 
 const std::string kRoot = "InternetGatewayDevice.";
@@ -65,7 +64,7 @@ int commit_for_ever(const std::string& path, int pipe) {
 
 TEST(Kill, LeavesTheLastAcknowledgedCommitOrTheOneInFlight) {
   constexpr int kKills = 200 / kStride;
-  constexpr int kLongestMs = 60;
+  constexpr unsigned kLongestUs = 60000;
   constexpr unsigned kSeed = 20260701;
   const TemporaryFolder folder;
   const std::string path = folder.path() + "/gateway.db";
@@ -77,7 +76,7 @@ TEST(Kill, LeavesTheLastAcknowledgedCommitOrTheOneInFlight) {
     if (i % 2 == 0) witness.reset();  // every other child starts with a store of its parent's
     Child child([&path](int pipe) { return commit_for_ever(path, pipe); });
     if (i % 4 >= 2) child.wait_for_output();  // the others may die while they open the store
-    usleep(static_cast<useconds_t>(random() % (kLongestMs * 1000)));
+    usleep(static_cast<useconds_t>(random() % kLongestUs));
     child.kill_it();
     known = std::max(known, child.last_number());
     const auto store = Store::open(path, {}, nullptr);
