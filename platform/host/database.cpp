@@ -1,5 +1,7 @@
 #include "database.h"
 
+#include <cerrno>
+
 namespace host {
 namespace {
 
@@ -28,12 +30,27 @@ StoreError error_of(int code) {
   }
 }
 
+/// To make a file or to lengthen the log's index fails on a full disk in the words of any failure.
+bool ran_out_of_space(sqlite3* connection, int code) {
+  const int kind = code & kKindOfError;
+  if (connection == nullptr || (kind != SQLITE_IOERR && kind != SQLITE_CANTOPEN)) return false;
+  return error_of_system(sqlite3_system_errno(connection)) == StoreError::kFull;
+}
+
 [[noreturn]] void fail(sqlite3* connection, int code) {
   const char* text = connection != nullptr ? sqlite3_errmsg(connection) : sqlite3_errstr(code);
-  throw StoreFailure(error_of(code), text);
+  throw ran_out_of_space(connection, code)
+      ? StoreFailure(StoreError::kFull, "the disk is full: " + std::string(text))
+      : StoreFailure(error_of(code), text);
 }
 
 }  // namespace
+
+StoreError error_of_system(int number) {
+  if (number == EROFS) return StoreError::kReadOnly;
+  if (number == ENOSPC || number == EDQUOT) return StoreError::kFull;
+  return StoreError::kNotOpened;
+}
 
 Statement::Statement(sqlite3* connection, const char* sql) : connection_(connection) {
   check(sqlite3_prepare_v3(connection, sql, -1, SQLITE_PREPARE_PERSISTENT, &statement_, nullptr));
@@ -96,15 +113,29 @@ Database::Database(const std::string& path, const StoreOptions& options) {
     (void)sqlite3_busy_timeout(connection_, options.lock_timeout_ms);
     return;
   }
-  const std::string text =
-      connection_ != nullptr ? sqlite3_errmsg(connection_) : sqlite3_errstr(code);
-  (void)sqlite3_close(connection_);
-  throw StoreFailure(error_of(code), text);
+  try {
+    fail(connection_, code);
+  } catch (const StoreFailure&) {
+    (void)sqlite3_close(connection_);
+    throw;
+  }
 }
 
 Database::~Database() {
   statements_.clear();
   (void)sqlite3_close(connection_);
+}
+
+void Database::leave_log() {
+  (void)sqlite3_db_config(connection_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+}
+
+void Database::empty_log() {
+  try {
+    run("PRAGMA wal_checkpoint(TRUNCATE)");
+  } catch (const StoreFailure&) {
+    // The disk fails at this too; the next commit that succeeds is written over what is there.
+  }
 }
 
 void Database::run(const char* sql) {
@@ -133,7 +164,11 @@ Transaction::Transaction(Database& database, Kind kind) : database_(database) {
 }
 
 Transaction::~Transaction() {
-  if (!open_) return;
+  if (open_) roll_back();
+}
+
+void Transaction::roll_back() {
+  open_ = false;
   try {
     database_.run("ROLLBACK");
   } catch (const StoreFailure&) {
@@ -142,8 +177,14 @@ Transaction::~Transaction() {
 }
 
 void Transaction::commit() {
-  database_.run("COMMIT");
-  open_ = false;
+  try {
+    database_.run("COMMIT");
+    open_ = false;
+  } catch (const StoreFailure& failure) {
+    roll_back();
+    if (failure.result().error == StoreError::kIo) database_.empty_log();
+    throw;
+  }
 }
 
 }  // namespace host

@@ -27,6 +27,9 @@ class StoreFailure final : public std::exception {
   StoreResult result_;
 };
 
+/// What the system's error number says of making, opening or lengthening a file.
+StoreError error_of_system(int number);
+
 /// A prepared statement that one caller at a time fills and runs. Places and columns count from 0.
 class Statement {
  public:
@@ -69,6 +72,13 @@ class Database {
   /// Prepared once for each text, which must be a literal, and handed out fresh.
   Statement& statement(const char* sql);
 
+  /// From now on closing it only gives its locks back, and leaves the log to others.
+  void leave_log();
+
+  /// Tries to write the log back and empty it. A commit whose sync failed may stand in the log
+  /// whole; whoever reads the log after this process died would take it for done.
+  void empty_log();
+
   bool is_read_only() const { return sqlite3_db_readonly(connection_, "main") == 1; }
 
  private:
@@ -76,7 +86,7 @@ class Database {
   std::map<const char*, std::unique_ptr<Statement>> statements_;
 };
 
-/// A transaction that is rolled back unless it is committed.
+/// A transaction that is rolled back unless it is committed, also when the commit fails.
 class Transaction {
  public:
   enum Kind { kRead, kWrite };
@@ -87,6 +97,8 @@ class Transaction {
   void commit();
 
  private:
+  void roll_back();
+
   Database& database_;
   bool open_ = true;
 };

@@ -33,9 +33,8 @@ struct flock byte_lock(std::uint32_t byte, short type) {
   return lock;
 }
 
-[[noreturn]] void fail(const std::string& path) {
-  const StoreError error = errno == EROFS ? StoreError::kReadOnly : StoreError::kNotOpened;
-  throw StoreFailure(error, path + ": " + std::strerror(errno));
+[[noreturn]] void fail(const std::string& path, int number) {
+  throw StoreFailure(error_of_system(number), path + ": " + std::strerror(number));
 }
 
 void wait_a_little(SharedState::Deadline deadline) {
@@ -58,14 +57,15 @@ SharedState::SharedState(const std::string& store_path) {
   }
   const std::string path = store_path + "-shared";
   file_ = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kOwnerOnly);
-  if (file_ < 0) fail(path);
+  if (file_ < 0) fail(path, errno);
   void* mapped = MAP_FAILED;
   if (ftruncate(file_, sizeof(SharedWords)) == 0) {
     mapped = mmap(nullptr, sizeof(SharedWords), PROT_READ | PROT_WRITE, MAP_SHARED, file_, 0);
   }
   if (mapped == MAP_FAILED) {
+    const int number = errno;
     (void)close(file_);
-    fail(path);
+    fail(path, number);
   }
   words_ = static_cast<SharedWords*>(mapped);
 }
@@ -74,6 +74,14 @@ SharedState::~SharedState() {
   if (file_ < 0) return;
   (void)munmap(words_, sizeof(SharedWords));
   (void)close(file_);
+}
+
+void SharedState::reserve() {
+  if (file_ < 0) return;
+  int number = EINTR;
+  while (number == EINTR) number = posix_fallocate(file_, 0, sizeof(SharedWords));
+  // Where the C library does not stand in for a file system that cannot, it goes without.
+  if (number != 0 && number != EOPNOTSUPP) fail("the file that processes share", number);
 }
 
 bool SharedState::try_lock(std::uint32_t byte) {

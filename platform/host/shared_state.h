@@ -36,6 +36,11 @@ class SharedState {
   /// Only closes: a child after fork shares the locks with its parent and must not give them back.
   ~SharedState();
 
+  /// Sees to it that the file has its place on the disk: the first write to a mapped file that has
+  /// none kills the process when the disk is full. Needs the turn, because file systems that
+  /// cannot reserve get a byte of the file written anew. Throws StoreFailure.
+  void reserve();
+
   std::uint32_t counter() const { return words_->counter.load(std::memory_order_acquire); }
   void set_counter(std::uint32_t counter) {
     words_->counter.store(counter, std::memory_order_release);

@@ -4,6 +4,7 @@
 
 #include <climits>
 #include <cstdlib>
+#include <set>
 #include <utility>
 
 #include "store_impl.h"
@@ -17,6 +18,11 @@ int forks = 0;
 void count_forks() {
   static const int registered = pthread_atfork(nullptr, nullptr, [] { ++forks; });
   (void)registered;
+}
+
+std::set<Store::Impl*>& all_stores() {
+  static auto* const stores = new std::set<Store::Impl*>;
+  return *stores;
 }
 
 /// The file behind symbolic links, so that all processes find the same neighbours of it.
@@ -43,23 +49,52 @@ std::string resolved(const std::string& path) {
 
 int forks_so_far() { return forks; }
 
-void leave_to_parent(std::unique_ptr<StoreFile> file) {
-  static auto* const parents = new std::vector<std::unique_ptr<StoreFile>>;
-  parents->push_back(std::move(file));
-}
-
 void report(const std::string& text) { c_debug_out("host_store", __LINE__, "%s", text.c_str()); }
 
 Store::Impl::Impl(std::string its_path, StoreOptions its_options)
     : store_path(std::move(its_path)), options(std::move(its_options)) {
   open();
+  all_stores().insert(this);
   TreeAccess::observe(tree, this);
 }
 
 Store::Impl::~Impl() {
   let_go();
   TreeAccess::observe(tree, nullptr);
-  if (is_forked()) leave_to_parent(std::move(file));
+  if (is_forked()) leave_file_to_parent();
+  all_stores().erase(this);
+}
+
+/// Only the child's own, of which it has none, go with it: the parent keeps its locks.
+void Store::Impl::leave_file_to_parent() {
+  if (file == nullptr || store_path == ":memory:") return;
+  file->database().leave_log();
+  file.reset();
+}
+
+void Store::Impl::leave_batch_to_parent() {
+  log.undo(content());
+  batch = 0;
+  trial = false;
+  spoilt = {};
+}
+
+/// In a child SQLite would go on to count the parent's locks as held and take none, and others
+/// would throw the log away under its feet. So before a child opens a file it lets go of every one
+/// that it has from its parent, whichever store they belong to.
+void Store::Impl::leave_files_to_parent() {
+  for (Impl* const store : all_stores()) {
+    if (store->is_forked()) store->leave_file_to_parent();
+  }
+}
+
+void Store::Impl::open_anew_after_fork() {
+  if (store_path == ":memory:") {
+    forks = forks_so_far();
+    return;
+  }
+  leave_batch_to_parent();
+  open();
 }
 
 void Store::Impl::let_go() {
@@ -72,8 +107,10 @@ void Store::Impl::let_go() {
 }
 
 void Store::Impl::open() {
+  leave_files_to_parent();
   shared = std::make_unique<SharedState>(store_path);
   const Turn turn(*shared, deadline_of(options));
+  shared->reserve();
   try {
     file = std::make_unique<StoreFile>(store_path, options);
     reload();

@@ -109,6 +109,10 @@ void Store::Impl::land(Transaction& transaction, const Change& change) {
 }
 
 void Store::Impl::discard() {
+  if (is_forked()) {
+    leave_batch_to_parent();
+    return;
+  }
   trial = false;
   drop_batch();
 }

@@ -48,6 +48,7 @@ StoreResult Store::Impl::make_checkpoint(const std::string& name) {
   refresh();
   if (batch != 0 || !spoilt.ok()) return batch_open();
   try {
+    require_own_file();
     const Turn turn(*shared, deadline_of(options));
     Transaction transaction(file->database(), Transaction::kWrite);
     if (file->named_rows(name)) {
@@ -65,6 +66,7 @@ StoreResult Store::Impl::delete_checkpoint(const std::string& name) {
   if (!is_good_name(name)) return bad_name();
   refresh();
   try {
+    require_own_file();
     const Turn turn(*shared, deadline_of(options));
     Transaction transaction(file->database(), Transaction::kWrite);
     if (!file->delete_named(name)) no_checkpoint(name);
@@ -80,6 +82,7 @@ std::vector<Checkpoint> Store::Impl::checkpoints(StoreResult* result) {
   std::vector<Checkpoint> listed;
   StoreResult done;
   try {
+    require_own_file();
     Transaction snapshot(file->database(), Transaction::kRead);
     for (const Change& change : file->kept_changes()) {
       if (change.generation == 1) continue;  // there was nothing before it
@@ -99,6 +102,7 @@ std::vector<Checkpoint> Store::Impl::checkpoints(StoreResult* result) {
 /// The rows of a checkpoint, or those of now for "".
 RowSet Store::Impl::rows_at(const std::string& checkpoint) {
   if (checkpoint.empty()) return rows_of(content());
+  require_own_file();
   Transaction snapshot(file->database(), Transaction::kRead);
   if (checkpoint.front() != kAutomatic) {
     std::optional<RowSet> rows = file->named_rows(checkpoint);

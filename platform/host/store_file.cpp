@@ -56,12 +56,21 @@ std::string prepared(const std::string& path, const StoreOptions& options) {
   const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kOwnerOnly);
   if (file >= 0) {
     (void)close(file);
-  } else if (errno == EROFS) {
-    throw StoreFailure(StoreError::kReadOnly, std::strerror(errno));
   } else if (errno != EEXIST) {
-    throw StoreFailure(StoreError::kNotOpened, std::strerror(errno));
+    throw StoreFailure(error_of_system(errno), std::strerror(errno));
   }
   return path;
+}
+
+/// Renames a file that is there, durably.
+bool renamed(const std::string& from, const std::string& to) {
+  if (!size_of(from)) return true;
+  if (std::rename(from.c_str(), to.c_str()) != 0) return false;
+  const int folder = ::open(from.substr(0, from.rfind('/') + 1).c_str(), O_RDONLY | O_CLOEXEC);
+  if (folder < 0) return false;
+  const bool synced = fsync(folder) == 0;
+  (void)close(folder);
+  return synced;
 }
 
 RowChanges checked(const std::string& bytes) {
@@ -193,16 +202,16 @@ void StoreFile::write(const Change& change) {
       .run();
 }
 
+/// The file goes before its log, and for good: a file without the log that belongs to it would look
+/// like a store that is whole, only older. A log without its file is refused.
 void keep_aside(const std::string& path) {
   std::string aside;
   for (int n = 1; aside.empty() || size_of(aside) || size_of(aside + kLog); ++n) {
     aside = path + ".corrupt-" + std::to_string(n);
   }
-  const bool log_moved =
-      !size_of(path + kLog) || std::rename((path + kLog).c_str(), (aside + kLog).c_str()) == 0;
-  const bool moved = !size_of(path) || std::rename(path.c_str(), aside.c_str()) == 0;
+  const bool moved = renamed(path, aside) && renamed(path + kLog, aside + kLog);
   (void)unlink((path + "-shm").c_str());  // the log's index; made anew from it
-  if (!log_moved || !moved) {
+  if (!moved) {
     throw StoreFailure(StoreError::kNotOpened,
                        "the damaged file cannot be renamed: " + std::string(std::strerror(errno)));
   }

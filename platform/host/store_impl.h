@@ -22,10 +22,6 @@ namespace host {
 /// How often this process is the child of a fork, since the first store was opened.
 int forks_so_far();
 
-/// Keeps a file that this process has from its parent, never to be closed: to close it here would
-/// disturb the parent's locks.
-void leave_to_parent(std::unique_ptr<StoreFile> file);
-
 /// A line to the debug sink.
 void report(const std::string& text);
 
@@ -38,6 +34,13 @@ struct Store::Impl final : TreeObserver {
   // Opening. Throws StoreFailure.
   void open();
   void open_anew_after_fork();
+  static void leave_files_to_parent();
+  void leave_file_to_parent();
+  void leave_batch_to_parent();
+  /// For what asks the file without a look around: a child after fork may have none yet.
+  void require_own_file() {
+    if (is_forked()) open_anew_after_fork();
+  }
   bool is_forked() const { return forks != forks_so_far(); }
   void let_go();
 
@@ -102,7 +105,7 @@ struct Store::Impl final : TreeObserver {
   Tree tree;
   ChangeLog log;
   std::unique_ptr<SharedState> shared;
-  std::unique_ptr<StoreFile> file;
+  std::unique_ptr<StoreFile> file;  ///< null only in a child after fork that could not open it
   Generation generation = 0;
   std::uint32_t seen_counter = 1;     ///< odd: the database has to be asked
   SharedState::Batch batch = 0;       ///< 0: no batch is open

@@ -74,18 +74,4 @@ void Store::Impl::reload() {
   generation = newest;
 }
 
-/// A child's files, locks and batch are its parent's: it lets go of them without touching them.
-void Store::Impl::open_anew_after_fork() {
-  if (store_path == ":memory:") {
-    forks = forks_so_far();
-    return;
-  }
-  log.undo(content());
-  batch = 0;
-  trial = false;
-  spoilt = {};
-  leave_to_parent(std::move(file));
-  open();
-}
-
 }  // namespace host

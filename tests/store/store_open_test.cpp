@@ -148,6 +148,17 @@ TEST_F(StoreOpen, KeepsADamagedFileAsideOnlyWhenAsked) {
   EXPECT_EQ(content_of(path_ + ".corrupt-2"), "damaged");
 }
 
+TEST_F(StoreOpen, GoesOnWithADamagedFileThatIsOnlyHalfAside) {
+  write_file(path_ + ".corrupt-1", "damaged");
+  write_file(path_ + "-wal", "its log");
+  EXPECT_EQ(error_on_open(), StoreError::kCorrupt);
+  options_.keep_corrupt_aside = true;
+  auto store = opened();
+  EXPECT_EQ(lines_of(store->tree()), lines_of(Tree::factory()));
+  EXPECT_EQ(content_of(path_ + ".corrupt-1"), "damaged");
+  EXPECT_EQ(content_of(path_ + ".corrupt-2-wal"), "its log");
+}
+
 TEST_F(StoreOpen, RefusesAFileThatCannotBeWritten) {
   opened();
   ASSERT_EQ(chmod(path_.c_str(), 0444), 0);
