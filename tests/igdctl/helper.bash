@@ -1,6 +1,6 @@
 # Shared by the sessions of this folder: `load helper`.
 #
-# Each test has a store of its own. IGDCTL and IGDCTL_GATEWAY name the two programs; ctest sets them.
+# Each test has a store of its own. IGDCTL and IGDCTL_GATEWAY name the programs; ctest sets them.
 
 bats_require_minimum_version 1.5.0
 

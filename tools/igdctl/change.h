@@ -57,7 +57,7 @@ class Change {
 
   /// To be called inside the work, before its first write: the change may cut off who manages the
   /// gateway. If it makes a difference, it lands only with --confirm or --yes, else run() throws
-  /// Failure (kNeedsConsent). On a gateway, where no difference can be seen, --yes is asked for here.
+  /// Failure (kNeedsConsent). On a gateway, where no difference can be seen, this asks for --yes.
   ///
   /// @param why  one line: "connection \"Management\" carries the management service"
   void needs_consent(const std::string& why);
@@ -78,8 +78,8 @@ class Change {
 
   /// Tells what came of it: the sentence for people, or the document {"kind": "change", "data":
   /// {"result", "what", "overridden", and with --dry-run "plan" and "difference"}}. Call it once,
-  /// after run(), with what was done: "Changed connection \"Internet\"". `path` is that of the object
-  /// that was made or changed, "" when there is none.
+  /// after run(), with what was done: "Changed connection \"Internet\"". `path` is that of the
+  /// object that was made or changed, "" when there is none.
   void report(ChangeOutcome outcome, const std::string& what, const std::string& path = {});
 
  private:

@@ -43,7 +43,9 @@ class HelpFormatter : public CLI::Formatter {
     return "  " + left + std::string(blanks, ' ') + right + '\n';
   }
   static std::string type_of(const CLI::Option& option) {
-    return option.get_expected_max() == 0 ? "" : '=' + option.get_type_name();
+    if (option.get_expected_max() == 0) return {};
+    const std::string type = option.get_type_name();
+    return type.front() == '[' ? "[=" + type.substr(1) : '=' + type;
   }
 };
 
@@ -57,7 +59,7 @@ void add_global_options(CLI::App& root, Session& session) {
   root.add_flag("--show-secrets", options.show_secrets, "Passwords in clear instead of stars");
   root.add_option("--trace", options.trace,
                   "Keep the library's trace, passwords and all, in a file")
-      ->type_name("FILE");
+      ->type_name("[FILE]");
   root.add_flag("-q,--quiet", options.output.quiet, "No sentences and warnings, only data");
   root.add_flag("-v,--verbose", options.output.verbose, "Also tell what is going on");
 }

@@ -21,7 +21,7 @@ bool is_secret_parameter(std::string_view full_name);
 std::string shown_value(std::string_view full_name, const std::string& value, bool show_secrets);
 
 /// Reads a password from a file, "-" for standard input; one line end at its end is dropped.
-/// Throws Failure (kBadInput) when it cannot be read, is longer than 255 bytes or holds a zero byte.
+/// Throws Failure (kBadInput) when it cannot be read, has more than 255 bytes or a zero byte.
 std::string password_from_file(const std::string& file);
 
 /// Asks for a password on the terminal, without echo. Throws Failure (kBadInput) when the process

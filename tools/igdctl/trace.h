@@ -15,8 +15,8 @@ void open_standard_streams();
 /// is the standard output that the process was started with.
 class Trace {
  public:
-  /// @param file  the trace file, made or emptied, mode 0600; no symbolic link is followed. "" drops
-  ///              the trace. Its first line says that it holds passwords.
+  /// @param file  the trace file, made or emptied, mode 0600; no symbolic link is followed; ""
+  ///              drops the trace. Its first line says that it holds passwords.
   /// Throws Failure (kBadInput) when the file cannot be opened; the descriptors are then untouched.
   explicit Trace(const std::string& file);
   Trace(const Trace&) = delete;

@@ -13,8 +13,8 @@ namespace igdctl {
 inline constexpr char kBridgeTable[] = "InternetGatewayDevice.Layer2Bridging.Bridge.";
 inline constexpr char kWanDeviceTable[] = "InternetGatewayDevice.WANDevice.";
 
-/// The value of a parameter; "" when there is none. Unlike the library's, reads of an object that is
-/// not there (an empty path) do not ask the tree.
+/// The value of a parameter; "" when there is none. For the empty path, that of an object that is
+/// not there, the tree is not asked.
 std::string value_in(MibAccess& tree, const std::string& object_path, std::string_view parameter);
 
 /// Full names of the instances of a type below a path, in the tree's order.

@@ -1,4 +1,4 @@
-/// A connection's description: read from the tree, shown, and kept apart from what the library adds.
+/// A connection's description: read from the tree whole, and shown.
 #ifndef IGDCTL_WAN_DESCRIPTION_H
 #define IGDCTL_WAN_DESCRIPTION_H
 
@@ -14,7 +14,7 @@ namespace igdctl {
 
 /// Reads a connection as the library does, with these fields set also where the library leaves them
 /// as the caller had them:
-///   - connect_mode is 0 when no object is enabled; connection_class 0 when the tree has another type
+///   - connect_mode is 0 when no object is enabled, connection_class when the type is another one
 ///   - ip_dns_enable, ip_dns1 and ip_dns2 are those of the enabled object; the text after the first
 ///     comma is ip_dns2 as a whole, so that a third server is not lost when it is written back
 ///   - dhcp_option60 is that of the DHCP object, enabled or not
