@@ -65,6 +65,7 @@ std::vector<std::string> assignable_nodes(const std::vector<Bridge>& bridges) {
       if (!other) nodes.push_back(port.node);
     }
   }
+  std::sort(nodes.begin(), nodes.end());
   if (nodes.empty()) nodes.assign(std::begin(kUsualNodes), std::end(kUsualNodes));
   return nodes;
 }

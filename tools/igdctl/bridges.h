@@ -38,8 +38,8 @@ std::vector<Bridge> read_bridges(MibAccess& tree);
 /// True for "LAN0", "3G0" and "WIFIW0": the ports by which a connection enters its own bridge.
 bool is_uplink_node(const std::string& node);
 
-/// Names of the ports that connections can be given, each once, in the tree's order: those of all
-/// bridges without the uplinks and "LAN_DEFAULT1". Without any bridge port: LAN1-LAN4, WLAN1-WLAN4.
+/// Names of the ports that connections can be given, each once, in byte order: those of all bridges
+/// without the uplinks and "LAN_DEFAULT1". Without any bridge port: LAN1-LAN4, WLAN1-WLAN4.
 std::vector<std::string> assignable_nodes(const std::vector<Bridge>& bridges);
 
 }  // namespace igdctl

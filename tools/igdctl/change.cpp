@@ -58,11 +58,19 @@ Change::Change(Session& session, const ChangeOptions& options)
     : session_(session), options_(options) {}
 
 void Change::override_or_fail(const std::string& what, const std::string& todo) {
-  if (!options_.force) {
-    throw Failure(ExitCode::kRefused, what, todo + "; or go on all the same with --force");
+  override_or_fail({{what, todo}});
+}
+
+void Change::override_or_fail(const std::vector<Fault>& reasons) {
+  if (!options_.force && !reasons.empty()) {
+    std::vector<Fault> faults = reasons;
+    for (Fault& fault : faults) fault.todo += "; or go on all the same with --force";
+    throw Failure(ExitCode::kRefused, faults);
   }
-  session_.output().warn("--force goes over this: " + what);
-  overridden_.push_back(what);
+  for (const Fault& reason : reasons) {
+    session_.output().warn("--force goes over this: " + reason.what);
+    overridden_.push_back(reason.what);
+  }
 }
 
 void Change::fail_without_consent() const {

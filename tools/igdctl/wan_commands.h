@@ -12,6 +12,13 @@ class Session;
 
 void add_wan_list(CLI::App& group, Session& session);
 void add_wan_show(CLI::App& group, Session& session);
+void add_wan_status(CLI::App& group, Session& session);
+void add_wan_ports(CLI::App& group, Session& session);
+void add_wan_create(CLI::App& group, Session& session);
+void add_wan_set(CLI::App& group, Session& session);
+void add_wan_remove(CLI::App& group, Session& session);
+void add_wan_check(CLI::App& group, Session& session);
+void add_wan_ensure(CLI::App& group, Session& session);
 
 }  // namespace igdctl
 
