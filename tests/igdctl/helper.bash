@@ -12,9 +12,6 @@ setup() {
 igdctl() { "$IGDCTL" "$@"; }
 igdctl_gateway() { "$IGDCTL_GATEWAY" "$@"; }
 
-# The state of the store, whatever led to it: for "nothing changed".
-tree_now() { igdctl --json wan list; }
-
 # Runs igdctl; the test fails unless it ends with this code. Results are in $output, messages in
 # $stderr.
 expect() {
@@ -36,4 +33,24 @@ has() {
 has_not() {
   local text=${2-$output}
   [[ $text != *"$1"* ]] || { printf '"%s" in:\n%s\n' "$1" "$text" >&2; return 1; }
+}
+
+# Three connections as an installer makes them: Internet (1.1), Management (1.2), Television (1.3).
+make_three_connections() {
+  printf 'correct-horse\n' >"$BATS_TEST_TMPDIR/password"
+  igdctl --quiet wan create --name Internet --mode pppoe --user household@example.net \
+    --password-file "$BATS_TEST_TMPDIR/password" --vlan 100 --bind-lan LAN1,LAN2,WLAN1
+  igdctl --quiet wan create --name Management --service TR069 --vlan 200 --option60 gateway \
+    --remote-management on
+  igdctl --quiet wan create --name Television --class bridged --service OTHER --vlan 300 \
+    --priority 5 --bind-wan LAN4 --port-option60 LAN4=set-top
+}
+
+# Runs igdctl and holds that it ends with this code and leaves the connections and ports alone.
+expect_unchanged() {
+  local before after
+  before=$(igdctl --json --show-secrets wan list; igdctl --json wan ports)
+  expect "$@"
+  after=$(igdctl --json --show-secrets wan list; igdctl --json wan ports)
+  [ "$before" = "$after" ] || { printf 'the tree changed: %s\n' "$*" >&2; return 1; }
 }

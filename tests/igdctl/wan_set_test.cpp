@@ -225,7 +225,7 @@ TEST_F(WanSetOfMadeConnections, ANewModeKeepsTheServersOfItsOwnObject) {
   EXPECT_EQ(dns_servers_of(proposal.info), (Names{"198.51.100.53"}));
 }
 
-// ---- Trees that the library did not make ---------------------------------------------------------
+// ---- Trees that the library did not make --------------------------------------------------
 
 class WanSetOfForeignTrees : public WanSet {
  protected:
@@ -308,11 +308,11 @@ TEST_F(WanSetOfForeignTrees, NamingTheModeMendsASecondEnabledObject) {
   EXPECT_EQ(difference_since(before), ppp_ + "Enable: true -> false\n");
 }
 
-// ---- Dumps of real gateways, where they are at hand ------------------------------------------------
+// ---- Dumps of real gateways, where they are at hand ----------------------------------------
 
 class WanSetOfDumps : public WanSet, public ::testing::WithParamInterface<const char*> {
  protected:
-  // Their connections have no bridges of their own, without which nothing is changed: they get them.
+  // Their connections have no bridges of their own, without which nothing is changed.
   void give_bridge(const Connection& connection) {
     const std::string bridge = add(std::string(kBridges));
     set(bridge + "BridgeName", connection.bridge_name);

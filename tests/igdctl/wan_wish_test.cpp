@@ -108,6 +108,18 @@ TEST(WanWish, PassesOverWhatOnlyShowAdds) {
       faults_in(R"({"path": "x", "id": "1.1", "bridge": null, "password_set": true})").empty());
 }
 
+TEST(WanWish, TakesDeepAndLargeValuesAsFaults) {
+  const std::size_t depth = 1000;
+  const std::string deep = std::string(depth, '[') + std::string(depth, ']');
+  for (const char* key : {"vlan", "name", "bind_lan", "nat", "port_option60", "class", "colour"}) {
+    EXPECT_EQ(faults_in(("{\"" + std::string(key) + "\": " + deep + "}").c_str()).size(), 1U)
+        << key;
+  }
+  std::string many = "\"LAN1\"";
+  for (int i = 0; i < 64; ++i) many += ", \"LAN1\"";
+  EXPECT_EQ(faults_in(("{\"bind_lan\": [" + many + "]}").c_str()).size(), 1U);
+}
+
 TEST(WanWish, NeverShowsAPassword) {
   for (const Fault& fault : faults_in(R"({"password": "hush\u0001"})")) {
     EXPECT_EQ(fault.what.find("hush"), std::string::npos);

@@ -66,7 +66,7 @@ void Change::needs_consent(const std::string& why) { consent_ = why; }
 
 ChangeOutcome Change::run(const std::string& label, const std::function<void()>& work) {
   host::Store& store = open_store(session_);
-  if (!options_.dry_run) refuse_while_pending(store);
+  refuse_while_pending(store);
   const Trial trial(store);
   work();
   look_at_refusals(store.tree());

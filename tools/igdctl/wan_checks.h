@@ -36,9 +36,9 @@ struct Objection {
   bool was_there = false;      ///< it rests on nothing that is changed: worth a warning only
 };
 
-/// Asks igd_verify_new_wan_info_valid and says its verdict in words; before that, reasons of igdctl's
-/// own: no bridge, no LAN bridge, a port of another connection, a second management service. The
-/// library lets some of these pass.
+/// Asks igd_verify_new_wan_info_valid and says its verdict in words; before that, reasons of
+/// igdctl's own: no bridge, no LAN bridge, a port of another connection, a second management
+/// service. The library lets some of these pass.
 /// @param verdict  set to the library's IgdWanVerdict; may be null
 std::vector<Objection> objections_to(const WanProposal& proposal, const Surroundings& around,
                                      int* verdict = nullptr);

@@ -151,10 +151,18 @@ Json without_envelope(Json json) {
   return json["data"];
 }
 
+// Values are copied and freed by recursion, so depth costs stack.
+bool refuse_depth(int depth, Json::parse_event_t, Json&) {
+  constexpr int kDeepest = 16;
+  if (depth <= kDeepest) return true;
+  throw Failure(ExitCode::kBadInput, "the JSON is nested more deeply than a description is",
+                "igdctl wan show --json prints a description to start from");
+}
+
 Json read_json(const std::string& file) {
   const std::string text = read_file(file);
   try {
-    return without_envelope(Json::parse(text));
+    return without_envelope(Json::parse(text, refuse_depth));
   } catch (const Json::parse_error& error) {
     throw Failure(ExitCode::kBadInput,
                   in_quotes(file) + " is no JSON, at byte " + std::to_string(error.byte),

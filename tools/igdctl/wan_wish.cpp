@@ -14,6 +14,7 @@ namespace {
 
 constexpr const char* kReadOnlyKeys[] = {"path", "id", "bridge", "password_set"};
 constexpr std::size_t kMostServers = 2;
+constexpr std::size_t kMostElements = 64;
 
 bool has_control_characters(const std::string& text) {
   return std::any_of(text.begin(), text.end(), [](char letter) {
@@ -25,6 +26,13 @@ bool has_control_characters(const std::string& text) {
 bool is_service_word(const std::string& word) {
   constexpr char kLetters[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_-.";
   return !word.empty() && word.find_first_not_of(kLetters) == std::string::npos;
+}
+
+// Not the whole of a list or an object: it can be as large and as deep as its writer likes.
+std::string short_text_of(const Json& value) {
+  if (value.is_string()) return in_quotes(value.get<std::string>().substr(0, kLongestText));
+  if (value.is_structured()) return value.is_array() ? "a list" : "an object";
+  return value.dump();
 }
 
 class WishReader {
@@ -112,7 +120,7 @@ std::optional<int> WishReader::number(const char* key, int low, int high) {
                         ? value->get<std::uint64_t>() <= static_cast<std::uint64_t>(high)
                         : value->is_number_integer() && value->get<std::int64_t>() <= high;
   if (fits && value->get<std::int64_t>() >= low) return value->get<int>();
-  fault(std::string(key) + " is " + value->dump(-1, ' ', false, Json::error_handler_t::replace),
+  fault(std::string(key) + " is " + short_text_of(*value),
         "give a whole number from " + std::to_string(low) + " to " + std::to_string(high));
   return {};
 }
@@ -131,7 +139,7 @@ std::optional<Names> WishReader::names(const char* key) {
   const Json* const value = find(key);
   if (value == nullptr) return {};
   Names result;
-  bool sound = value->is_array();
+  bool sound = value->is_array() && value->size() <= kMostElements;
   if (sound) {
     for (const Json& element : *value) {
       sound = sound && element.is_string();
@@ -139,7 +147,8 @@ std::optional<Names> WishReader::names(const char* key) {
     }
   }
   if (!sound) {
-    fault(std::string(key) + " is no list of texts", "give a list, as [\"LAN1\", \"LAN2\"]");
+    fault(std::string(key) + " is no list of at most 64 texts",
+          "give a list, as [\"LAN1\", \"LAN2\"]");
     return {};
   }
   for (const std::string& name : result) {
@@ -152,7 +161,7 @@ std::optional<std::map<std::string, std::string>> WishReader::texts_by_port(cons
   const Json* const value = find(key);
   if (value == nullptr) return {};
   std::map<std::string, std::string> result;
-  bool sound = value->is_object();
+  bool sound = value->is_object() && value->size() <= kMostElements;
   if (sound) {
     for (const auto& item : value->items()) {
       sound = sound && item.value().is_string();
