@@ -26,11 +26,11 @@ TEST(Tables, CutTheWidestColumnToFitThePage) {
             "-         on\n");
 }
 
-TEST(Tables, KeepSixColumnsOfEachCellOnATinyPage) {
+TEST(Tables, KeepFourColumnsOfEachCellOnATinyPage) {
   EXPECT_EQ(rendered(connections(), {3, false}),
-            "NAME    PATH\n"
-            "Inter…  Inter…\n"
-            "-       on\n");
+            "NAME  PATH\n"
+            "Int…  Int…\n"
+            "-     on\n");
 }
 
 TEST(Tables, PaintOnlyWhereThereIsColour) {

@@ -42,7 +42,7 @@ struct Page {
 };
 
 /// A table as lines, columns two blanks apart, an empty cell as "-". When it is wider than the
-/// page, its widest columns are cut until it fits or none is wider than 6 columns.
+/// page, its widest columns are cut until it fits or none is wider than 4 columns.
 std::string rendered(const Table& table, const Page& page);
 
 /// The page that a stream is, from its terminal, COLUMNS and NO_COLOR.

@@ -24,7 +24,7 @@ struct GlobalOptions {
 /// run() calls that when the library's trace is out of the way.
 class Session {
  public:
-  GlobalOptions options;
+  GlobalOptions options;  // NOLINT(*-non-private-member-variables-in-classes): CLI11 fills it
 
   /// Called by the chosen command when it was parsed.
   void on_run(std::function<void()> work) { work_ = std::move(work); }

@@ -9,7 +9,7 @@ namespace igdctl {
 namespace {
 
 constexpr std::size_t kGap = 2;
-constexpr std::size_t kNarrowest = 6;
+constexpr std::size_t kNarrowest = 4;
 
 using Widths = std::vector<std::size_t>;
 

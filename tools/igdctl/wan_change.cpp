@@ -4,10 +4,8 @@
 #include "platform.h"
 #include "session.h"
 #include "text.h"
-#include "tree_reader.h"
 #include "wan_description.h"
 #include "wan_keep.h"
-#include "wan_words.h"
 
 namespace igdctl {
 
@@ -23,18 +21,11 @@ void append(std::vector<Fault>* faults, const std::vector<Fault>& more) {
   faults->insert(faults->end(), more.begin(), more.end());
 }
 
-bool has_object_of(const Connection& connection, int mode) {
-  if (mode == kIgdPppoe) return !instances_below(connection.path, kPppConnection).empty();
-  const char* const addressing = mode == kIgdStatic ? "Static" : "DHCP";
-  return mode == 0 || !igd_tool_loop_fullname(connection.path, kAddressingType, addressing).empty();
-}
-
-void require_object_of(const Connection& connection, int mode) {
-  if (has_object_of(connection, mode)) return;
-  throw Failure(ExitCode::kRefused,
-                "connection " + in_quotes(title_of(connection)) + " has no object for mode " +
-                    word_of_mode(mode),
-                "choose another mode, or remove the connection and make it anew");
+bool has_lan_bridge(const Surroundings& around) {
+  for (const Bridge& bridge : around.bridges) {
+    if (bridge.name == kLanBridge) return true;
+  }
+  return false;
 }
 
 std::string consent_for(const std::string& title) {
@@ -104,9 +95,9 @@ bool WanChanger::set(const Connection& connection, const WanWish& wish, std::vec
   append(&faults, faults_of(proposal, around));
   fail_on(faults);
   stop_or_go_on(objections_to(proposal, around));
-  require_object_of(connection, proposal.info.connect_mode);
-  // Only a store tells whether writes make a difference, and takes them back when they do not.
-  if (proposal.changed.empty() && !has_store()) return false;
+  // Only a store tells whether writes make a difference, and takes them back when they do not; and
+  // the library makes a LAN bridge that is missing, which nobody asked for.
+  if (proposal.changed.empty() && (!has_store() || !has_lan_bridge(around))) return false;
   if (carries_management(connection.service) || carries_management(proposal.info.service_type)) {
     change_.needs_consent(consent_for(title_of(connection)));
   }

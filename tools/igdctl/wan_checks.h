@@ -3,6 +3,7 @@
 #ifndef IGDCTL_WAN_CHECKS_H
 #define IGDCTL_WAN_CHECKS_H
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,9 @@ struct Surroundings {
   const Connection* connection = nullptr;  ///< the one being changed; null for a new one
   std::vector<Connection> connections;     ///< all
   std::vector<Bridge> bridges;
+  /// Names of single objects of other connections. A connection goes by that of its enabled object;
+  /// the library finds it by each of them, and igd_wan_create would write over it.
+  std::set<std::string> object_names;
 };
 
 Surroundings read_surroundings(MibAccess& tree, const Connection* connection);
@@ -28,7 +32,7 @@ std::vector<Fault> faults_of(const WanProposal& proposal, const Surroundings& ar
 
 /// A reason against a change that follows from the state of the gateway.
 struct Objection {
-  enum class About { kBridge, kPort, kManagement, kVlan, kLastPort, kLastService };
+  enum class About { kBridge, kObject, kPort, kManagement, kVlan, kLastPort, kLastService };
   About about;
   std::string what;
   std::string todo;

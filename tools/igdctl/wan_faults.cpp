@@ -81,7 +81,11 @@ void FaultFinder::judge_name() {
     fault(
         "there is a connection " + in_quotes(name) + " already, " + other.id,
         is_new() ? "choose another name, or change it with igdctl wan set" : "choose another name");
+    return;
   }
+  if (name.empty() || around_.object_names.count(name) == 0) return;
+  fault("an object of another connection has the name " + in_quotes(name) + " already",
+        "choose another name; igdctl doctor tells which connection it is");
 }
 
 void FaultFinder::judge_access() {

@@ -35,6 +35,23 @@ Objection no_lan_bridge() {
           "igdctl doctor tells how to mend it", false, false};
 }
 
+bool has_object_of(const Connection& connection, int mode) {
+  if (mode == kIgdPppoe) return !instances_below(connection.path, kPppConnection).empty();
+  const char* const addressing = mode == kIgdStatic ? "Static" : "DHCP";
+  return mode == 0 || !igd_tool_loop_fullname(connection.path, kAddressingType, addressing).empty();
+}
+
+void object_to_mode(const WanProposal& proposal, const Surroundings& around,
+                    std::vector<Objection>* objections) {
+  const int mode = proposal.info.connect_mode;
+  if (around.connection == nullptr || has_object_of(*around.connection, mode)) return;
+  objections->push_back({About::kObject,
+                         "connection " + in_quotes(title_of(*around.connection)) +
+                             " has no object for mode " + word_of_mode(mode),
+                         "choose another mode, or remove the connection and make it anew", false,
+                         false});
+}
+
 std::string owner_of(const Port& port, const Surroundings& around) {
   for (const Bridge& bridge : around.bridges) {
     if (bridge.path == port.bridge_path && !bridge.wan_path.empty()) return bridge.wan_path;
@@ -164,7 +181,14 @@ void ask_library(const WanProposal& proposal, const Surroundings& around,
 }  // namespace
 
 Surroundings read_surroundings(MibAccess& tree, const Connection* connection) {
-  return {connection, list_connections(tree), read_bridges(tree)};
+  Surroundings around{connection, list_connections(tree), read_bridges(tree), {}};
+  for (const ObjectType type : {kIpConnectionName, kPppConnectionName}) {
+    for (const std::string& name : instances_below(kWanDeviceTable, type)) {
+      const bool own = connection != nullptr && begins_with(name, connection->path);
+      if (!own) around.object_names.insert(tree.getValue(name));
+    }
+  }
+  return around;
 }
 
 std::vector<Objection> objections_to(const WanProposal& proposal, const Surroundings& around,
@@ -173,6 +197,7 @@ std::vector<Objection> objections_to(const WanProposal& proposal, const Surround
   if (around.connection != nullptr && !around.connection->has_bridge()) {
     objections.push_back(no_bridge(*around.connection));
   }
+  object_to_mode(proposal, around, &objections);
   // A routed connection gets the LAN bridge made by the library.
   if (!has_lan_bridge(around) && proposal.info.connection_class != kIgdRouted) {
     objections.push_back(no_lan_bridge());
