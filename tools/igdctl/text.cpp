@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
+#include <iterator>
 #include <numeric>
 #include <utility>
 
@@ -34,35 +34,49 @@ bool is_in(const Range (&ranges)[N], std::uint32_t character) {
   });
 }
 
-std::size_t length_of_sequence(unsigned char first) {
-  if (first < 0x80) return 1;
-  if (first >= 0xc2 && first < 0xe0) return 2;
-  if (first >= 0xe0 && first < 0xf0) return 3;
-  if (first >= 0xf0 && first < 0xf5) return 4;
-  return 0;
-}
+// The forms of UTF-8, by the number of bytes that follow the first.
+struct Utf8Form {
+  unsigned char lead_mask;  // bits of the first byte that tell the form
+  unsigned char lead;       // what they are
+  std::uint32_t shortest;   // first character that needs this form
+};
+constexpr Utf8Form kForms[] = {
+    {0x80, 0x00, 0x0}, {0xe0, 0xc0, 0x80}, {0xf0, 0xe0, 0x800}, {0xf8, 0xf0, 0x10000}};
+constexpr unsigned char kFollowingMask = 0xc0;
+constexpr unsigned char kFollowing = 0x80;
+constexpr unsigned kFollowingBits = 6;
+constexpr Range kScalars[] = {{0x0, 0xd7ff}, {0xe000, 0x10ffff}};
 
-bool is_scalar(std::uint32_t character, std::size_t length) {
-  constexpr std::uint32_t kShortest[] = {0, 0, 0x80, 0x800, 0x10000};
-  const bool surrogate = character >= 0xd800 && character <= 0xdfff;
-  return character >= kShortest[length] && character <= 0x10ffff && !surrogate;
+// The character of a form at the front of a text; kInvalid when it is none.
+std::uint32_t character_of(std::string_view text, std::size_t following) {
+  const Utf8Form& form = kForms[following];
+  std::uint32_t character =
+      static_cast<unsigned char>(text.front()) & static_cast<unsigned char>(~form.lead_mask);
+  for (const char letter : text.substr(1, following)) {
+    const auto byte = static_cast<unsigned char>(letter);
+    if ((byte & kFollowingMask) != kFollowing) return kInvalid;
+    character =
+        (character << kFollowingBits) | (byte & static_cast<unsigned char>(~kFollowingMask));
+  }
+  const bool sound = character >= form.shortest && is_in(kScalars, character);
+  return sound ? character : kInvalid;
 }
 
 // Takes one character off the front of the text; kInvalid takes one byte.
 std::uint32_t next_character(std::string_view& text, std::string_view* bytes) {
   const auto first = static_cast<unsigned char>(text.front());
-  const std::size_t length = length_of_sequence(first);
-  std::uint32_t character = length == 1 ? first : first & (0xffU >> (length + 1));
-  bool valid = length != 0 && length <= text.size();
-  for (std::size_t i = 1; valid && i < length; ++i) {
-    const auto byte = static_cast<unsigned char>(text[i]);
-    valid = (byte & 0xc0U) == 0x80;
-    character = (character << 6U) | (byte & 0x3fU);
+  std::uint32_t character = kInvalid;
+  std::size_t length = 1;
+  for (std::size_t following = 0; following < std::size(kForms); ++following) {
+    const bool is_form = (first & kForms[following].lead_mask) == kForms[following].lead;
+    if (is_form && following < text.size()) character = character_of(text, following);
+    if (character == kInvalid) continue;
+    length = following + 1;
+    break;
   }
-  valid = valid && is_scalar(character, length);
-  *bytes = text.substr(0, valid ? length : 1);
-  text.remove_prefix(bytes->size());
-  return valid ? character : kInvalid;
+  *bytes = text.substr(0, length);
+  text.remove_prefix(length);
+  return character;
 }
 
 std::string escaped(std::string_view bytes) {
@@ -72,8 +86,9 @@ std::string escaped(std::string_view bytes) {
   std::string text;
   for (const char byte : bytes) {
     constexpr char kDigits[] = "0123456789abcdef";
+    constexpr unsigned kBase = 16;
     const auto value = static_cast<unsigned char>(byte);
-    text += {'\\', 'x', kDigits[value >> 4U], kDigits[value & 0x0fU]};
+    text += {'\\', 'x', kDigits[value / kBase], kDigits[value % kBase]};
   }
   return text;
 }
@@ -183,11 +198,12 @@ bool is_utf8(std::string_view text) {
 
 bool parse_number(std::string_view text, long low, long high, long* number) {
   constexpr std::size_t kMostDigits = 9;
+  constexpr long kBase = 10;
   if (text.empty() || text.size() > kMostDigits) return false;
   long value = 0;
   for (const char digit : text) {
     if (digit < '0' || digit > '9') return false;
-    value = value * 10 + (digit - '0');
+    value = value * kBase + (digit - '0');
   }
   if (value < low || value > high) return false;
   *number = value;
