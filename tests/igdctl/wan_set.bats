@@ -17,11 +17,30 @@ load helper
 
 @test "ports that leave a connection go back to the LAN bridge" {
   make_three_connections
-  expect 0 wan set Internet --bind-lan ''
+  expect 0 wan set Internet --bind-lan=
   expect 0 wan ports Internet
   has_not "bind_lan"
   expect 0 wan ports --json
   [ "$(grep -c '"use": "free"' <<<"$output")" -eq 7 ]
+}
+
+@test "options stand before or after the connection, lists with commas or repeated" {
+  make_three_connections
+  expect 0 wan set --bind-lan LAN2 --vlan 110 --bind-lan LAN3 Internet
+  expect 0 wan show Internet
+  has "LAN2 LAN3"
+  has "110"
+  expect_unchanged 2 wan set Internet --bind-lan LAN1 LAN2
+  expect 0 wan set Internet --bind-lan ''
+}
+
+@test "a connection can be named like a command or an option" {
+  expect 0 wan create --name show --vlan 10
+  expect 0 wan create --name=--json --vlan 20
+  expect 0 wan show show
+  has "1.1"
+  expect 0 wan show -- --json
+  has "1.2"
 }
 
 @test "without an option nothing is changed and nothing is committed" {

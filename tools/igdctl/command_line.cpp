@@ -64,16 +64,24 @@ void add_global_options(CLI::App& root, Session& session) {
   root.add_flag("-v,--verbose", options.output.verbose, "Also tell what is going on");
 }
 
+// "--bind-lan=" gives an empty value, as "--bind-lan ''" does; CLI11 would miss one.
+bool gives_empty_value(const std::string& argument) {
+  return argument.rfind("--", 0) == 0 && argument.find('=') == argument.size() - 1;
+}
+
 // "--trace" alone names the usual file; as an argument of its own a file would be ambiguous.
 std::vector<std::string> arguments_of(int argc, const char* const* argv) {
   std::vector<std::string> arguments;
   bool options_over = false;
   for (int i = 1; i < argc; ++i) {
-    arguments.emplace_back(argv[i]);
-    options_over = options_over || arguments.back() == "--";
-    if (!options_over && arguments.back() == "--trace") {
-      arguments.back() = std::string("--trace=") + kDefaultTrace;
-    }
+    std::string argument = argv[i];
+    options_over = options_over || argument == "--";
+    const bool empty_value = !options_over && gives_empty_value(argument);
+    if (empty_value) argument.pop_back();
+    const bool bare_trace = !options_over && !empty_value && argument == "--trace";
+    if (bare_trace) argument += std::string("=") + kDefaultTrace;
+    arguments.push_back(argument);
+    if (empty_value) arguments.emplace_back();
   }
   return {arguments.rbegin(), arguments.rend()};  // as CLI11 takes them
 }

@@ -176,7 +176,7 @@ void add_wan_options(CLI::App& command, WanOptions& options) {
   for (const OptionRow& row : kOptions) {
     CLI::Option& option =
         *command.add_option(row.option, options.values[row.key], row.help)->type_name(row.value);
-    option.expected(1)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    option.allow_extra_args(false);  // one value each time, so that no CONNECTION is taken for one
     option.group("Description");
   }
   CLI::Option* const file =
