@@ -16,4 +16,7 @@ load helper
   run --separate-stderr igdctl_gateway wan set Internet --vlan 110
   [ "$status" -eq 9 ]
   has "may stand" "$stderr"
+  run --separate-stderr igdctl_gateway wan remove Television
+  [ "$status" -eq 9 ]
+  has "did not remove" "$stderr"
 }

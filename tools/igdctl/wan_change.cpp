@@ -113,6 +113,11 @@ void WanChanger::remove(const Connection& connection) {
     change_.needs_consent(consent_for(title_of(connection)));
   }
   igd_wan_destory(connection.path);
+  // It commits by itself and tells nothing: without a trial a refused commit shows here only.
+  if (igd_verify_is_wan_index(connection.path) == 0) return;
+  throw Failure(ExitCode::kPlatform,
+                "the platform did not remove connection " + in_quotes(title_of(connection)),
+                "igdctl wan list shows what is there");
 }
 
 }  // namespace igdctl
