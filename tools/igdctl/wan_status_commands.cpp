@@ -92,6 +92,19 @@ PortUse use_of(const Bridge& bridge, const Port& port) {
   return {"free", ""};
 }
 
+Json json_of(const Bridge& bridge, const Port& port, const PortUse& use, const std::string& title) {
+  return {{"port", port.node},
+          {"use", use.how},
+          {"connection", title.empty() ? Json() : Json(title)},
+          {"connection_path", title.empty() ? Json() : Json(use.connection)},
+          {"bridge", bridge.name},
+          {"path", port.path},
+          {"pvid", port.pvid},
+          {"enabled", port.enabled}};
+}
+
+Cell switch_cell(bool on) { return {on ? "on" : "off", on ? Style::kGood : Style::kMuted}; }
+
 void show_ports(Session& session, const std::string& words) {
   MibAccess& tree = session.tree();
   const std::string wanted = words.empty() ? "" : find_connection(tree, words).path;
@@ -104,20 +117,8 @@ void show_ports(Session& session, const std::string& words) {
       if (!wanted.empty() && use.connection != wanted) continue;
       const std::string title = title_of_path(connections, use.connection);
       table.rows.push_back(
-          {port.node,
-           use.how,
-           title,
-           bridge.name,
-           port.pvid,
-           {port.enabled ? "on" : "off", port.enabled ? Style::kGood : Style::kMuted}});
-      data.push_back({{"port", port.node},
-                      {"use", use.how},
-                      {"connection", title.empty() ? Json() : Json(title)},
-                      {"connection_path", title.empty() ? Json() : Json(use.connection)},
-                      {"bridge", bridge.name},
-                      {"path", port.path},
-                      {"pvid", port.pvid},
-                      {"enabled", port.enabled}});
+          {port.node, use.how, title, bridge.name, port.pvid, switch_cell(port.enabled)});
+      data.push_back(json_of(bridge, port, use, title));
     }
   }
   Output& output = session.output();
