@@ -1,0 +1,60 @@
+# What people see: a terminal with colours, its width, and a prompt that does not echo.
+load helper
+
+# Runs igdctl under a pseudo-terminal of 80 or so many columns; $output has carriage returns taken
+# out.
+on_terminal() {
+  local columns=$1
+  shift
+  output=$(script -qec "stty cols $columns; '$IGDCTL' $*" /dev/null </dev/null | tr -d '\r')
+}
+
+@test "a terminal gets colour, a pipe does not" {
+  make_three_connections
+  on_terminal 120 wan list
+  has $'\e[1mNAME'
+  expect 0 wan list
+  has_not $'\e['
+}
+
+@test "NO_COLOR and a dumb terminal get none" {
+  make_three_connections
+  NO_COLOR=1 on_terminal 120 wan list
+  has_not $'\e['
+  TERM=dumb on_terminal 120 wan list
+  has_not $'\e['
+}
+
+@test "a table fits the terminal, and a pipe gets all of it" {
+  make_three_connections
+  export NO_COLOR=1 LC_ALL=C.UTF-8  # to count characters, not bytes
+  on_terminal 60 wan list
+  while IFS= read -r line; do [ "${#line}" -le 60 ]; done <<<"$output"
+  has "…"
+  COLUMNS=200 on_terminal 60 wan list
+  has_not "…"
+  expect 0 wan show Internet
+  has "InternetGatewayDevice.WANDevice.1.WANConnectionDevice.1."
+}
+
+@test "JSON is the same on a terminal" {
+  on_terminal 20 wan list --json
+  [ "$output" = "$(igdctl wan list --json)" ]
+}
+
+@test "a prompt asks for the password and does not show it" {
+  output=$( (sleep 0.5; printf 'hush-hush\n'; sleep 0.5) | script -qec \
+    "'$IGDCTL' wan create --name Internet --mode pppoe --user u --password-prompt" /dev/null)
+  has "Password: "
+  has_not "hush-hush"
+  has "Made connection"
+  expect 0 wan show Internet --show-secrets
+  has "hush-hush"
+}
+
+@test "without a terminal a prompt is refused, with the other way to do it" {
+  run --separate-stderr setsid "$IGDCTL" wan create --name Internet --mode pppoe --user u \
+    --password-prompt
+  [ "$status" -eq 2 ]
+  has "--password-file" "$stderr"
+}

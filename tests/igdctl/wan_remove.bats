@@ -1,0 +1,58 @@
+# Removing connections, and asking before.
+load helper
+
+@test "a connection goes, its ports come back" {
+  make_three_connections
+  expect 0 wan remove Television
+  [ "$output" = 'Removed connection "Television"' ]
+  expect 0 wan list
+  has_not "Television"
+  expect 0 wan ports --json
+  has_not "Television"
+  [ "$(grep -c '"port": "LAN4"' <<<"$output")" -eq 1 ]
+}
+
+@test "the last Internet connection stays, unless forced" {
+  make_three_connections
+  expect_unchanged 4 wan remove Internet
+  has "the last one with the service INTERNET" "$stderr"
+  expect 0 wan remove Internet --force
+  has "goes over this" "$stderr"
+}
+
+@test "the management connection goes with --yes only" {
+  make_three_connections
+  expect 0 wan create --name Voice --service VOIP --vlan 400
+  expect_unchanged 8 wan remove Management
+  expect 0 wan remove Management --yes
+}
+
+@test "what is not there cannot be removed" {
+  make_three_connections
+  expect_unchanged 3 wan remove Radio
+}
+
+@test "a removal is shown first, and waits for its confirmation" {
+  make_three_connections
+  expect_unchanged 0 wan remove Television --dry-run
+  has "- InternetGatewayDevice.WANDevice.1.WANConnectionDevice.3."
+  expect 0 wan remove Television --confirm 1
+  sleep 1.2
+  expect 0 wan show Television
+}
+
+@test "check asks without writing: a new connection, a change, a removal" {
+  make_three_connections
+  expect_unchanged 0 wan check --name Voice --vlan 400
+  [ "$output" = "It fits" ]
+  expect_unchanged 4 wan check --name Voice --vlan 100
+  expect_unchanged 2 wan check --name Voice --vlan 5000
+  expect_unchanged 0 wan check Internet --vlan 110
+  expect_unchanged 4 wan check Internet --vlan 300 --json
+  has '"verdict": 9'
+  has '"can_be_forced": true'
+  expect_unchanged 0 wan check Television --removal
+  expect_unchanged 4 wan check Internet --removal
+  expect_unchanged 2 wan check --removal
+  expect_unchanged 3 wan check Radio --removal
+}

@@ -1,0 +1,95 @@
+#include <algorithm>
+#include <numeric>
+
+#include "output.h"
+#include "text.h"
+
+namespace igdctl {
+
+namespace {
+
+constexpr std::size_t kGap = 2;
+constexpr std::size_t kNarrowest = 4;
+
+using Widths = std::vector<std::size_t>;
+
+std::string shown(const Cell& cell) { return cell.text.empty() ? "-" : printable(cell.text); }
+
+const char* colour_of(Style style) {
+  switch (style) {
+    case Style::kHeading:
+      return "\x1b[1m";
+    case Style::kGood:
+      return "\x1b[32m";
+    case Style::kBad:
+      return "\x1b[31m";
+    case Style::kWarning:
+      return "\x1b[33m";
+    case Style::kMuted:
+      return "\x1b[2m";
+    case Style::kPlain:
+      break;
+  }
+  return "";
+}
+
+std::string painted(const std::string& text, Style style, const Page& page) {
+  if (!page.colour || style == Style::kPlain) return text;
+  return colour_of(style) + text + "\x1b[0m";
+}
+
+Widths natural_widths(const std::vector<std::vector<Cell>>& lines) {
+  Widths widths;
+  for (const std::vector<Cell>& line : lines) {
+    widths.resize(std::max(widths.size(), line.size()));
+    for (std::size_t i = 0; i < line.size(); ++i) {
+      widths[i] = std::max(widths[i], display_width(shown(line[i])));
+    }
+  }
+  return widths;
+}
+
+// Takes from the widest column, so that short ones stay whole.
+void fit(Widths& widths, std::size_t page_width) {
+  if (page_width == 0 || widths.empty()) return;
+  const std::size_t gaps = kGap * (widths.size() - 1);
+  std::size_t total = std::accumulate(widths.begin(), widths.end(), gaps);
+  while (total > page_width) {
+    const auto widest = std::max_element(widths.begin(), widths.end());
+    if (*widest <= kNarrowest) return;
+    --*widest;
+    --total;
+  }
+}
+
+// Blanks that end a line are left out.
+std::string rendered_line(const std::vector<Cell>& line, const Widths& widths, const Page& page) {
+  std::string text;
+  std::size_t blanks = 0;
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    const std::string cell = cut_to_width(shown(line[i]), widths[i]);
+    text += std::string(blanks, ' ') + painted(cell, line[i].style, page);
+    blanks = widths[i] - display_width(cell) + kGap;
+  }
+  return text + '\n';
+}
+
+}  // namespace
+
+std::string rendered(const Table& table, const Page& page) {
+  std::vector<std::vector<Cell>> lines;
+  if (!table.headings.empty()) {
+    lines.emplace_back();
+    for (const std::string& heading : table.headings) {
+      lines.back().emplace_back(heading, Style::kHeading);
+    }
+  }
+  lines.insert(lines.end(), table.rows.begin(), table.rows.end());
+  Widths widths = natural_widths(lines);
+  fit(widths, page.width);
+  std::string text;
+  for (const std::vector<Cell>& line : lines) text += rendered_line(line, widths, page);
+  return text;
+}
+
+}  // namespace igdctl

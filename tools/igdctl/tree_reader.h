@@ -1,0 +1,30 @@
+/// Small reads of the tree. A path ends with a dot, a name does not.
+#ifndef IGDCTL_TREE_READER_H
+#define IGDCTL_TREE_READER_H
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common_util.h"
+
+namespace igdctl {
+
+inline constexpr char kBridgeTable[] = "InternetGatewayDevice.Layer2Bridging.Bridge.";
+inline constexpr char kWanDeviceTable[] = "InternetGatewayDevice.WANDevice.";
+
+/// The value of a parameter; "" when there is none. For the empty path, that of an object that is
+/// not there, the tree is not asked.
+std::string value_in(MibAccess& tree, const std::string& object_path, std::string_view parameter);
+
+/// Full names of the instances of a type below a path, in the tree's order.
+std::vector<std::string> instances_below(const std::string& path, ObjectType type);
+
+/// "A.B.C" and "A.B.C." give "A.B."; "" when nothing is above.
+std::string parent_of(std::string_view name);
+
+bool begins_with(std::string_view text, std::string_view prefix);
+
+}  // namespace igdctl
+
+#endif  // IGDCTL_TREE_READER_H
