@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "common_util.h"
 #include "console.h"
 #include "host_platform.h"
 #include "igd_api.h"
@@ -199,6 +200,15 @@ int mask_of_all_ports() {
   return mask;
 }
 
+// Creating and changing a connection only write: whoever called them commits, once for everything
+// that belongs together. Until then other processes see nothing, and the end of this one undoes it.
+void commit_writes(Console& console) {
+  constexpr int kMode = 1;
+  if (getContext()->mibAccess()->commit(kMode) == 0) return;
+  console.line("  the commit failed: nothing since the last one is in effect");
+  std::exit(EXIT_FAILURE);
+}
+
 // Ask first, then create: creation itself checks nothing.
 std::string check_and_create(Console& console, api_wan_info wan) {
   const int verdict = igd_verify_new_wan_info_valid("", &wan, mask_of_all_ports());
@@ -251,6 +261,7 @@ int main(int argc, char** argv) {
   const std::string internet = check_and_create(console, internet_connection());
   const std::string management = check_and_create(console, management_connection());
   const std::string television = check_and_create(console, television_connection());
+  commit_writes(console);
 
   show_connections(console);
   show_bridges(console);
@@ -260,6 +271,7 @@ int main(int argc, char** argv) {
 
   console.heading("Move Internet to VLAN 110 and port LAN3");
   move_to_vlan_and_port(console, internet, 110, "LAN3");
+  commit_writes(console);
   show_connections(console);
   show_bridges(console);
 
