@@ -30,6 +30,7 @@ void add_connection_argument(CLI::App& command, std::string& words);
 void add_wan_commands(CLI::App& root, Session& session);
 void add_bridge_commands(CLI::App& root, Session& session);
 void add_vlan_commands(CLI::App& root, Session& session);
+void add_route_commands(CLI::App& root, Session& session);
 void add_lan_commands(CLI::App& root, Session& session);
 
 }  // namespace igdctl
