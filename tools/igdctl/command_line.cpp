@@ -127,6 +127,7 @@ void build_command_line(CLI::App& root, Session& session) {
   add_bridge_commands(root, session);
   add_vlan_commands(root, session);
   add_route_commands(root, session);
+  add_acs_commands(root, session);
   add_lan_commands(root, session);
 }
 

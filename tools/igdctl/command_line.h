@@ -31,6 +31,7 @@ void add_wan_commands(CLI::App& root, Session& session);
 void add_bridge_commands(CLI::App& root, Session& session);
 void add_vlan_commands(CLI::App& root, Session& session);
 void add_route_commands(CLI::App& root, Session& session);
+void add_acs_commands(CLI::App& root, Session& session);
 void add_lan_commands(CLI::App& root, Session& session);
 
 }  // namespace igdctl
