@@ -33,6 +33,7 @@ void add_vlan_commands(CLI::App& root, Session& session);
 void add_route_commands(CLI::App& root, Session& session);
 void add_acs_commands(CLI::App& root, Session& session);
 void add_lan_commands(CLI::App& root, Session& session);
+void add_topology_command(CLI::App& root, Session& session);
 
 }  // namespace igdctl
 
