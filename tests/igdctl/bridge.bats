@@ -92,6 +92,7 @@ wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice
   [ "$(value_of "$wan.1.WANIPConnection.1.X_CT-COM_LanInterface")" = LAN1 ]
   [ "$(value_of "$wan.2.WANIPConnection.1.X_CT-COM_LanInterface")" = LAN3,LAN2 ]
   expect 0 wan list --json
+  expect 0 doctor
 }
 
 @test "uplinks and unknown ports do not move" {
@@ -125,9 +126,11 @@ wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice
   household
   before=$(igdctl bridge show br_1_1 --json)
   edit_tree delete "$bridges.2."
+  expect 10 doctor
   expect 0 bridge create Internet
   has 'Made the bridge "br_1_1"'
   [ "${before//Bridge.2./}" = "$(igdctl bridge show br_1_1 --json | sed 's/Bridge.5.//')" ]
+  expect 0 doctor
   expect 0 bridge create Internet
   has "No change"
 }

@@ -130,6 +130,7 @@ void build_command_line(CLI::App& root, Session& session) {
   add_acs_commands(root, session);
   add_lan_commands(root, session);
   add_topology_command(root, session);
+  add_doctor_command(root, session);
 }
 
 bool parse_command_line(CLI::App& root, int argc, const char* const* argv, int* exit_code) {

@@ -34,6 +34,7 @@ void add_route_commands(CLI::App& root, Session& session);
 void add_acs_commands(CLI::App& root, Session& session);
 void add_lan_commands(CLI::App& root, Session& session);
 void add_topology_command(CLI::App& root, Session& session);
+void add_doctor_command(CLI::App& root, Session& session);
 
 }  // namespace igdctl
 
