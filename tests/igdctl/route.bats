@@ -1,5 +1,6 @@
 # Static routes.
 load helper
+load household
 
 route=InternetGatewayDevice.Layer3Forwarding.Forwarding
 

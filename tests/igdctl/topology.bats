@@ -1,5 +1,6 @@
 # Who is joined to what, drawn.
 load helper
+load household
 
 @test "as a tree of box characters" {
   household

@@ -1,5 +1,6 @@
 # Finding a VLAN that no bridge has.
 load helper
+load household
 
 @test "the lowest free VLAN from 1000" {
   expect 0 vlan free
