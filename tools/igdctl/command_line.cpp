@@ -132,6 +132,13 @@ void build_command_line(CLI::App& root, Session& session) {
   add_global_options(root, session);
   root.fallthrough();  // global options may stand anywhere; groups inherit this
   add_wan_commands(root, session);
+  add_bridge_commands(root, session);
+  add_vlan_commands(root, session);
+  add_route_commands(root, session);
+  add_acs_commands(root, session);
+  add_lan_commands(root, session);
+  add_topology_command(root, session);
+  add_doctor_command(root, session);
 }
 
 bool parse_command_line(CLI::App& root, int argc, const char* const* argv, int* exit_code) {

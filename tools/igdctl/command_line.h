@@ -28,6 +28,13 @@ void add_connection_argument(CLI::App& command, std::string& words);
 
 // One for each group; each stands in <group>_commands.cpp.
 void add_wan_commands(CLI::App& root, Session& session);
+void add_bridge_commands(CLI::App& root, Session& session);
+void add_vlan_commands(CLI::App& root, Session& session);
+void add_route_commands(CLI::App& root, Session& session);
+void add_acs_commands(CLI::App& root, Session& session);
+void add_lan_commands(CLI::App& root, Session& session);
+void add_topology_command(CLI::App& root, Session& session);
+void add_doctor_command(CLI::App& root, Session& session);
 
 }  // namespace igdctl
 

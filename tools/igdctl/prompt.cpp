@@ -62,10 +62,11 @@ std::string password_from_prompt(const std::string& question) {
     throw Failure(ExitCode::kBadInput, "there is no terminal to ask for a password on",
                   "use --password-file FILE, or - for standard input");
   }
-  (void)dprintf(terminal, "%s: ", question.c_str());
   std::string answer;
   {
+    // Going silent drops what was typed before, so the question comes after it.
     const EchoOff echo_off(terminal);
+    (void)dprintf(terminal, "%s: ", question.c_str());
     answer = line_of(terminal);
   }
   (void)dprintf(terminal, "\n");

@@ -1,0 +1,48 @@
+# Who is joined to what, drawn.
+load helper
+load household
+
+@test "as a tree of box characters" {
+  household
+  LC_ALL=C.UTF-8 expect 0 topology
+  [ "${lines[0]}" = "Ethernet uplink (WAN device 1)" ]
+  [ "${lines[1]}" = "├─ Internet  [1.1, routed dhcp, INTERNET, VLAN 100]" ]
+  [ "${lines[2]}" = "│  ├─ own bridge br_1_1: LAN0" ]
+  [ "${lines[3]}" = "│  └─ LAN bridge: LAN1 (VLAN 4060), LAN2 (VLAN 4060)" ]
+  has "├─ LAN1 ── Internet"
+  has "└─ LAN4, WLAN1, WLAN2, WLAN3, WLAN4 ── bound to none"
+}
+
+@test "in ASCII where the locale has no box characters" {
+  household
+  LC_ALL=C expect 0 topology
+  has "|- LAN1 -- Internet"
+  LC_ALL=C LANG=C.UTF-8 expect 0 topology --format text
+  has "|- LAN1 -- Internet"
+  has_not "├"
+}
+
+@test "for dot and as a picture" {
+  household
+  expect 0 topology --format dot
+  [ "${lines[0]}" = "graph topology {" ]
+  [ "${lines[-1]}" = "}" ]
+  has 'label="Internet\n1.1  routed dhcp\nINTERNET"'
+  expect 0 topology --format svg
+  [ "${lines[-1]}" = "</svg>" ]
+  has ">Television</text>"
+}
+
+@test "for programs" {
+  household
+  expect 0 topology --json
+  has '"kind": "topology"'
+  has '"own_ports": ['
+  expect 2 topology --json --format svg
+  expect 2 topology --format png
+}
+
+@test "without connections there is the LAN bridge" {
+  LC_ALL=C expect 0 topology
+  [ "${lines[0]}" = 'LAN bridge "internet"' ]
+}

@@ -1,0 +1,23 @@
+/// The parts of the group "bridge", for bridge_commands.cpp.
+#ifndef IGDCTL_BRIDGE_COMMANDS_H
+#define IGDCTL_BRIDGE_COMMANDS_H
+
+namespace CLI {
+class App;
+}
+
+namespace igdctl {
+
+class Session;
+
+void add_bridge_list(CLI::App& group, Session& session);
+void add_bridge_show(CLI::App& group, Session& session);
+void add_bridge_of(CLI::App& group, Session& session);
+
+void add_bridge_create(CLI::App& group, Session& session);
+void add_bridge_remove(CLI::App& group, Session& session);
+void add_bridge_move(CLI::App& group, Session& session);
+
+}  // namespace igdctl
+
+#endif  // IGDCTL_BRIDGE_COMMANDS_H
