@@ -124,6 +124,8 @@ void build_command_line(CLI::App& root, Session& session) {
   add_global_options(root, session);
   root.fallthrough();  // global options may stand anywhere; groups inherit this
   add_wan_commands(root, session);
+  add_tree_commands(root, session);
+  add_store_commands(root, session);
 }
 
 bool parse_command_line(CLI::App& root, int argc, const char* const* argv, int* exit_code) {

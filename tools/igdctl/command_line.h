@@ -28,6 +28,8 @@ void add_connection_argument(CLI::App& command, std::string& words);
 
 // One for each group; each stands in <group>_commands.cpp.
 void add_wan_commands(CLI::App& root, Session& session);
+void add_tree_commands(CLI::App& root, Session& session);
+void add_store_commands(CLI::App& root, Session& session);  ///< nothing on a gateway
 
 }  // namespace igdctl
 
