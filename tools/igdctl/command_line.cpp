@@ -126,6 +126,7 @@ void build_command_line(CLI::App& root, Session& session) {
   add_wan_commands(root, session);
   add_tree_commands(root, session);
   add_store_commands(root, session);
+  add_completion_commands(root, session);
 }
 
 bool parse_command_line(CLI::App& root, int argc, const char* const* argv, int* exit_code) {

@@ -30,6 +30,7 @@ void add_connection_argument(CLI::App& command, std::string& words);
 void add_wan_commands(CLI::App& root, Session& session);
 void add_tree_commands(CLI::App& root, Session& session);
 void add_store_commands(CLI::App& root, Session& session);  ///< nothing on a gateway
+void add_completion_commands(CLI::App& root, Session& session);
 
 }  // namespace igdctl
 
