@@ -81,6 +81,11 @@ void Change::fail_without_consent() const {
                     : "go on with --yes");
 }
 
+void Change::add_detail(const std::string& key, const Json& value) {
+  if (shown_json_ == nullptr) shown_json_ = std::make_shared<Json>(Json::object());
+  (*shown_json_)[key] = value;
+}
+
 void Change::report(ChangeOutcome outcome, const std::string& what, const std::string& path) {
   Output& output = session_.output();
   if (output.json()) {

@@ -80,6 +80,9 @@ class Change {
   /// Throws Failure: kUnsupported, kPending, kStore, kNeedsConsent, kPlatform, or that of the work.
   ChangeOutcome run(const std::string& label, const std::function<void()>& work);
 
+  /// Adds a key to the document that report() writes, for commands with more to tell.
+  void add_detail(const std::string& key, const Json& value);
+
   /// Tells what came of it: the sentence for people, or the document {"kind": "change", "data":
   /// {"result", "what", "overridden", and with --dry-run "plan" and "difference"}}. Call it once,
   /// after run(), with what was done: "Changed connection \"Internet\"". `path` is that of the
@@ -94,8 +97,8 @@ class Change {
   std::vector<std::string> overridden_;
   std::string consent_;  // why it is needed; "" when not
   bool no_difference_ = false;
-  std::string shown_text_;                  // plan and difference of a dry run, for people
-  std::shared_ptr<const Json> shown_json_;  // and for programs
+  std::string shown_text_;            // plan and difference of a dry run, for people
+  std::shared_ptr<Json> shown_json_;  // and for programs, with what add_detail() added
 };
 
 }  // namespace igdctl

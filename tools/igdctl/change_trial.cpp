@@ -74,8 +74,8 @@ ChangeOutcome Change::run(const std::string& label, const std::function<void()>&
   if (options_.dry_run) {
     const bool secrets = session_.options.show_secrets;
     shown_text_ = text_of(store.plan(), secrets) + text_of(difference, secrets);
-    shown_json_ = std::make_shared<Json>(Json{{"plan", json_of(store.plan(), secrets)},
-                                              {"difference", json_of(difference, secrets)}});
+    add_detail("plan", json_of(store.plan(), secrets));
+    add_detail("difference", json_of(difference, secrets));
     return ChangeOutcome::kShown;
   }
   if (difference.empty()) return ChangeOutcome::kNothing;

@@ -139,6 +139,9 @@ void build_command_line(CLI::App& root, Session& session) {
   add_lan_commands(root, session);
   add_topology_command(root, session);
   add_doctor_command(root, session);
+  add_tree_commands(root, session);
+  add_store_commands(root, session);
+  add_completion_commands(root, session);
 }
 
 bool parse_command_line(CLI::App& root, int argc, const char* const* argv, int* exit_code) {

@@ -35,6 +35,9 @@ void add_acs_commands(CLI::App& root, Session& session);
 void add_lan_commands(CLI::App& root, Session& session);
 void add_topology_command(CLI::App& root, Session& session);
 void add_doctor_command(CLI::App& root, Session& session);
+void add_tree_commands(CLI::App& root, Session& session);
+void add_store_commands(CLI::App& root, Session& session);  ///< nothing on a gateway
+void add_completion_commands(CLI::App& root, Session& session);
 
 }  // namespace igdctl
 

@@ -35,7 +35,7 @@ void end_read_hold() { read_hold().reset(); }
 
 void add_store_option(CLI::App& root, Session& session) {
   root.add_option("--store", session.options.store,
-                  "The store's file, instead of that of IGD_STORE or of the machine")
+                  "The store's file, instead of IGD_STORE or the usual one")
       ->type_name("FILE");
 }
 

@@ -23,7 +23,7 @@ constexpr std::array kRemedies = {
     Remedy{StoreError::kFull, ExitCode::kStore, "make room on its disk, then try again"},
     Remedy{StoreError::kIo, ExitCode::kStore, "see whether its disk fails"},
     Remedy{StoreError::kCorrupt, ExitCode::kStore,
-           "move the file away, then import a dump or start anew"},
+           "igdctl store import DUMP --keep-corrupt-aside moves it away and starts from a dump"},
     Remedy{StoreError::kForeign, ExitCode::kStore, "name another file with --store"},
     Remedy{StoreError::kUnknownFormat, ExitCode::kStore, "use the version that made it"},
     Remedy{StoreError::kLocked, ExitCode::kStore, "try again when the other process is done"},

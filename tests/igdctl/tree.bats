@@ -1,0 +1,263 @@
+# The tree, parameter by parameter.
+load helper
+
+bridge=Layer2Bridging.Bridge.1
+root=InternetGatewayDevice
+
+# Everything in the tree.
+tree_now() { igdctl --show-secrets tree dump; }
+
+# The command ends with this code and leaves the tree as it was.
+expect_no_change() {
+  local before
+  before=$(tree_now)
+  expect "$@"
+  [ "$(tree_now)" = "$before" ]
+}
+
+@test "get prints the value of one parameter alone, for scripts" {
+  expect 0 tree get $root.$bridge.BridgeName
+  [ "$output" = internet ]
+}
+
+@test "get prints NAME=VALUE of several; the root may be left out" {
+  expect 0 tree get $bridge.BridgeName $bridge.VLANID
+  [ "${lines[0]}" = "$root.$bridge.BridgeName=internet" ]
+  [ "${lines[1]}" = "$root.$bridge.VLANID=0" ]
+}
+
+@test "get tells programs the type and the access, too" {
+  expect 0 --json tree get $bridge.VLANID
+  has '"kind": "tree.get"'
+  has '"value": "0"'
+  has '"type": "unsignedInt"'
+  has '"writable": true'
+}
+
+@test "unknown names are all listed, with what may have been meant" {
+  expect 3 tree get $bridge.BrigeName $bridge Nothing.At.All
+  [ -z "$output" ]
+  has "there is no parameter \"$root.$bridge.BrigeName\"" "$stderr"
+  has "did you mean \"$root.$bridge.BridgeName\"?" "$stderr"
+  has "\"$root.$bridge\" is an object" "$stderr"
+  has "$root.Nothing.At.All" "$stderr"
+}
+
+@test "set takes NAME VALUE, or NAME=VALUE several times" {
+  expect 0 tree set $bridge.BridgeName wan
+  has "Set $root.$bridge.BridgeName to \"wan\""
+  expect 0 tree set $bridge.BridgeName=lan $bridge.VLANID=7
+  expect 0 tree get $bridge.BridgeName $bridge.VLANID
+  has "BridgeName=lan"
+  has "VLANID=7"
+}
+
+@test "set is one change: all of it, or nothing" {
+  expect_no_change 2 tree set $bridge.BridgeName=lan $bridge.VLANID=many
+  has "VLANID\" cannot be \"many\", it is of the type unsignedInt" "$stderr"
+  has "give a number from 0 to 4294967295" "$stderr"
+}
+
+@test "all faults of a set are listed at once" {
+  expect_no_change 2 tree set $bridge.BridgeEnable=yes $bridge.VLANID=-1 $bridge.VLANID=1 \
+    Nothing=1 Layer2Bridging.BridgeNumberOfEntries=9 DeviceInfo.Manufacturer=me
+  has "give true or false" "$stderr"
+  has "is set twice" "$stderr"
+  has "there is no parameter \"$root.Nothing\"" "$stderr"
+  has "is a count of instances" "$stderr"
+  has "DeviceInfo.Manufacturer\" is read-only" "$stderr"
+}
+
+@test "an unknown name alone has an exit code of its own" {
+  expect_no_change 3 tree set $bridge.BridgeNam=x
+  has "did you mean" "$stderr"
+}
+
+@test "read-only parameters are set with --force only, which says so" {
+  expect_no_change 4 tree set DeviceInfo.Manufacturer Somebody
+  has "--force" "$stderr"
+  expect 0 tree set DeviceInfo.Manufacturer Somebody --force
+  has "goes over this" "$stderr"
+  expect 0 tree get DeviceInfo.Manufacturer
+  [ "$output" = Somebody ]
+}
+
+@test "--force goes over no wrong value and no count" {
+  expect_no_change 2 tree set $bridge.BridgeEnable yes --force
+  expect_no_change 2 tree set Layer2Bridging.BridgeNumberOfEntries 9 --force
+}
+
+@test "a dry run shows every write and the difference" {
+  expect_no_change 0 tree set $bridge.BridgeName=lan $bridge.VLANID=0 --dry-run
+  has "BridgeName = \"lan\", was \"internet\""
+  has "nothing was changed"
+}
+
+@test "a value that is there already is no change, also of what is read-only" {
+  expect 0 tree set Layer2Bridging.BridgeNumberOfEntries=1 $bridge.BridgeName=internet
+  has "No change"
+  expect 0 store history
+  has "no changes"
+}
+
+@test "set without anything to set is bad input" {
+  expect 2 tree set
+  has "nothing to set" "$stderr"
+  expect 2 tree set $bridge.VLANID
+  has "is no NAME=VALUE" "$stderr"
+  expect 2 tree set =1
+}
+
+@test "secrets show as stars and are not taken from the command line" {
+  expect_no_change 2 tree set ManagementServer.Password open-sesame
+  has "--value-file FILE or --prompt" "$stderr"
+  has_not open-sesame "$stderr"
+  printf 'open-sesame\n' >"$BATS_TEST_TMPDIR/secret"
+  expect 0 tree set ManagementServer.Password --value-file "$BATS_TEST_TMPDIR/secret"
+  has_not open-sesame
+  for command in "get ManagementServer.Password" "dump" "find Password" "list ManagementServer"; do
+    # shellcheck disable=SC2086  # a command and its arguments
+    expect 0 tree $command
+    has '********'
+    has_not open-sesame
+    # shellcheck disable=SC2086
+    expect 0 --json tree $command
+    has_not open-sesame
+    # shellcheck disable=SC2086
+    expect 0 --show-secrets tree $command
+    has open-sesame
+  done
+  expect 3 tree find '*' --value open-sesame
+  expect 0 tree find '*' --value open-sesame --show-secrets
+  expect 0 tree set ManagementServer.Password=
+}
+
+@test "a value comes from standard input, its last line end left out" {
+  printf 'lan\n' | igdctl tree set $bridge.BridgeName --value-file -
+  expect 0 tree get $bridge.BridgeName
+  [ "$output" = lan ]
+  expect_no_change 2 tree set $bridge.BridgeName --value-file "$BATS_TEST_TMPDIR/none"
+  has "cannot read" "$stderr"
+  expect_no_change 2 tree set $bridge.BridgeName=x --value-file /dev/null
+}
+
+@test "a prompt needs a terminal" {
+  run --separate-stderr setsid -w "$IGDCTL" tree set ManagementServer.Password --prompt
+  [ "$status" -eq 2 ]
+  has "no terminal" "$stderr"
+}
+
+@test "what dump prints, set --from takes; stars do no harm" {
+  printf 'open-sesame' | igdctl tree set ManagementServer.Password --value-file -
+  igdctl tree set "$bridge.BridgeName=a\\b	c"
+  igdctl tree dump >"$BATS_TEST_TMPDIR/dump"
+  before=$(tree_now)
+  expect 0 tree set --from "$BATS_TEST_TMPDIR/dump"
+  has "No change"
+  igdctl tree set $bridge.BridgeName=lan $bridge.VLANID=7
+  expect 0 tree set --from "$BATS_TEST_TMPDIR/dump"
+  [ "$(tree_now)" = "$before" ]
+}
+
+@test "a bad line of a file is named by its number" {
+  printf '# fine\n%s=x\nnonsense\n' $bridge.BridgeName >"$BATS_TEST_TMPDIR/settings"
+  expect_no_change 2 tree set --from "$BATS_TEST_TMPDIR/settings"
+  has "settings:3: this is no NAME=VALUE" "$stderr"
+}
+
+@test "dump takes the beginning of names" {
+  expect 0 tree dump $bridge.VLAN
+  [ "${lines[0]}" = "$root.$bridge.VLANID=0" ]
+  [ "${#lines[@]}" -eq 2 ]
+  expect 0 --json tree dump $bridge.
+  has '"kind": "tree.dump"'
+  expect 3 tree dump Nothing
+}
+
+@test "list shows what is directly in an object" {
+  expect 0 tree list
+  has "Layer2Bridging.  "
+  has_not "Bridge.1"
+  expect 0 tree list $bridge
+  [[ ${lines[0]} =~ ^NAME\ +TYPE\ +ACCESS\ +VALUE$ ]]
+  has "BridgeName"
+  has "Port."
+  expect 0 --json tree list $bridge.
+  has '"kind": "tree.list"'
+  expect 3 tree list Layer2Briding
+  has "did you mean \"$root.Layer2Bridging\"?" "$stderr"
+  expect 3 tree list $bridge.BridgeName
+  has "is a parameter" "$stderr"
+}
+
+@test "find looks for a part of the name in either case, or for a pattern" {
+  expect 0 tree find bridgename
+  [ "$output" = "$root.$bridge.BridgeName=internet" ]
+  expect 0 tree find '*.Bridge.?.BridgeName'
+  [ "$output" = "$root.$bridge.BridgeName=internet" ]
+  expect 0 tree find 'Layer2*Name' --value 'INTER'
+  [ "$output" = "$root.$bridge.BridgeName=internet" ]
+  expect 3 tree find bridgename --value 'inter?'
+  expect 0 --json tree find bridgename
+  has '"kind": "tree.find"'
+}
+
+@test "a value cannot act on the terminal" {
+  igdctl tree set "$bridge.BridgeName"=$'\e[31mred'
+  for command in "get $bridge.BridgeName" "dump $bridge" "find BridgeName" "list $bridge"; do
+    # shellcheck disable=SC2086  # a command and its arguments
+    expect 0 tree $command
+    has '\x1b[31mred'
+    has_not $'\e'
+  done
+}
+
+@test "a change waits for its confirmation, and stops the next one" {
+  expect 0 tree set $bridge.BridgeName lan --confirm 60
+  has "igdctl store confirm"
+  expect 6 tree set $bridge.BridgeName wan
+  expect 0 store confirm
+  expect 0 tree get $bridge.BridgeName
+  [ "$output" = lan ]
+}
+
+@test "a change of the connection that carries management asks for consent" {
+  wan=$root.WANDevice.1.WANConnectionDevice.1.WANIPConnection.1
+  cat >"$BATS_TEST_TMPDIR/managed.csv" <<EOF
+Parameter,Object,Writable,Value,Value type
+$wan.Name,false,true,Management,xsd:string
+$wan.AddressingType,false,true,Static,xsd:string
+$wan.Enable,false,true,true,xsd:boolean
+$wan.X_CT-COM_ServiceList,false,true,TR069,xsd:string
+EOF
+  igdctl --quiet store import "$BATS_TEST_TMPDIR/managed.csv"
+  igdctl store checkpoint managed
+  expect_no_change 8 tree set $wan.MaxMTUSize 1400
+  has 'connection "Management" carries the management service' "$stderr"
+  expect 0 tree set $wan.MaxMTUSize 1400 --yes
+  expect_no_change 8 store restore managed
+  expect_no_change 8 store import "$BATS_TEST_TMPDIR/managed.csv"
+  expect 0 tree set DeviceInfo.ProvisioningCode free
+  expect 0 store restore managed --confirm 60
+}
+
+@test "a gateway has get and set alone; set commits at once" {
+  run --separate-stderr igdctl_gateway tree set $bridge.BridgeName lan
+  [ "$status" -eq 0 ]
+  run --separate-stderr igdctl_gateway tree get $bridge.BridgeName
+  [ "$output" = lan ]
+  for option in "--dry-run" "--confirm 60"; do
+    # shellcheck disable=SC2086  # an option and its argument
+    run --separate-stderr igdctl_gateway tree set $bridge.BridgeName wan $option
+    [ "$status" -eq 7 ]
+    has "needs a store" "$stderr"
+  done
+  run --separate-stderr igdctl_gateway tree set Nothing.At.All x
+  [ "$status" -eq 9 ]
+  run --separate-stderr igdctl_gateway tree list
+  [ "$status" -eq 2 ]
+  run --separate-stderr igdctl_gateway tree --help
+  has_not "dump"
+  expect 0 tree get $bridge.BridgeName
+  [ "$output" = lan ]
+}

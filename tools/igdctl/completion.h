@@ -1,0 +1,50 @@
+/// Completion of command lines: what may stand where the cursor is.
+///
+/// The scripts for shells are small. They hand the words before the cursor to `igdctl __complete
+/// line -- WORD...` and show what it answers, so they never go stale.
+#ifndef IGDCTL_COMPLETION_H
+#define IGDCTL_COMPLETION_H
+
+#include <CLI/App.hpp>
+#include <string>
+#include <vector>
+
+namespace igdctl {
+
+class Session;
+
+/// What can be asked for by `__complete KIND`, beside kNothing.
+enum class WordKind { kNothing, kConnection, kPort, kBridge, kCheckpoint, kParameter, kFile };
+
+struct Candidate {
+  std::string word;
+  std::string description;
+};
+
+/// What fits at the end of a command line.
+struct Completion {
+  std::vector<Candidate> candidates;   ///< commands, options, fixed values
+  WordKind kind = WordKind::kNothing;  ///< words of the tree that fit as well
+  std::string before;                  ///< stands before each of those: "--bind-lan=LAN1,"
+  std::string begun;                   ///< how they begin
+  std::string store;                   ///< of --store in the line; "" without
+};
+
+/// @param words  those behind "igdctl", the last one perhaps not finished, or ""
+Completion complete_line(const CLI::App& root, const std::vector<std::string>& words);
+
+/// The words of a kind in the tree of this run that begin so. None when there is no store or it
+/// cannot be read; a store is never made.
+std::vector<Candidate> words_of_kind(Session& session, WordKind kind, const std::string& begun);
+
+/// The same for what only a store has; supplied by each build.
+std::vector<Candidate> checkpoint_words();
+std::vector<Candidate> parameter_words(const std::string& begun);
+bool has_tree_to_read(const Session& session);
+
+/// The script for a shell, "bash", "zsh" or "fish"; "" for another one.
+std::string completion_script(const std::string& shell);
+
+}  // namespace igdctl
+
+#endif  // IGDCTL_COMPLETION_H
