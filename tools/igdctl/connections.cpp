@@ -54,8 +54,9 @@ bool is_meant(const Connection& connection, const std::string& words) {
 
 std::string all_titles(const std::vector<Connection>& connections) {
   std::vector<std::string> titles;
-  for (const Connection& connection : connections)
+  for (const Connection& connection : connections) {
     titles.push_back(in_quotes(title_of(connection)));
+  }
   return joined(titles, ", ");
 }
 

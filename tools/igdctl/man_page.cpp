@@ -62,8 +62,9 @@ class Page {
  public:
   explicit Page(const std::string& name) {
     std::string title = name;
-    for (char& letter : title)
-      letter = letter >= 'a' && letter <= 'z' ? letter - 'a' + 'A' : letter;
+    for (char& letter : title) {
+      if (letter >= 'a' && letter <= 'z') letter = static_cast<char>(letter - 'a' + 'A');
+    }
     text_ << ".TH \"" << roff_text(title) << "\" 1 \"\" \"igdctl " << kVersion
           << "\" \"igdctl manual\"\n";
   }

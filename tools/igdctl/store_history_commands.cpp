@@ -108,7 +108,9 @@ void show_text(Output& output, const std::optional<host::PendingChange>& pending
   }
   if (changes.rows.empty()) output.done("There were no changes yet");
   if (!changes.rows.empty()) output.table(changes);
-  if (!named.rows.empty()) output.table(named);
+  if (named.rows.empty()) return;
+  output.raw("\n");
+  output.table(named);
 }
 
 void history(Session& session) {

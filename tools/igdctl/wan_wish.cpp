@@ -148,7 +148,7 @@ std::optional<Names> WishReader::names(const char* key) {
   }
   if (!sound) {
     fault(std::string(key) + " is no list of at most 64 texts",
-          "give a list, as [\"LAN1\", \"LAN2\"]");
+          R"(give a list, as ["LAN1", "LAN2"])");
     return {};
   }
   for (const std::string& name : result) {
@@ -170,7 +170,7 @@ std::optional<std::map<std::string, std::string>> WishReader::texts_by_port(cons
   }
   if (!sound) {
     fault(std::string(key) + " is no list of ports with a text each",
-          "give PORT=TEXT, in JSON {\"LAN4\": \"text\"}");
+          R"(give PORT=TEXT, in JSON {"LAN4": "text"})");
     return {};
   }
   for (const auto& entry : result) {
@@ -226,7 +226,7 @@ std::optional<Names> WishReader::service() {
   if (!std::all_of(words->begin(), words->end(), is_service_word) ||
       joined(*words, ",").size() > kLongestText) {
     fault("service is " + in_quotes(joined(*words, ",")),
-          "give words of letters, digits, \"_\", \"-\" and \".\", as INTERNET,VOIP");
+          R"(give words of letters, digits, "_", "-" and ".", as INTERNET,VOIP)");
     return {};
   }
   return words;
@@ -259,7 +259,7 @@ const Names& wan_keys() {
 WanWish read_wish(const Json& json, std::vector<Fault>* faults) {
   WanWish wish;
   if (!json.is_object()) {
-    faults->push_back({"a description is no JSON object", "give {\"name\": \"Internet\", ...}"});
+    faults->push_back({"a description is no JSON object", R"(give {"name": "Internet", ...})"});
     return wish;
   }
   WishReader reader(json, faults);

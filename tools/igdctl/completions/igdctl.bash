@@ -11,7 +11,7 @@ _igdctl_unquoted() {
 }
 
 _igdctl() {
-  local words=() word reply last after_equals= i
+  local words=() word reply last after_equals='' i
   # bash parts "--store=FILE" into three words, igdctl does not.
   for ((i = 1; i <= COMP_CWORD; ++i)); do
     word=${COMP_WORDS[i]}
