@@ -15,6 +15,12 @@ bool is_number(const std::string& name) {
   return std::all_of(name.begin(), name.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
+/// Whether a decimal number is one that an instance can have.
+bool fits_int(const std::string& number) {
+  constexpr std::size_t kMostDigits = 10;
+  return number.size() <= kMostDigits && std::stoll(number) <= INT_MAX;
+}
+
 /// Why a path cannot be one at all.
 std::string why_malformed(const std::string& path) {
   const std::string name = path.substr(0, path.size() - 1);
@@ -58,9 +64,7 @@ std::string DumpTree::make_instance(Node& parent, const std::string& number, Nod
   if (number.front() == '0') {
     return parent.path + number + ": instance numbers start at 1 and have no leading zero";
   }
-  constexpr std::size_t kMostDigits = 10;
-  const bool fits = number.size() <= kMostDigits && std::stoll(number) <= INT_MAX;
-  if (!fits) return parent.path + number + ": the instance number is too large";
+  if (!fits_int(number)) return parent.path + number + ": the instance number is too large";
   object = &store_.add_instance(parent, std::stoi(number));
   return {};
 }
@@ -81,6 +85,19 @@ std::string DumpTree::make_parameter(const std::string& name, ValueType type, Ac
   if (is_object) return name + " is an object, so it cannot be a parameter";
   cell = store_.cell(name);  // it may have come with its object
   if (!cell) cell = TreeStore::add_foreign_parameter(*owner, own_name, type, access);
+  return {};
+}
+
+std::string DumpTree::count_from(Node& table, const std::string& highest) {
+  const std::string name = table.path.substr(0, table.path.size() - 1);
+  const bool may_be_table = table.schema == nullptr && table.kind == Node::Kind::kObject;
+  if (table.kind != Node::Kind::kTable && !may_be_table) {
+    return name + " is no table, so it has no instances";
+  }
+  if (!is_number(highest)) return name + ": the highest instance is no number";
+  if (!fits_int(highest)) return name + ": the highest instance number is too large";
+  table.last_number = std::max(table.last_number, std::stoi(highest));
+  if (table.last_number > 0) table.kind = Node::Kind::kTable;
   return {};
 }
 

@@ -20,6 +20,11 @@ class DumpTree {
   /// the data model does not know.
   std::string make_parameter(const std::string& name, ValueType type, Access access, Cell& cell);
 
+  /// Lets a table go on counting above this number, in decimal text, or above the highest instance
+  /// that it has. An object that the data model does not know becomes a table by it, unless
+  /// the number is 0.
+  static std::string count_from(Node& table, const std::string& highest);
+
   TreeStore& store() { return store_; }
 
  private:

@@ -66,8 +66,8 @@ std::string put_object(TreeStore& store, const std::string& path, const Row& row
   const std::optional<int> counter = number_from(row.text);
   if (!counter) return path + " has no counter";
   node->last_number = *counter;
-  const bool is_foreign_table = node->schema == nullptr && node->kind == Node::Kind::kObject;
-  if (is_foreign_table && *counter > 0) node->kind = Node::Kind::kTable;
+  const bool is_foreign = node->schema == nullptr && node->kind != Node::Kind::kInstance;
+  if (is_foreign) node->kind = *counter > 0 ? Node::Kind::kTable : Node::Kind::kObject;
   return {};
 }
 

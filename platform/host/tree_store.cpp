@@ -57,7 +57,7 @@ Node& TreeStore::add_instance(Node& table, int number) {
       attach(table, std::make_unique<Node>(Node::Kind::kInstance,
                                            path_below(table, std::to_string(number)),
                                            in_model ? table.schema : nullptr, &table, number));
-  table.last_number = std::max(table.last_number, number);
+  if (table.kind == Node::Kind::kTable) table.last_number = std::max(table.last_number, number);
   if (in_model) complete(instance);
   return instance;
 }

@@ -31,7 +31,7 @@ class TreeStore {
 
   /// Makes an instance that is not there yet. In a table of the data model it comes with all its
   /// parameters and single objects. Elsewhere it is empty, and makes a table of an object that the
-  /// data model does not know. Later numbers start above it.
+  /// data model does not know. The later numbers of a table start above it.
   Node& add_instance(Node& table, int number);
   /// Makes an empty object that the data model does not know.
   Node& add_foreign_object(Node& parent, const std::string& name);

@@ -45,6 +45,16 @@ struct ParameterInfo {
   bool extension;       ///< not in the data model: kept as an import brought it
 };
 
+/// An object as listed by Tree::objects.
+struct Object {
+  enum class Kind { kSingle, kTable, kInstance };
+  std::string path;  ///< ends in a dot
+  Kind kind;
+  bool writable;   ///< whether a management server may add or delete instances
+  bool extension;  ///< not in the data model: kept as an import brought it
+  int highest;     ///< highest instance number that a table ever had, 0 for none; else 0
+};
+
 /// A configuration tree in memory, held to the schema of the data model. Copies are independent.
 class HOST_EXPORT Tree {
  public:
@@ -70,6 +80,9 @@ class HOST_EXPORT Tree {
   /// Every parameter whose full name begins with `prefix`: an object's own in byte order of their
   /// names, then those of the objects below it, instances in numeric order.
   std::vector<Parameter> parameters(std::string_view prefix = {}) const;
+
+  /// Every object in the order of `parameters`, the root first, those without parameters too.
+  std::vector<Object> objects() const;
 
   /// The refused calls, oldest first. The newest 10,000 are always kept; older ones go when the
   /// list has grown to 20,000, so that a process that runs for long does not grow with it.
@@ -104,17 +117,34 @@ HOST_EXPORT void set_debug_sink_to_stderr();      ///< "file:line: text"
 /// Returns false when it cannot be opened; the log then goes on where it went.
 HOST_EXPORT bool set_debug_sink_to_file(const std::string& path);
 
+/// Something that an import did not take as the dump has it, or that the data model lacks.
+struct ImportNote {
+  enum class Kind {
+    kBoolean,    ///< a value was normalised to true or false
+    kCount,      ///< a count is computed, and the dump's was another
+    kExtension,  ///< kept, though the data model does not know it
+    kType,       ///< an extension's type is unknown and became string
+    kForeign,    ///< rows skipped: not below InternetGatewayDevice; one note for each root
+  };
+  Kind kind;
+  std::string name;  ///< full name, path of an object (it ends in a dot), or name of a root
+  std::string what;  ///< what was done, for people: "TRUE became true"
+  std::string why;   ///< the rule, for people
+};
+
 /// What an import did, or why it did nothing.
 struct ImportResult {
   bool ok = false;
-  std::string error;           ///< "file:line: reason" when not ok; the line where the record
-                               ///< starts, and none when the file cannot be opened
-  std::size_t objects = 0;     ///< instances made
-  std::size_t parameters = 0;  ///< values taken into the data model
-  std::size_t extensions = 0;  ///< values kept though the data model does not know them
-  std::size_t foreign = 0;     ///< rows skipped: not below InternetGatewayDevice
-  std::size_t booleans = 0;    ///< values normalised to true or false
-  std::size_t counts = 0;      ///< counts recomputed instead of taken
+  std::string error;              ///< "file:line: reason" when not ok; the line where the record
+                                  ///< starts, and none when the file cannot be opened
+  std::size_t objects = 0;        ///< instances made
+  std::size_t parameters = 0;     ///< values taken into the data model
+  std::size_t extensions = 0;     ///< values kept though the data model does not know them
+  std::size_t foreign = 0;        ///< rows skipped: not below InternetGatewayDevice
+  std::size_t booleans = 0;       ///< values normalised to true or false
+  std::size_t counts = 0;         ///< counts recomputed instead of taken
+  std::vector<ImportNote> notes;  ///< in the order of the dump, then counts, then foreign roots:
+                                  ///< the first 20, and one note for all others
 };
 
 /// Replaces a tree by a parameter dump: RFC 4180 CSV with a header line that names at least
@@ -124,6 +154,28 @@ struct ImportResult {
 /// @param source  the name that errors give the input
 HOST_EXPORT ImportResult import_csv(Tree& tree, std::istream& input, const std::string& source);
 HOST_EXPORT ImportResult import_csv_file(Tree& tree, const std::string& path);
+
+/// What an export did, or why it wrote nothing.
+struct ExportResult {
+  bool ok = false;
+  std::string error;           ///< one sentence when not ok
+  std::size_t objects = 0;     ///< objects written: single ones, tables and instances
+  std::size_t parameters = 0;  ///< parameters written, counts included
+};
+
+/// Writes a tree as a parameter dump that import_csv makes an identical tree of: values,
+/// extensions with type and access, objects without parameters, and the numbers that tables go on
+/// counting from. A value with a NUL byte, which CSV cannot carry, stands in hexadecimal digits.
+HOST_EXPORT ExportResult export_csv(const Tree& tree, std::ostream& output);
+
+/// Writes a tree as JSON, for programs: {"format": 1, "objects": [...], "parameters": [...]}.
+HOST_EXPORT ExportResult export_json(const Tree& tree, std::ostream& output);
+
+/// The same into a file with mode 0600, since a tree holds passwords. The file appears whole or
+/// not at all: it is written beside its place, synced and then renamed, and a file that was there
+/// stays until then. Only a regular file is replaced; a symbolic link is refused.
+HOST_EXPORT ExportResult export_csv_file(const Tree& tree, const std::string& path);
+HOST_EXPORT ExportResult export_json_file(const Tree& tree, const std::string& path);
 
 }  // namespace host
 
