@@ -132,8 +132,8 @@ IGD_API int igd_wan_list(std::vector<std::string>& out);
 
 /// Writes the ports of a record as X_CT-COM_LanInterface of the three connection objects, bind_lan
 /// first, without "LAN0". A value that is already right is not written. Does not commit.
-/// @param wan_path  the connection's path; for an object it does not have the bare name is asked for
-///                  and written, which the tree refuses
+/// @param wan_path  the connection's path; for an object it does not have the bare name is asked
+///                  for and written, which the tree refuses
 /// @param info      only bind_lan and bind_wan are read
 IGD_API void saveLanInterfaceToWanNode(std::string wan_path, api_wan_info* info);
 
