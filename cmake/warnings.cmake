@@ -5,4 +5,4 @@
 add_library(igd_warnings INTERFACE)
 target_compile_options(igd_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
 
-link_libraries(igd_warnings)
+link_libraries("$<BUILD_INTERFACE:igd_warnings>")

@@ -1,3 +1,4 @@
+/// @file
 /// The platform's contract: what libigd needs of libcommon_util, slot by slot.
 ///
 /// On a gateway the platform vendor supplies libcommon_util.so; on a workstation the
@@ -44,12 +45,14 @@ enum ObjectType : int {
 /// places it on the first instance, and released by MibAccess::closeInstanceIterator.
 class InstanceIterator {
  public:
-  /// Moves to the next instance. Returns non-zero when there is one, 0 past the last.
-  virtual int next() = 0;  // slot 0
-  virtual void reserved1() {}
-  virtual void reserved2() {}
-  /// Full name of the current instance: an object path ending in a dot for an object type, the
-  /// full parameter name for a parameter type.
+  /// Moves to the next instance.
+  /// @return non-zero when there is one, 0 past the last
+  virtual int next() = 0;      // slot 0
+  virtual void reserved1() {}  ///< the platform\'s own
+  virtual void reserved2() {}  ///< the platform\'s own
+  /// Names the current instance.
+  /// @return an object path ending in a dot for an object type, the full parameter name for a
+  ///         parameter type
   virtual std::string fullName() = 0;  // slot 3
 
  protected:
@@ -59,16 +62,16 @@ class InstanceIterator {
 /// The configuration tree of the gateway.
 class MibAccess {
  public:
-  virtual void reserved0() {}
-  virtual void reserved1() {}
-  virtual void reserved2() {}
-  virtual void reserved3() {}
-  virtual void reserved4() {}
-  virtual void reserved5() {}
-  virtual void reserved6() {}
-  virtual void reserved7() {}
-  virtual void reserved8() {}
-  virtual void reserved9() {}
+  virtual void reserved0() {}  ///< the platform\'s own
+  virtual void reserved1() {}  ///< the platform\'s own
+  virtual void reserved2() {}  ///< the platform\'s own
+  virtual void reserved3() {}  ///< the platform\'s own
+  virtual void reserved4() {}  ///< the platform\'s own
+  virtual void reserved5() {}  ///< the platform\'s own
+  virtual void reserved6() {}  ///< the platform\'s own
+  virtual void reserved7() {}  ///< the platform\'s own
+  virtual void reserved8() {}  ///< the platform\'s own
+  virtual void reserved9() {}  ///< the platform\'s own
 
   /// Creates an instance in a table.
   ///
@@ -90,7 +93,7 @@ class MibAccess {
   /// remove nothing, never the tree. So must unknown paths.
   virtual int deleteObject(const std::string& object_path) = 0;  // 11
 
-  virtual void reserved12() {}
+  virtual void reserved12() {}  ///< the platform\'s own
 
   /// Starts a walk over every instance of a type anywhere in the tree, in ascending numeric order
   /// at every level. libigd reads all names before it writes, so a walk need not survive writes.
@@ -100,20 +103,25 @@ class MibAccess {
   virtual InstanceIterator* openInstanceIterator(int type) = 0;  // 13
 
   /// Releases a walk. libigd closes every walk it opened, exactly once.
+  /// @param iterator  what openInstanceIterator gave, never null
   virtual void closeInstanceIterator(InstanceIterator* iterator) = 0;  // 14
 
-  /// Reads a parameter by its full name. An unknown name reads as the empty text, which libigd
-  /// takes as "not set"; bare names ("Enable") are asked for when an object is missing.
+  /// Reads a parameter.
+  ///
+  /// @param name  its full name; bare names ("Enable") are asked for when an object is missing
+  /// @return its text; empty for an unknown name, which libigd takes as "not set"
   virtual std::string getValue(const std::string& name) = 0;  // 15
 
-  /// Stores a parameter by its full name; the writing process reads it back at once.
+  /// Stores a parameter; the writing process reads it back at once.
   ///
+  /// @param name   its full name
+  /// @param value  any text without NUL bytes, whatever the parameter's type
   /// @param flags  libigd passes 0
   /// @return 0, or non-zero when refused; libigd looks at no result and counts on bare names,
   ///         unknown names and names of instance 0 being refused without effect
   virtual int setValue(const std::string& name, const std::string& value, int flags) = 0;  // 16
 
-  virtual void reserved17() {}
+  virtual void reserved17() {}  ///< the platform\'s own
 
   /// Makes everything written since the last commit durable and visible to other processes.
   ///
@@ -125,6 +133,7 @@ class MibAccess {
   /// after commit.
   ///
   /// @param scope  libigd passes the empty text
+  /// @return 0, or non-zero; libigd does not look at it
   virtual int applyChanges(const std::string& scope) = 0;  // 19
 
  protected:
@@ -134,26 +143,28 @@ class MibAccess {
 /// The process-wide platform context.
 class PlatformContext {
  public:
-  virtual void reserved0() {}
-  virtual void reserved1() {}
-  virtual void reserved2() {}
-  virtual void reserved3() {}
-  virtual void reserved4() {}
-  virtual void reserved5() {}
+  virtual void reserved0() {}  ///< the platform\'s own
+  virtual void reserved1() {}  ///< the platform\'s own
+  virtual void reserved2() {}  ///< the platform\'s own
+  virtual void reserved3() {}  ///< the platform\'s own
+  virtual void reserved4() {}  ///< the platform\'s own
+  virtual void reserved5() {}  ///< the platform\'s own
 
-  /// The configuration tree, or null when this process has none. Asked for once; the object must
-  /// live as long as the process.
+  /// Gives the configuration tree. Asked for once; the object must live as long as the process.
+  /// @return the tree, or null when this process has none
   virtual MibAccess* mibAccess() = 0;  // slot 6
 
-  /// A second service. libigd asks for it once, after the tree, and never uses it; may be null.
+  /// Gives a second service. libigd asks for it once, after the tree, and never uses it.
+  /// @return anything, null included
   virtual void* secondService() = 0;  // slot 7
 
  protected:
   ~PlatformContext() = default;
 };
 
-/// The context of this process, or null while the platform is not ready. libigd asks again at
-/// every operation until it gets one, then never again.
+/// Gives the context of this process. libigd asks again at every operation until it gets one, then
+/// never again.
+/// @return the context, or null while the platform is not ready
 PlatformContext* getContext();
 
 /// Writes one line to the platform's debug log.

@@ -1,6 +1,8 @@
+/// @file
 /// libigd: the WAN connections of a home gateway, and the bridges, ports and VLANs that carry them.
 ///
 /// The life of a connection
+/// ```
 ///   api_wan_info wan;                                        // describe it
 ///   wan.wan_info_name = "1_INTERNET_R_VID_100";  ...
 ///   int verdict = igd_verify_new_wan_info_valid("", &wan, ports);   // 0: it fits
@@ -9,6 +11,7 @@
 ///   igd_wan_set_params(path, &wan);                          // change it,
 ///   igd_wan_status(path, &status);                           // see how it does,
 ///   if (igd_verify_can_remove_wan(path)) igd_wan_destory(path);  // and remove it
+/// ```
 /// The two checks are advice: no operation calls them by itself.
 ///
 /// Words
@@ -39,6 +42,7 @@
 
 #include "igd_types.h"
 
+/// Marks what libigd.so exports.
 #define IGD_API __attribute__((visibility("default")))
 
 // ---- WAN connections ----------------------------------------------------------------------------
@@ -100,6 +104,7 @@ IGD_API int igd_wan_set_params(std::string wan_index, api_wan_info* info);
 IGD_API int igd_wan_get_params(std::string wan_index, api_wan_info* info);
 
 /// Prints a record to standard output, passwords in clear. Does not ask the tree.
+/// @param info  the record, which stays as it is
 /// @return the result of the last printf
 IGD_API int igd_wan_print_params(api_wan_info* info);
 
@@ -127,25 +132,34 @@ IGD_API int igd_wan_list(std::vector<std::string>& out);
 
 /// Writes the ports of a record as X_CT-COM_LanInterface of the three connection objects, bind_lan
 /// first, without "LAN0". A value that is already right is not written. Does not commit.
+/// @param wan_path  the connection's path; for an object it does not have the bare name is asked
+///                  for and written, which the tree refuses
+/// @param info      only bind_lan and bind_wan are read
 IGD_API void saveLanInterfaceToWanNode(std::string wan_path, api_wan_info* info);
 
 /// Finds a connection by the Name of its objects; IP connections are asked before PPP ones. An
 /// empty name finds the first connection without a name.
+/// @param name  compared as a whole
 /// @return its path, or the empty text
 IGD_API std::string igd_wan_get_id_by_name(std::string name);
 
 /// Tells whether a text is the full name of some bridge's X_ZYN_WANName parameter; the value of
 /// that parameter does not count.
+/// @param index  the full name, "InternetGatewayDevice.Layer2Bridging.Bridge.2.X_ZYN_WANName"
 /// @return 1, after printing a line, or 0
 IGD_API int igd_check_wan_index(std::string index);
 
 /// Tells whether a text is the path of an existing connection device; texts that cannot be one are
 /// refused without asking for a list.
-/// @return 1 or 0
+/// @param index  a path, ending in a dot
+/// @return 1 or 0; 0 without a tree
+/// Reads the tree, writes nothing.
 IGD_API int igd_verify_is_wan_index(std::string index);
 
 /// Tells whether a text is the path of an existing connection device.
-/// @return 1 or 0
+/// @param index  a path, ending in a dot
+/// @return 1 or 0; 0 without a tree
+/// Reads the tree, writes nothing.
 IGD_API int igd_verify_wan_index_in_bridge(std::string index);
 
 /// Writes one value under the same relative name in all three objects of a connection.
@@ -247,10 +261,12 @@ IGD_API int igd_set_static_route(int op, api_route_info route);
 // ---- Device settings ----------------------------------------------------------------------------
 
 /// Writes the six settings of the remote-management server, empty ones too. Does not commit.
+/// @param info  the settings
 /// @return 0, or kIgdNoTree (-1022) without a tree or record
 IGD_API int igd_mng_server_set_params(api_mng_server_info* info);
 
 /// Reads the six settings of the remote-management server.
+/// @param info  filled
 /// @return 0, or kIgdNoTree (-1022) without a tree or record, nothing filled
 IGD_API int igd_mng_server_get_params(api_mng_server_info* info);
 
@@ -260,27 +276,54 @@ IGD_API std::string igd_c_get_lan_ipaddr();
 
 // ---- Names --------------------------------------------------------------------------------------
 
-/// Bit of a port in a port mask: LAN1..LAN4 are bits 0..3, WLAN1..WLAN4 bits 4..7; any other 0.
+/// Bit of a port in a port mask.
+/// @param node  node name of the port
+/// @return 1, 2, 4, 8 for LAN1 to LAN4, 16, 32, 64, 128 for WLAN1 to WLAN4; 0 for any other
+/// Does not ask the tree.
 IGD_API int igd_tool_get_port_value(std::string node);
 
-/// Number of a port: LAN1..LAN4 are 1..4, WLAN1..WLAN4 are 5..8; any other -1.
+/// Number of a port.
+/// @param node  node name of the port
+/// @return 1 to 4 for LAN1 to LAN4, 5 to 8 for WLAN1 to WLAN4; -1 for any other
+/// Does not ask the tree.
 IGD_API int igd_tool_get_port_index(std::string node);
 
 /// Tells whether a node name holds the letter "W": the wireless ones do.
+/// @param node  node name of a port
+/// @return whether it does
+/// Does not ask the tree.
 IGD_API bool isWlan(std::string node);
 
-/// Translations between node and interface names. On this gateway both are the same text.
+/// @name Translations between node and interface names
+/// On this gateway both are the same text. They do not ask the tree.
+/// @{
+
+/// Gives the node name of a LAN port.
+/// @param name  its interface name
+/// @return the same text
 IGD_API std::string getLanIndexByPhy(std::string name);
+/// Gives the node name of a wireless port.
+/// @param name  its interface name
+/// @return the same text
 IGD_API std::string getWlanIndexByPhy(std::string name);
+/// Gives the interface name of a port.
+/// @param node  its node name
+/// @return the same text
 IGD_API std::string igd_transe_node_2_lan_interfac(std::string node);
+/// Gives the node name of a port.
+/// @param interface  its interface name
+/// @return the same text
 IGD_API std::string igd_trans_lan_interface_2_node(std::string interface);
+/// @}
 
 // ---- Tools --------------------------------------------------------------------------------------
 
 /// Splits a text at every character of a set. Two delimiters in a row give an empty token; one that
 /// ends the text starts no further token: "a,,b" gives "a", "", "b"; "a," gives "a"; "," gives one
 /// empty token, an empty text none.
-/// @param out  emptied first
+/// @param text           the text to split
+/// @param delimiter_set  each of its characters splits
+/// @param out            emptied, then the tokens
 /// @return the number of tokens
 IGD_API int igd_tool_split_str(std::string text, std::string delimiter_set,
                                std::vector<std::string>& out);
@@ -293,10 +336,15 @@ IGD_API int igd_tool_split_str(std::string text, std::string delimiter_set,
 IGD_API int igd_tool_loop_instance(std::string path, int type, std::vector<std::string>& out);
 
 /// Finds the first parameter of a type below a path with exactly this value.
+/// @param path   prefix of the full names, compared as text; empty for the whole tree
+/// @param type   ObjectType (common_util.h)
+/// @param value  compared as a whole
 /// @return its full name, or the empty text
 IGD_API std::string igd_tool_loop_fullname(std::string path, int type, std::string value);
 
-/// Removes the first element equal to a name; later ones stay.
+/// Removes the first element equal to a name; later ones stay. Does not ask the tree.
+/// @param list  the names
+/// @param name  the one to remove; when it is not there nothing changes
 IGD_API void _delete_node(std::vector<std::string>& list, std::string name);
 
 // ---- Cache --------------------------------------------------------------------------------------
@@ -312,13 +360,16 @@ extern IGD_API std::map<std::string, std::string> g_l3_ifname_table;
 /// and then kept, also when the tree changes, until igd_wan_destory or an igd_wan_list that no
 /// longer finds the connection. igd_wan_set_params updates its lan_bridge_path and connect_class.
 /// Without a tree an entry with empty paths is made, and kept.
+/// @param wan_path  the connection's path
 /// @return never null; the library's own
 IGD_API wan_mib_info* _get_cache(std::string wan_path);
 
-/// Deletes every cache entry whose path is not listed.
+/// Deletes every cache entry whose path is not listed. Does not ask the tree.
+/// @param wan_paths  the connections whose entries stay
 IGD_API void _rebuid_cache(std::vector<std::string>& wan_paths);
 
-/// Deletes the cache entry of one connection.
+/// Deletes the cache entry of one connection. Does not ask the tree.
+/// @param wan_path  the connection's path; one without an entry is no error
 /// @return 1
 IGD_API int _destory_cache(std::string wan_path);
 

@@ -1,3 +1,4 @@
+/// @file
 /// The node table: how ports are known to callers ("LAN2", "WLAN1") and to the system ("eth1",
 /// "ath0"), and the translation between the two.
 #ifndef IGD_COMMON_H
@@ -12,11 +13,12 @@
 
 namespace igd {
 
+/// A port and how it is known.
 struct Node {
-  const char* name;      // as callers know it
-  const char* physical;  // as the system knows it
-  int vlan;              // number of the switch port behind it, -1 for none
-  bool taggable;         // the physical name takes a VLAN suffix
+  const char* name;      ///< as callers know it
+  const char* physical;  ///< as the system knows it
+  int vlan;              ///< number of the switch port behind it, -1 for none
+  bool taggable;         ///< the physical name takes a VLAN suffix
 };
 
 /// The four LAN ports share the switch device eth1 and are told apart by their VLAN numbers.
@@ -34,11 +36,15 @@ inline constexpr Node kNodes[] = {
 
 /// The buffer that getPhyName gives out, terminator included: names are cut at 14 characters.
 inline constexpr std::size_t kPhysicalNameSize = 15;
-inline constexpr int kVlanEnd = 4095;  // first number that is no VLAN suffix
+inline constexpr int kVlanEnd = 4095;  ///< first number that is no VLAN suffix
 
+/// Name of this source unit in the debug log.
 inline constexpr char kCommonUnit[] = "framework/igd/inc/igd_common";
-inline constexpr int kPhysicalNameLine = 401;  // fixed: field tools look for it
+inline constexpr int kPhysicalNameLine = 401;  ///< fixed: field tools look for it
 
+/// Finds a port.
+/// @param name  as callers know it
+/// @return its row, or null
 inline const Node* find_node(std::string_view name) {
   for (const Node& node : kNodes) {
     if (name == node.name) return &node;
@@ -46,18 +52,31 @@ inline const Node* find_node(std::string_view name) {
   return nullptr;
 }
 
+/// Tells whether a port's physical name gets a VLAN suffix.
+/// @param node           the port
+/// @param suffix_wanted  whether the caller wants one
+/// @param vlan           the VLAN of the suffix
+/// @return whether it does
 inline bool takes_vlan_suffix(const Node& node, bool suffix_wanted, int vlan) {
   return suffix_wanted && node.taggable && 0 <= vlan && vlan < kVlanEnd;
 }
 
 /// The system's name of a node, with ".<vlan>" where it takes one.
+/// @param node           the port
+/// @param suffix_wanted  whether the caller wants a suffix
+/// @param vlan           the VLAN of the suffix
+/// @return the name, cut at 14 characters
 inline std::string physical_name(const Node& node, bool suffix_wanted, int vlan) {
   std::string name = node.physical;
   if (takes_vlan_suffix(node, suffix_wanted, vlan)) name += '.' + std::to_string(vlan);
   return name.substr(0, kPhysicalNameSize - 1);
 }
 
-/// The same by name; empty for an unknown node.
+/// The same by name.
+/// @param node_name      the port, as callers know it
+/// @param suffix_wanted  whether the caller wants a suffix
+/// @param vlan           the VLAN of the suffix
+/// @return the name, cut at 14 characters; empty for an unknown node
 inline std::string physical_name(std::string_view node_name, bool suffix_wanted, int vlan) {
   const Node* node = find_node(node_name);
   return node == nullptr ? std::string() : physical_name(*node, suffix_wanted, vlan);

@@ -1,3 +1,4 @@
+/// @file
 /// Records, code values and result codes of libigd.
 ///
 /// A record has exactly these fields in this order: its layout is binary interface. Records belong
@@ -62,19 +63,19 @@ enum IgdRouteType : int {
 
 /// A WAN connection as callers describe it and read it back.
 struct api_wan_info {
-  std::string wan_info_name;          ///< name of the connection
-  int vlan_enable = 0;                ///< 1 tagged (802.1Q), 0 untagged
-  int vlan_id = 0;                    ///< VLAN identifier when tagged
-  int vlan_priority = 0;              ///< 802.1p priority
-  int connection_class = 0;           ///< IgdConnectionClass
-  std::vector<std::string> bind_lan;  ///< LAN-bridge ports bound to it: "LAN1".."WLAN4"
-  std::vector<std::string> bind_wan;  ///< ports in the connection's own bridge
-  std::string service_type;           ///< service list: "INTERNET", "TR069", ...
-  int dhcp_trans = 0;                 ///< carried, never written to the tree; dumped twice
-  int nat_mode = 0;                   ///< 1 NAT on, anything else off
-  int connect_mode = 0;               ///< IgdConnectMode
-  std::string pppoe_user_name;
-  std::string pppoe_password;
+  std::string wan_info_name;                 ///< name of the connection
+  int vlan_enable = 0;                       ///< 1 tagged (802.1Q), 0 untagged
+  int vlan_id = 0;                           ///< VLAN identifier when tagged
+  int vlan_priority = 0;                     ///< 802.1p priority
+  int connection_class = 0;                  ///< IgdConnectionClass
+  std::vector<std::string> bind_lan;         ///< LAN-bridge ports bound to it: "LAN1".."WLAN4"
+  std::vector<std::string> bind_wan;         ///< ports in the connection's own bridge
+  std::string service_type;                  ///< service list: "INTERNET", "TR069", ...
+  int dhcp_trans = 0;                        ///< carried, never written to the tree; dumped twice
+  int nat_mode = 0;                          ///< 1 NAT on, anything else off
+  int connect_mode = 0;                      ///< IgdConnectMode
+  std::string pppoe_user_name;               ///< account of the PPP object
+  std::string pppoe_password;                ///< its password, in clear
   std::string pppoe_mtu;                     ///< octets, decimal
   std::string static_mtu;                    ///< octets, decimal
   std::string dhcp_mtu;                      ///< octets, decimal
@@ -116,28 +117,28 @@ struct wan_mib_info {
 
 /// Run-time state of a WAN connection. Counters, uptime and addresses are the tree's own text.
 struct api_wan_status {
-  std::string name;
-  int connected = 0;  ///< 1 when the active connection holds an address
-  std::string mac_address;
-  int connect_mode = 0;  ///< IgdConnectMode of the enabled object
-  std::string service_list;
-  std::string connection_type;
-  std::string ip_addr;
-  std::string ip_mask;
-  std::string ip_gw;   ///< PPPoE: the remote end
-  std::string ip_dns;  ///< all servers in one text
-  std::string bytes_sent;
-  std::string bytes_received;
-  std::string packets_sent;
-  std::string packets_received;
+  std::string name;                   ///< of the connection
+  int connected = 0;                  ///< 1 when the active connection holds an address
+  std::string mac_address;            ///< of the connection, as the tree writes it
+  int connect_mode = 0;               ///< IgdConnectMode of the enabled object
+  std::string service_list;           ///< "INTERNET", "TR069", ...
+  std::string connection_type;        ///< ConnectionType: "IP_Routed", ...
+  std::string ip_addr;                ///< address in use
+  std::string ip_mask;                ///< its subnet mask
+  std::string ip_gw;                  ///< PPPoE: the remote end
+  std::string ip_dns;                 ///< all servers in one text
+  std::string bytes_sent;             ///< octets
+  std::string bytes_received;         ///< octets
+  std::string packets_sent;           ///< packets
+  std::string packets_received;       ///< packets
   std::string uptime;                 ///< seconds
   std::string last_connection_error;  ///< PPPoE without an address only
 };
 
 /// One static route.
 struct api_route_info {
-  std::string dest_ip;
-  std::string dest_mask;
+  std::string dest_ip;    ///< destination network, dotted
+  std::string dest_mask;  ///< its mask, dotted
   int enable = 0;         ///< 1 enabled, 0 disabled
   int route_type = 0;     ///< IgdRouteType
   std::string interface;  ///< by interface: a connection's name to set, its path when listed
@@ -146,12 +147,12 @@ struct api_route_info {
 
 /// How the gateway and its remote-management server reach each other.
 struct api_mng_server_info {
-  std::string url;
-  std::string username;
-  std::string password;
-  std::string connection_request_url;
-  std::string connection_request_username;
-  std::string connection_request_password;
+  std::string url;                          ///< of the management server
+  std::string username;                     ///< the gateway's account there
+  std::string password;                     ///< its password, in clear
+  std::string connection_request_url;       ///< where the server calls the gateway
+  std::string connection_request_username;  ///< the server's account at the gateway
+  std::string connection_request_password;  ///< its password, in clear
 };
 
 #endif  // IGD_TYPES_H
