@@ -10,6 +10,14 @@ bool g_counting = false;
 long g_live = 0;
 long g_counted = 0;
 long g_fails_at = 0;
+Border g_border = nullptr;
+
+bool set_counting(bool counting) {
+  const bool before = g_counting;
+  g_counting = counting;
+  if (g_border != nullptr && before != counting) g_border();
+  return before;
+}
 
 }  // namespace
 
@@ -21,10 +29,12 @@ void fail_at(long nth) {
   g_fails_at = nth;
 }
 
-Counted::Counted() : before_(g_counting) { g_counting = true; }
-Counted::~Counted() { g_counting = before_; }
-NotCounted::NotCounted() : before_(g_counting) { g_counting = false; }
-NotCounted::~NotCounted() { g_counting = before_; }
+void call_at_border(Border border) { g_border = border; }
+
+Counted::Counted() : before_(set_counting(true)) {}
+Counted::~Counted() { (void)set_counting(before_); }
+NotCounted::NotCounted() : before_(set_counting(false)) {}
+NotCounted::~NotCounted() { (void)set_counting(before_); }
 
 namespace {
 

@@ -31,6 +31,10 @@ class NotCounted {
   bool before_;
 };
 
+/// Called whenever counting begins or pauses: the library is entered or left. Null at first.
+using Border = void (*)();
+void call_at_border(Border border);
+
 /// Starts counting anew; the nth counted allocation throws std::bad_alloc, none when nth is 0.
 void fail_at(long nth);
 long counted();  ///< since the last fail_at

@@ -1,9 +1,12 @@
 // Every operation makes exactly the calls of its law, at several sizes of the gateway.
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <map>
+#include <set>
 #include <stdexcept>
 
+#include "calls_report.h"
 #include "law.h"
 #include "stdout_capture.h"
 #include "trial.h"
@@ -39,6 +42,22 @@ TEST(CallLaws, EveryOperationHasOne) {
     EXPECT_EQ(laws.erase(operation.title()), 1U) << operation.title();
   }
   for (const auto& law : laws) ADD_FAILURE() << "no such operation: " << law.first;
+}
+
+// The page's table has, besides, the instructions that scripts/calls measures.
+TEST(CallLaws, StandInTheQualityPage) {
+  std::ifstream page(QUALITY_PAGE);
+  std::set<std::string> lines;
+  for (std::string line; std::getline(page, line);) {
+    for (std::size_t i = 0; i < kReportSizes.size(); ++i) {
+      if (line.rfind("| `", 0) != 0) break;
+      line.resize(line.rfind('|', line.size() - 2) + 1);  // without a column of instructions
+    }
+    lines.insert(line);
+  }
+  for (const Law& law : all_laws()) {
+    EXPECT_EQ(lines.count(row_of(law)), 1U) << "run scripts/calls: " << row_of(law);
+  }
 }
 
 class CallLawsAtSize : public ::testing::TestWithParam<Size> {};

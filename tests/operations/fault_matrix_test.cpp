@@ -22,12 +22,13 @@ namespace {
 using namespace operations;
 
 constexpr std::size_t kShownComplaints = 20;
-constexpr long kSampledAllocations = 60;  // of one operation on one gateway
-constexpr long kStepOnDumps = 7;          // between calls that fail; elsewhere each call does
-#if defined(__SANITIZE_ADDRESS__)
-constexpr long kStepOfPreset = 3;  // the sanitizers take four times as long
+constexpr long kStepOnDumps = 7;   // between calls that fail; elsewhere each call does
+#if defined(__SANITIZE_ADDRESS__)  // which takes four times as long
+constexpr long kStepOfPreset = 5;
+constexpr long kSampledAllocations = 20;  // of one operation on one gateway
 #else
 constexpr long kStepOfPreset = 1;
+constexpr long kSampledAllocations = 60;
 #endif
 
 bool every_fault() { return std::getenv("IGD_EVERY_FAULT") != nullptr; }
