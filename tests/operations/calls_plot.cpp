@@ -94,7 +94,8 @@ std::string curve_of(const Curve& curve, const std::vector<long>& sizes, const S
 std::string legend(const std::vector<Curve>& curves) {
   std::string svg;
   for (std::size_t i = 0; i < curves.size(); ++i) {
-    const double y = kLegendTop + kLegendLine * static_cast<double>(i / 2);
+    const std::size_t row = i / 2;
+    const double y = kLegendTop + kLegendLine * static_cast<double>(row);
     const double x = kPlotLeft + (i % 2 == 0 ? 0 : kPanelWidth);
     svg += "<rect x=\"" + number(x) + "\" y=\"" + number(y - 4) +
            "\" width=\"24\" height=\"3\" fill=\"" + colour(i) + "\"/>\n";
@@ -108,7 +109,8 @@ std::string legend(const std::vector<Curve>& curves) {
 std::string plot(const std::vector<long>& sizes, const std::vector<Panel>& panels) {
   const double width = kPanelWidth * static_cast<double>(panels.size());
   const std::vector<Curve>& named = panels.front().curves;
-  const double height = kLegendTop + kLegendLine * static_cast<double>((named.size() + 1) / 2);
+  const std::size_t rows = (named.size() + 1) / 2;
+  const double height = kLegendTop + kLegendLine * static_cast<double>(rows);
   std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 " + number(width) +
                     " " + number(height) +
                     "\" font-family=\"sans-serif\" font-size=\"12\">\n"

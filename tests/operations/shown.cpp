@@ -17,7 +17,9 @@ std::string shown(const Names& names) { return '[' + line(names) + "]|"; }
 
 std::string shown(const api_wan_info& info) {
   std::string options;
-  for (const auto& [port, option60] : info.port_option60) options += port + '=' + option60 + ' ';
+  for (const auto& [port, option60] : info.port_option60) {
+    options.append(port).append("=").append(option60).append(" ");
+  }
   return line({info.wan_info_name,
                shown(info.vlan_enable),
                shown(info.vlan_id),

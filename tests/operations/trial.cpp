@@ -18,7 +18,7 @@ struct Outcome {
 
 std::string listed(const std::map<std::string, std::string>& names) {
   std::string text;
-  for (const auto& [key, name] : names) text += key + '=' + name + '\n';
+  for (const auto& [key, name] : names) text.append(key).append("=").append(name).append("\n");
   return text;
 }
 
