@@ -5,15 +5,16 @@
 //                              n + 1 bridges, 2np + n + p ports, r routes, 1 uplink
 //   the three objects          3 opens, 5n names, 3 gets: "Static" is the first, "DHCP" the second
 //                              IP object of the connection
-//   the connection's bridge    1 open, n + 1 names, n + 2 gets: it is the last bridge, then its name
+//   the connection's bridge    1 open, n + 1 names, n + 2 gets: it is the last one; then its name
 //   the LAN bridge             1 open, n + 1 names, 1 get: it is the first; the operation that asks
 //                              for it looks up the three objects, too
 //   a cache entry              its bridge, the LAN bridge with the objects, the objects again:
 //                              8 opens, 12n + 2 names, n + 9 gets
 //   a port into its own bridge 3 gets, 1 add, 4 sets; unbound into the LAN bridge 2 gets, 1 add,
 //                              3 sets
-//   a port bound in the LAN bridge: the same and a search for a VLAN, which reads the bridge's ports
-//                              and every PVID of the tree, once more for each VLAN in use
+//   a port bound in the LAN bridge: 1 add, 4 sets, and a search for a VLAN, which reads the owners
+//                              of the bridge's ports, and every PVID of the tree once more for each
+//                              VLAN in use
 #include "law.h"
 
 namespace operations {
