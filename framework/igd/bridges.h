@@ -22,7 +22,7 @@ enum BridgeKind : int {
 /// From a port's parameter to the port, and to the bridge that holds the port.
 inline std::string port_of(const std::string& parameter) { return objectPathOf(parameter); }
 inline std::string bridge_of_port_parameter(const std::string& parameter) {
-  return objectPathOf(objectPathOf(objectPathOf(parameter)));
+  return std::string(parent_of(parent_of(parent_of(parameter))));
 }
 
 bool is_vlan_bridge(const std::string& bridge_path);

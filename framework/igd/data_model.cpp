@@ -6,6 +6,13 @@ PlatformContext* g_context = nullptr;
 MibAccess* g_tree = nullptr;
 void* g_second_service = nullptr;  // obtained as the platform expects, never used
 
+std::string full_name(const std::string& path, std::string_view name) {
+  std::string parameter;
+  parameter.reserve(path.size() + name.size());
+  parameter.append(path).append(name);
+  return parameter;
+}
+
 }  // namespace
 
 void ensureContext() {
@@ -16,12 +23,12 @@ void ensureContext() {
   g_second_service = g_context->secondService();
 }
 
-std::string _get_value(const std::string& path, const std::string& name) {
-  return igd::value_of(path + name);
+std::string _get_value(const std::string& path, std::string_view name) {
+  return igd::value_of(full_name(path, name));
 }
 
-void _set_value(const std::string& path, const std::string& name, const std::string& value) {
-  igd::store(path + name, value);
+void _set_value(const std::string& path, std::string_view name, const std::string& value) {
+  igd::store(full_name(path, name), value);
 }
 
 void _delete_port(const std::string& path) {

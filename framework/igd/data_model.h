@@ -3,6 +3,7 @@
 #define IGD_DATA_MODEL_H
 
 #include <string>
+#include <string_view>
 
 #include "common_util.h"
 
@@ -11,10 +12,10 @@
 void ensureContext();
 
 /// Reads path + name; "" without a tree. The path must end in a dot.
-std::string _get_value(const std::string& path, const std::string& name);
+std::string _get_value(const std::string& path, std::string_view name);
 
 /// Writes path + name; nothing without a tree.
-void _set_value(const std::string& path, const std::string& name, const std::string& value);
+void _set_value(const std::string& path, std::string_view name, const std::string& value);
 
 /// Switches a bridge port off, then deletes it: the platform must see it off before it goes.
 void _delete_port(const std::string& path);

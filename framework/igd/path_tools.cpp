@@ -32,15 +32,17 @@ class OpenIterator {
 
 }  // namespace
 
-std::string objectPathOf(const std::string& name) {
-  const std::size_t last = name.find_last_not_of(igd::kWhiteSpace);
-  if (last == std::string::npos) return {};
+std::string objectPathOf(const std::string& name) { return std::string(igd::parent_of(name)); }
+
+namespace igd {
+
+std::string_view parent_of(std::string_view name) {
+  const std::size_t last = name.find_last_not_of(kWhiteSpace);
+  if (last == std::string_view::npos) return {};
   if (name[last] != '.') return name.substr(0, name.rfind('.') + 1);
   if (last == 0) return {};
   return name.substr(0, name.rfind('.', last - 1) + 1);
 }
-
-namespace igd {
 
 std::vector<std::string> instances_below(const std::string& prefix, int type) {
   std::vector<std::string> names;

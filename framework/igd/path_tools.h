@@ -21,6 +21,9 @@ inline constexpr char kWhiteSpace[] = " \n\t\r";
 
 inline constexpr char kEverywhere[] = "";  // prefix that matches every name
 
+/// What objectPathOf gives, as a part of the name: to climb several levels without copies.
+std::string_view parent_of(std::string_view name);
+
 /// Names of the instances of a type whose text begins with a prefix, in the tree's order.
 std::vector<std::string> instances_below(const std::string& prefix, int type);
 

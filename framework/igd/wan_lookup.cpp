@@ -35,7 +35,7 @@ std::string igd_wan_get_id_by_name(std::string name) {
   if (found.empty()) {
     found = igd::parameter_with_value(igd::kEverywhere, kPppConnectionName, name);
   }
-  return objectPathOf(objectPathOf(objectPathOf(found)));
+  return std::string(igd::parent_of(igd::parent_of(igd::parent_of(found))));
 }
 
 int igd_check_wan_index(std::string index) {
