@@ -1,18 +1,19 @@
 /// The context that libigd asks for, and the tree behind it.
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "host_platform.h"
-#include "host_store.h"
+#include "process_tree.h"
 #include "tree_access.h"
 
 namespace host {
 namespace {
 
-Tree* exchanged_tree = nullptr;  // null: that of the process's store
+Tree* exchanged_tree = nullptr;  // null: that of the process
 
 /// Stands for the tree of a store that could not be opened: it has nothing and takes nothing.
 class NoStore final : public TreeObserver {
@@ -36,15 +37,16 @@ Tree& tree_of_no_store() {
   return no_store->tree();
 }
 
-Store* active_store() { return exchanged_tree == nullptr ? process_store() : nullptr; }
+/// Keeps what reads of the active tree show as it is, while it lives.
+std::shared_ptr<const void> held_view() {
+  return exchanged_tree == nullptr ? held_process_tree() : nullptr;
+}
 
 /// Walks the names there were when it was opened, so writes do not disturb it.
 class NameIterator final : public InstanceIterator {
  public:
-  /// @param store  whose view stays as it is until the walk ends; null when there is none
-  NameIterator(std::vector<std::string> names, Store* store) : names_(std::move(names)) {
-    if (store != nullptr) hold_.emplace(*store);
-  }
+  NameIterator(std::vector<std::string> names, std::shared_ptr<const void> view)
+      : names_(std::move(names)), view_(std::move(view)) {}
 
   int next() override {
     if (position_ < names_.size()) ++position_;
@@ -58,7 +60,7 @@ class NameIterator final : public InstanceIterator {
  private:
   std::vector<std::string> names_;
   std::size_t position_ = 0;
-  std::optional<ReadHold> hold_;
+  std::shared_ptr<const void> view_;
 };
 
 /// Hands every call to the tree that is active at that moment.
@@ -72,7 +74,7 @@ class ActiveTreeAccess final : public MibAccess {
   }
   InstanceIterator* openInstanceIterator(int type) override {
     auto names = active_tree().instances(type);
-    return names.empty() ? nullptr : new NameIterator(std::move(names), active_store());
+    return names.empty() ? nullptr : new NameIterator(std::move(names), held_view());
   }
   void closeInstanceIterator(InstanceIterator* iterator) override {
     delete static_cast<NameIterator*>(iterator);
@@ -83,9 +85,7 @@ class ActiveTreeAccess final : public MibAccess {
   }
   /// 0 means on disk. A tree that was put in place of the store's is in memory only.
   int commit(int /*mode*/) override {
-    if (exchanged_tree != nullptr) return 0;
-    Store* const store = process_store();
-    return store != nullptr && store->commit().ok() ? 0 : -1;
+    return exchanged_tree != nullptr || commit_process_tree() ? 0 : -1;
   }
   // No service runs here.
   int applyChanges(const std::string& /*scope*/) override { return 0; }
@@ -101,8 +101,8 @@ class HostContext final : public PlatformContext {
 
 Tree& active_tree() {
   if (exchanged_tree != nullptr) return *exchanged_tree;
-  Store* const store = process_store();
-  return store != nullptr ? store->tree() : tree_of_no_store();
+  Tree* const tree = process_tree();
+  return tree != nullptr ? *tree : tree_of_no_store();
 }
 
 Tree* exchange_active_tree(Tree* tree) {
@@ -120,6 +120,6 @@ MibAccess& mib_access() {
 
 HOST_EXPORT PlatformContext* getContext() {
   static auto* const context = new host::HostContext;
-  const bool is_ready = host::exchanged_tree != nullptr || host::process_store() != nullptr;
+  const bool is_ready = host::exchanged_tree != nullptr || host::process_tree() != nullptr;
   return is_ready ? context : nullptr;
 }
