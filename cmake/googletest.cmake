@@ -3,6 +3,7 @@
 # In a function, so that its settings reach nothing else.
 function(build_googletest source)
   set(BUILD_GMOCK OFF)
+  set(BUILD_SHARED_LIBS OFF)
   set(INSTALL_GTEST OFF)
   set(CMAKE_POLICY_DEFAULT_CMP0077 NEW)
   add_subdirectory("${source}" "${PROJECT_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL SYSTEM)

@@ -1,4 +1,4 @@
-/// The context that libigd asks for, and the tree behind it.
+/// The MibAccess that the context hands out, and the tree behind it.
 #include <cstddef>
 #include <memory>
 #include <optional>
@@ -91,12 +91,6 @@ class ActiveTreeAccess final : public MibAccess {
   int applyChanges(const std::string& /*scope*/) override { return 0; }
 };
 
-class HostContext final : public PlatformContext {
- public:
-  MibAccess* mibAccess() override { return &mib_access(); }
-  void* secondService() override { return nullptr; }
-};
-
 }  // namespace
 
 Tree& active_tree() {
@@ -111,15 +105,11 @@ Tree* exchange_active_tree(Tree* tree) {
   return before;
 }
 
+bool has_active_tree() { return exchanged_tree != nullptr || process_tree() != nullptr; }
+
 MibAccess& mib_access() {
   static auto* const access = new ActiveTreeAccess;
   return *access;
 }
 
 }  // namespace host
-
-HOST_EXPORT PlatformContext* getContext() {
-  static auto* const context = new host::HostContext;
-  const bool is_ready = host::exchanged_tree != nullptr || host::process_tree() != nullptr;
-  return is_ready ? context : nullptr;
-}

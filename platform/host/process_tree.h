@@ -1,4 +1,4 @@
-/// The tree that getContext() stands for when no other was put in its place.
+/// The tree that getContext() stands for, and the one when no other was put in its place.
 #ifndef PLATFORM_HOST_PROCESS_TREE_H
 #define PLATFORM_HOST_PROCESS_TREE_H
 
@@ -18,6 +18,9 @@ bool commit_process_tree();
 
 /// While one lives, reads show one state: commits of other processes do not appear. May be null.
 std::shared_ptr<const void> held_process_tree();
+
+/// Whether active_tree() has one that takes writes.
+bool has_active_tree();
 
 }  // namespace host
 
