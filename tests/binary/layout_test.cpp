@@ -43,10 +43,15 @@ class Layout {
   std::size_t end_ = 0;
 };
 
-// The library's types are those of the standard library's current interface.
+// The library's types are those of the standard library's current interface, or, where it is built
+// so, of the old one, in which a string is a pointer.
 TEST(RecordLayout, BuildsOnTheUsualSizes) {
   constexpr bool k64 = sizeof(void*) == 8;
+#if _GLIBCXX_USE_CXX11_ABI
   EXPECT_EQ(sizeof(Text), k64 ? 32u : 24u);
+#else
+  EXPECT_EQ(sizeof(Text), sizeof(void*));
+#endif
   EXPECT_EQ(sizeof(Names), 3 * sizeof(void*));
   EXPECT_EQ(sizeof(TextByName), k64 ? 48u : 24u);
   EXPECT_EQ(sizeof(int), 4u);
