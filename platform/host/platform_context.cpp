@@ -1,4 +1,4 @@
-/// The context that libigd asks for, and the tree behind it.
+/// The MibAccess that the context hands out, and the tree behind it.
 #include <cstddef>
 #include <memory>
 #include <optional>
@@ -6,13 +6,13 @@
 #include <utility>
 
 #include "host_platform.h"
-#include "host_store.h"
+#include "process_tree.h"
 #include "tree_access.h"
 
 namespace host {
 namespace {
 
-Tree* exchanged_tree = nullptr;  // null: that of the process's store
+Tree* exchanged_tree = nullptr;  // null: that of the process
 
 /// Stands for the tree of a store that could not be opened: it has nothing and takes nothing.
 class NoStore final : public TreeObserver {
@@ -36,16 +36,16 @@ Tree& tree_of_no_store() {
   return no_store->tree();
 }
 
-Store* active_store() { return exchanged_tree == nullptr ? process_store() : nullptr; }
+/// Keeps what reads of the active tree show as it is, while it lives.
+std::shared_ptr<const void> held_view() {
+  return exchanged_tree == nullptr ? held_process_tree() : nullptr;
+}
 
 /// Walks the names there were when it was opened, so writes do not disturb it.
 class NameIterator final : public InstanceIterator {
  public:
-  /// @param store  whose view stays as it is until the walk ends; null when there is none
-  NameIterator(std::shared_ptr<const Listing> listing, Store* store)
-      : listing_(std::move(listing)) {
-    if (store != nullptr) hold_.emplace(*store);
-  }
+  NameIterator(std::shared_ptr<const Listing> listing, std::shared_ptr<const void> view)
+      : listing_(std::move(listing)), view_(std::move(view)) {}
 
   int next() override {
     if (position_ < listing_->size()) ++position_;
@@ -59,7 +59,7 @@ class NameIterator final : public InstanceIterator {
  private:
   std::shared_ptr<const Listing> listing_;
   std::size_t position_ = 0;
-  std::optional<ReadHold> hold_;
+  std::shared_ptr<const void> view_;
 };
 
 /// Hands every call to the tree that is active at that moment.
@@ -74,7 +74,7 @@ class ActiveTreeAccess final : public MibAccess {
   InstanceIterator* openInstanceIterator(int type) override {
     auto listing = TreeAccess::store(active_tree()).listing(type);
     if (listing->size() == 0) return nullptr;
-    return new NameIterator(std::move(listing), active_store());
+    return new NameIterator(std::move(listing), held_view());
   }
   void closeInstanceIterator(InstanceIterator* iterator) override {
     delete static_cast<NameIterator*>(iterator);
@@ -85,26 +85,18 @@ class ActiveTreeAccess final : public MibAccess {
   }
   /// 0 means on disk. A tree that was put in place of the store's is in memory only.
   int commit(int /*mode*/) override {
-    if (exchanged_tree != nullptr) return 0;
-    Store* const store = process_store();
-    return store != nullptr && store->commit().ok() ? 0 : -1;
+    return exchanged_tree != nullptr || commit_process_tree() ? 0 : -1;
   }
   // No service runs here.
   int applyChanges(const std::string& /*scope*/) override { return 0; }
-};
-
-class HostContext final : public PlatformContext {
- public:
-  MibAccess* mibAccess() override { return &mib_access(); }
-  void* secondService() override { return nullptr; }
 };
 
 }  // namespace
 
 Tree& active_tree() {
   if (exchanged_tree != nullptr) return *exchanged_tree;
-  Store* const store = process_store();
-  return store != nullptr ? store->tree() : tree_of_no_store();
+  Tree* const tree = process_tree();
+  return tree != nullptr ? *tree : tree_of_no_store();
 }
 
 Tree* exchange_active_tree(Tree* tree) {
@@ -113,15 +105,11 @@ Tree* exchange_active_tree(Tree* tree) {
   return before;
 }
 
+bool has_active_tree() { return exchanged_tree != nullptr || process_tree() != nullptr; }
+
 MibAccess& mib_access() {
   static auto* const access = new ActiveTreeAccess;
   return *access;
 }
 
 }  // namespace host
-
-HOST_EXPORT PlatformContext* getContext() {
-  static auto* const context = new host::HostContext;
-  const bool is_ready = host::exchanged_tree != nullptr || host::process_store() != nullptr;
-  return is_ready ? context : nullptr;
-}

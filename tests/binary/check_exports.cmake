@@ -3,11 +3,13 @@
 cmake_minimum_required(VERSION 3.25)
 set(ENV{LC_ALL} C)
 
+# Local names, which a MIPS library has among its dynamic symbols, are bound by nobody.
+#
 # Lines "<demangled>|<kind>|<mangled>", standard types by their short names.
 function(exports_of library result)
-  execute_process(COMMAND "${NM}" -D --defined-only --no-sort "${library}"
+  execute_process(COMMAND "${NM}" -D --extern-only --defined-only --no-sort "${library}"
     OUTPUT_VARIABLE mangled COMMAND_ERROR_IS_FATAL ANY)
-  execute_process(COMMAND "${NM}" -D --defined-only --no-sort -C "${library}"
+  execute_process(COMMAND "${NM}" -D --extern-only --defined-only --no-sort -C "${library}"
     OUTPUT_VARIABLE demangled COMMAND_ERROR_IS_FATAL ANY)
   string(REPLACE "std::__cxx11::basic_string<char, std::char_traits<char>, std::allocator<char> >"
     "std::string" demangled "${demangled}")
