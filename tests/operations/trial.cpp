@@ -129,7 +129,11 @@ Verdict without_leaks(Gateway& gateway, const Trial& trial) {
 }  // namespace
 
 Gateway::Gateway(const Start& start)
-    : start_(&start), tree_(start.tree), recorder_(host::mib_access()) {}
+    : start_(&start), tree_(start.tree), recorder_(host::mib_access()) {
+  walk_as_always();
+}
+
+void Gateway::walk_as_always() { (void)tree_.instances(kPortInterface); }
 
 void Gateway::Active::connect(Gateway& gateway) {
   before_ = host::exchange_active_tree(&gateway.tree_);
@@ -145,9 +149,11 @@ void Gateway::restore() {
   Names none;
   _rebuid_cache(none);
   g_l3_ifname_table.clear();
-  if (!recorder_.wrote()) return;
-  tree_ = start_->tree;
-  recorder_.start({});
+  if (recorder_.wrote()) {
+    tree_ = start_->tree;
+    recorder_.start({});
+  }
+  walk_as_always();
 }
 
 Verdict Trials::fail_call(const Fault& fault) {

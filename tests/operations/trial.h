@@ -35,6 +35,9 @@ class Gateway {
   };
 
  private:
+  /// The tree keeps the newest walk over it. Where blocks are counted it is always this one.
+  void walk_as_always();
+
   const Start* start_;
   host::Tree tree_;
   Recorder recorder_;
