@@ -89,11 +89,38 @@ class TableOnDisk {
 
   void begin() { table_->begin(); }
   void change(const std::string& name, const std::string& value) { table_->update(name, value); }
+  void keep(const std::string& place, const std::string& change) { table_->keep(place, change); }
   void end() { table_->commit(); }
 
  private:
   std::string path_;
   std::unique_ptr<SqliteFile> table_;
+};
+
+/// The same with what the store writes beside it in one transaction: what undoes the change, kept
+/// for the last twenty.
+class UndoableTableOnDisk {
+ public:
+  explicit UndoableTableOnDisk(const Workload& work) : table_(work) {}
+
+  void begin() {
+    undo_.clear();
+    table_.begin();
+  }
+  void change(const std::string& name, const std::string& value) {
+    undo_.append(name, name.rfind('.')).append("=").append(value).append("\n");
+    table_.change(name, value);
+  }
+  void end() {
+    constexpr int kKept = 20;
+    table_.keep(std::to_string(++changes_ % kKept), undo_);
+    table_.end();
+  }
+
+ private:
+  TableOnDisk table_;
+  std::string undo_;
+  int changes_ = 0;
 };
 
 /// The first parameters that can be written of the connection in the middle of a listing.
@@ -170,6 +197,9 @@ void register_durable() {
         ->Arg(connections)
         ->UseRealTime();
     benchmark::RegisterBenchmark("commit/table", commit<TableOnDisk>)
+        ->Arg(connections)
+        ->UseRealTime();
+    benchmark::RegisterBenchmark("commit/undoable", commit<UndoableTableOnDisk>)
         ->Arg(connections)
         ->UseRealTime();
     benchmark::RegisterBenchmark("open/tree", open<StoreOnDisk>)->Arg(connections);

@@ -22,6 +22,7 @@ class RatioTable : public benchmark::BenchmarkReporter {
 
   void print_row(const std::string& work, const std::string& label, int connections) const;
   void print_commits() const;
+  void print_commit(int connections, const std::string& subject) const;
   double figure(const std::string& work, int connections, const std::string& subject) const;
 
   std::map<Place, double> figures_;  // nanoseconds, or bytes a parameter

@@ -18,16 +18,19 @@ class SqliteFile {
     check(sqlite3_open_v2(path.c_str(), &database_, kFlags, vfs));
     execute(
         "PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL;"
-        "CREATE TABLE IF NOT EXISTS tree (name TEXT PRIMARY KEY, value TEXT) WITHOUT ROWID");
+        "CREATE TABLE IF NOT EXISTS tree (name TEXT PRIMARY KEY, value TEXT) WITHOUT ROWID;"
+        "CREATE TABLE IF NOT EXISTS undo (place TEXT PRIMARY KEY, change TEXT) WITHOUT ROWID");
     insert_ = prepared("INSERT INTO tree VALUES (?1, ?2)");
     update_ = prepared("UPDATE tree SET value = ?2 WHERE name = ?1");
+    keep_ = prepared("INSERT OR REPLACE INTO undo VALUES (?1, ?2)");
     begin_ = prepared("BEGIN IMMEDIATE");
     commit_ = prepared("COMMIT");
   }
   SqliteFile(const SqliteFile&) = delete;
   SqliteFile& operator=(const SqliteFile&) = delete;
   ~SqliteFile() {
-    for (sqlite3_stmt* statement : {insert_, update_, begin_, commit_}) sqlite3_finalize(statement);
+    for (sqlite3_stmt* statement : {insert_, update_, keep_, begin_, commit_})
+      sqlite3_finalize(statement);
     sqlite3_close(database_);
   }
 
@@ -35,6 +38,9 @@ class SqliteFile {
   void commit() { run(commit_); }
   void insert(const std::string& name, const std::string& value) { run(insert_, name, value); }
   void update(const std::string& name, const std::string& value) { run(update_, name, value); }
+
+  /// What undoes a change, in the place of an older one.
+  void keep(const std::string& place, const std::string& change) { run(keep_, place, change); }
 
   template <typename Visit>
   void for_each(const Visit& visit) {
@@ -72,7 +78,8 @@ class SqliteFile {
   }
 
   sqlite3* database_ = nullptr;
-  sqlite3_stmt *insert_ = nullptr, *update_ = nullptr, *begin_ = nullptr, *commit_ = nullptr;
+  sqlite3_stmt *insert_ = nullptr, *update_ = nullptr, *keep_ = nullptr;
+  sqlite3_stmt *begin_ = nullptr, *commit_ = nullptr;
 };
 
 }  // namespace bench
