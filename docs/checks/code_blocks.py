@@ -5,7 +5,8 @@
            compiled as the body of a function
   cmake    is configured and built as a project, against the tree that README.md installs
   json     is read
-  sh, and indented blocks: each command is run, or stands in commands.txt with a reason
+  sh, and indented blocks: each command is run, or stands in commands.txt with a reason; those
+           with igdctl one after another, in a folder and on a store that are the document's own
   text     is for people
 
 usage: docs/checks/code_blocks.py <build folder> [document]...
@@ -115,6 +116,16 @@ class Checker:
     def check_text(self, _):
         return "for people"
 
+    def place_of(self, block):
+        """Where a shell block is run: igdctl's sessions leave nothing in the project's folder."""
+        if not re.search(r"\bigdctl\b", block.text):
+            return ROOT
+        place = self.folder / block.document.replace("/", "_")
+        if not place.exists():
+            place.mkdir()
+            self.run(str(ROOT / "docs/checks/try_gateway"), cwd=place)
+        return place
+
     def check_sh(self, block):
         commands = commands_in(block.text)
         left = [each for each in commands if each not in self.declared]
@@ -123,8 +134,9 @@ class Checker:
             return "declared"
         script = self.folder / "block.sh"
         script.write_text("\n".join(left) + "\n")
-        self.environment["IGD_STORE"] = str(self.folder / "gateway.db")
-        self.run("bash", "-euo", "pipefail", str(script))
+        place = self.place_of(block)
+        self.environment["IGD_STORE"] = str((self.folder if place == ROOT else place) / "gateway.db")
+        self.run("bash", "-euo", "pipefail", str(script), cwd=place)
         return "run"
 
     def check(self, block):

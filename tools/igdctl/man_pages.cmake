@@ -1,4 +1,5 @@
-# Writes every manual page: cmake -DIGDCTL=PROGRAM -DFOLDER=FOLDER -P man_pages.cmake
+# Writes every manual page:
+# cmake -DIGDCTL=PROGRAM -DFOLDER=FOLDER [-DCOMPRESS=ON] -P man_pages.cmake
 execute_process(COMMAND ${IGDCTL} __man OUTPUT_VARIABLE pages COMMAND_ERROR_IS_FATAL ANY)
 string(REPLACE "\n" ";" pages "${pages}")
 file(REMOVE_RECURSE "${FOLDER}")
@@ -9,3 +10,7 @@ foreach(page IN LISTS pages)
       COMMAND_ERROR_IS_FATAL ANY)
   endif()
 endforeach()
+if(COMPRESS)  # without a time and a name in them, as builds of one commit are identical
+  file(GLOB files "${FOLDER}/*.1")
+  execute_process(COMMAND gzip -9nf ${files} COMMAND_ERROR_IS_FATAL ANY)
+endif()
