@@ -1,6 +1,7 @@
 #include "change_log.h"
 
-#include <map>
+#include <algorithm>
+#include <vector>
 
 #include "tree_rows.h"
 
@@ -37,12 +38,22 @@ void ChangeLog::clear() {
 }
 
 RowChanges ChangeLog::net(const TreeStore& store) const {
-  std::map<std::string, const std::optional<Row>*> first;
-  for (const auto& [name, before] : images_) first.emplace(name, &before);
+  std::vector<const Image*> by_name;
+  by_name.reserve(images_.size());
+  for (const Image& image : images_) by_name.push_back(&image);
+  const auto comes_before = [](const Image* one, const Image* other) {
+    return one->first < other->first;
+  };
+  std::stable_sort(by_name.begin(), by_name.end(),
+                   comes_before);  // the first of a name stays first
   RowChanges changes;
-  for (const auto& [name, before] : first) {
+  const std::string* previous = nullptr;
+  for (const Image* image : by_name) {
+    const auto& [name, before] = *image;
+    if (previous != nullptr && *previous == name) continue;
+    previous = &name;
     std::optional<Row> now = row_of(store, name);
-    if (now != *before) changes.push_back({name, *before, std::move(now)});
+    if (now != before) changes.push_back({name, before, std::move(now)});
   }
   return changes;
 }

@@ -37,12 +37,14 @@ class ChangeLog {
   void undo(TreeStore& store);
 
  private:
+  using Image = std::pair<std::string, std::optional<Row>>;
+
   void remember(const std::string& name, std::optional<Row> before) {
     images_.emplace_back(name, std::move(before));
   }
 
   std::vector<WriteStep> steps_;
-  std::vector<std::pair<std::string, std::optional<Row>>> images_;
+  std::vector<Image> images_;
 };
 
 /// Row changes in words.

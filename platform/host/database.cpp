@@ -71,14 +71,14 @@ Statement& Statement::bind(int place, std::int64_t number) {
 }
 
 Statement& Statement::bind_text(int place, std::string_view text) {
-  check(sqlite3_bind_text64(statement_, place + 1, text.data(), text.size(), SQLITE_TRANSIENT,
+  check(sqlite3_bind_text64(statement_, place + 1, text.data(), text.size(), SQLITE_STATIC,
                             SQLITE_UTF8));
   return *this;
 }
 
 Statement& Statement::bind_bytes(int place, std::string_view bytes) {
   const char* data = bytes.empty() ? "" : bytes.data();
-  check(sqlite3_bind_blob64(statement_, place + 1, data, bytes.size(), SQLITE_TRANSIENT));
+  check(sqlite3_bind_blob64(statement_, place + 1, data, bytes.size(), SQLITE_STATIC));
   return *this;
 }
 
@@ -160,7 +160,9 @@ Statement& Database::statement(const char* sql) {
 }
 
 Transaction::Transaction(Database& database, Kind kind) : database_(database) {
-  database.run(kind == kWrite ? "BEGIN IMMEDIATE" : "BEGIN");
+  static constexpr const char* kBeginWrite = "BEGIN IMMEDIATE";
+  static constexpr const char* kBeginRead = "BEGIN";
+  database.statement(kind == kWrite ? kBeginWrite : kBeginRead).run();
 }
 
 Transaction::~Transaction() {
@@ -178,7 +180,8 @@ void Transaction::roll_back() {
 
 void Transaction::commit() {
   try {
-    database_.run("COMMIT");
+    static constexpr const char* kCommit = "COMMIT";
+    database_.statement(kCommit).run();
     open_ = false;
   } catch (const StoreFailure& failure) {
     roll_back();

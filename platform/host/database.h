@@ -31,6 +31,7 @@ class StoreFailure final : public std::exception {
 StoreError error_of_system(int number);
 
 /// A prepared statement that one caller at a time fills and runs. Places and columns count from 0.
+/// What is bound must stay where it is until the statement has run.
 class Statement {
  public:
   Statement(sqlite3* connection, const char* sql);
