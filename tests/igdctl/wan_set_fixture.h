@@ -71,7 +71,7 @@ class WanSet : public ::testing::Test {
       if (old == before.end()) {
         text += name + " is new\n";
       } else if (old->second != value) {
-        text += name + ": " + old->second + " -> " + value + '\n';
+        text.append(name).append(": ").append(old->second).append(" -> ").append(value) += '\n';
       }
     }
     for (const auto& entry : before) {

@@ -217,8 +217,9 @@ void igd_set_wan_all_value(std::string wan_path, std::string node, std::string t
     break;
   }
   if (name.empty()) return;
-  for (const std::string& path : {objects.fixed, objects.dhcp, objects.ppp})
+  for (const std::string& path : {objects.fixed, objects.dhcp, objects.ppp}) {
     write(path, name, text);
+  }
   (void)state().tree->commit(1);
 }
 

@@ -32,7 +32,8 @@ std::optional<char> take_escape(std::string_view& text) {
   const int low = digit_of(text[2]);
   if (high < 0 || low < 0) return std::nullopt;
   text.remove_prefix(3);
-  return static_cast<char>(high * 16 + low);
+  constexpr int kBase = 16;
+  return static_cast<char>(high * kBase + low);
 }
 
 std::optional<std::string> unescaped(std::string_view text) {
@@ -59,8 +60,9 @@ std::string_view take_line(std::string_view& text) {
 
 std::string line_of(const Assignment& assignment) {
   std::string value;
-  for (const char letter : assignment.value)
+  for (const char letter : assignment.value) {
     value += letter == '\\' ? "\\\\" : std::string(1, letter);
+  }
   return printable(assignment.name) + '=' + printable(value);
 }
 
@@ -82,7 +84,7 @@ std::vector<Assignment> read_assignments(std::string_view text, const std::strin
       assignments.push_back({full_name_of(name), *value});
     } else {
       faults.push_back({place + "a backslash in the value begins no escape",
-                        "write \\\\ for a backslash; \\n, \\r, \\t and \\x00 to \\xff are known"});
+                        R"(write \\ for a backslash; \n, \r, \t and \x00 to \xff are known)"});
     }
   }
   return assignments;

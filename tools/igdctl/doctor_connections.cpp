@@ -76,10 +76,11 @@ class FreeVlans {
 };
 
 std::string vlan_of(const Snapshot& snapshot, const Connection& connection) {
+  constexpr long kLargestVlan = 4095;
   long number = 0;
   for (const Bridge& bridge : snapshot.bridges) {
     if (bridge.path != connection.bridge_path) continue;
-    (void)parse_number(bridge.vlan, 0, 4095, &number);
+    (void)parse_number(bridge.vlan, 0, kLargestVlan, &number);
   }
   return std::to_string(number);
 }

@@ -22,7 +22,8 @@ constexpr std::size_t kLargest = std::size_t{64} << 20U;
 
 std::string content_of(std::FILE* stream, const std::string& file) {
   std::string content;
-  char block[1 << 16];
+  constexpr std::size_t kBlock = 65536;
+  char block[kBlock];
   std::size_t length = 0;
   while ((length = std::fread(block, 1, sizeof(block), stream)) > 0) {
     content.append(block, length);

@@ -10,10 +10,11 @@ namespace {
 
 std::string hexadecimal(const std::string& bytes) {
   constexpr char kDigits[] = "0123456789abcdef";
+  constexpr unsigned kLowHalf = 0x0f;
   std::string text;
   for (const char byte : bytes) {
     const auto value = static_cast<unsigned char>(byte);
-    text += {kDigits[value >> 4U], kDigits[value & 0x0fU]};
+    text += {kDigits[value >> 4U], kDigits[value & kLowHalf]};
   }
   return text;
 }

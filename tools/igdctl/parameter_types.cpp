@@ -13,6 +13,8 @@ namespace {
 
 constexpr std::size_t kLongestAlias = 64;
 
+constexpr int kBase = 10;
+
 bool is_digit(char letter) { return letter >= '0' && letter <= '9'; }
 bool is_hexadecimal(char letter) {
   return is_digit(letter) || (letter >= 'a' && letter <= 'f') || (letter >= 'A' && letter <= 'F');
@@ -21,11 +23,11 @@ bool is_hexadecimal(char letter) {
 // A decimal number without needless zeros, up to `highest`.
 bool is_number(std::string_view text, std::uint64_t highest) {
   constexpr std::size_t kMostDigits = 10;
-  if (text.empty() || text.size() > kMostDigits || (text.size() > 1 && text[0] == '0'))
-    return false;
+  const bool has_needless_zero = text.size() > 1 && text[0] == '0';
+  if (text.empty() || text.size() > kMostDigits || has_needless_zero) return false;
   if (!std::all_of(text.begin(), text.end(), is_digit)) return false;
   std::uint64_t number = 0;
-  for (const char digit : text) number = number * 10 + static_cast<std::uint64_t>(digit - '0');
+  for (const char digit : text) number = number * kBase + static_cast<std::uint64_t>(digit - '0');
   return number <= highest;
 }
 
@@ -75,17 +77,27 @@ bool take_number(std::string_view& text, std::size_t digits, char mark, int low,
   int value = 0;
   for (const char digit : text.substr(0, digits)) {
     if (!is_digit(digit)) return false;
-    value = value * 10 + (digit - '0');
+    value = value * kBase + (digit - '0');
   }
   text.remove_prefix(length);
   *number = value;
   return value >= low && value <= high;
 }
 
+// The largest numbers of a date and a time. No leap second: clocks of gateways have none.
+constexpr int kLastYear = 9999;
+constexpr int kLastMonth = 12;
+constexpr int kLastHour = 23;
+constexpr int kLastMinute = 59;
+constexpr int kLastSecond = 59;
+constexpr int kLargestZone = 14;  // hours from UTC
+
 int days_of(int year, int month) {
+  constexpr int kFebruary = 2;
+  constexpr int kLeapDays = 29;
   constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-  return month == 2 && leap ? 29 : kDays[month - 1];
+  return month == kFebruary && leap ? kLeapDays : kDays[month - 1];
 }
 
 // "", "Z", "+01:00", each after a fraction of a second or none.
@@ -100,8 +112,8 @@ bool is_rest_of_time(std::string_view text) {
   text.remove_prefix(1);
   int hours = 0;
   int minutes = 0;
-  return take_number(text, 2, ':', 0, 14, &hours) && take_number(text, 2, '\0', 0, 59, &minutes) &&
-         text.empty();
+  return take_number(text, 2, ':', 0, kLargestZone, &hours) &&
+         take_number(text, 2, '\0', 0, kLastMinute, &minutes) && text.empty();
 }
 
 bool is_date_time(std::string_view text) {
@@ -109,10 +121,12 @@ bool is_date_time(std::string_view text) {
   int month = 0;
   int day = 0;
   int number = 0;
-  return take_number(text, 4, '-', 1, 9999, &year) && take_number(text, 2, '-', 1, 12, &month) &&
+  return take_number(text, 4, '-', 1, kLastYear, &year) &&
+         take_number(text, 2, '-', 1, kLastMonth, &month) &&
          take_number(text, 2, 'T', 1, days_of(year, month), &day) &&
-         take_number(text, 2, ':', 0, 23, &number) && take_number(text, 2, ':', 0, 59, &number) &&
-         take_number(text, 2, '\0', 0, 59, &number) && is_rest_of_time(text);
+         take_number(text, 2, ':', 0, kLastHour, &number) &&
+         take_number(text, 2, ':', 0, kLastMinute, &number) &&
+         take_number(text, 2, '\0', 0, kLastSecond, &number) && is_rest_of_time(text);
 }
 
 bool is_alias(std::string_view text) { return is_utf8(text) && text.size() <= kLongestAlias; }

@@ -14,6 +14,8 @@ namespace igdctl {
 
 namespace {
 
+constexpr std::size_t kTimeSize = 32;
+
 void show_path(Session& session) {
   const std::string path = store_path_of(session);
   std::error_code error;
@@ -80,7 +82,7 @@ Failure unknown_checkpoint(host::Store& store, const std::string& name) {
 std::string local_time_text(std::int64_t seconds) {
   const auto time = static_cast<std::time_t>(seconds);
   std::tm parts{};
-  char text[32] = "";
+  char text[kTimeSize] = "";
   (void)localtime_r(&time, &parts);
   (void)std::strftime(text, sizeof(text), "%Y-%m-%d %H:%M:%S", &parts);
   return text;
@@ -89,7 +91,7 @@ std::string local_time_text(std::int64_t seconds) {
 std::string utc_time_text(std::int64_t seconds) {
   const auto time = static_cast<std::time_t>(seconds);
   std::tm parts{};
-  char text[32] = "";
+  char text[kTimeSize] = "";
   (void)gmtime_r(&time, &parts);
   (void)std::strftime(text, sizeof(text), "%Y-%m-%dT%H:%M:%SZ", &parts);
   return text;

@@ -18,6 +18,8 @@ constexpr int kLineHeight = 17;
 constexpr int kPadding = 9;
 constexpr int kGap = 12;
 constexpr int kBoxWidth = 190;
+constexpr int kBoxRadius = 4;
+constexpr int kPortRadius = 16;
 constexpr int kColumnStep = 270;
 constexpr std::size_t kLettersInBox = 26;
 
@@ -106,7 +108,8 @@ std::string drawn(const GraphEdge& edge, const std::vector<Box>& boxes) {
 
 std::string drawn_box(const GraphNode& node, const Box& box) {
   return "  <rect" + attribute("x", box.x) + attribute("y", box.y) + attribute("width", kBoxWidth) +
-         attribute("height", box.height) + attribute("rx", node.column == kPortColumn ? 16 : 4) +
+         attribute("height", box.height) +
+         attribute("rx", node.column == kPortColumn ? kPortRadius : kBoxRadius) +
          attribute("stroke", colour_of(node.colour)) + "/>\n";
 }
 
