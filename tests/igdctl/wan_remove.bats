@@ -27,6 +27,22 @@ load helper
   expect 0 wan remove Management --yes
 }
 
+@test "the management connection stays while only one other is there" {
+  expect 0 wan create --name Internet --access Ethernet --mode dhcp --vlan 100 --service INTERNET
+  expect 0 wan create --name Management --access Ethernet --mode dhcp --vlan 46 --service TR069
+  expect_unchanged 4 wan remove Management --yes
+  has "fewer than two connections carry anything but management" "$stderr"
+  has_not "the last one" "$stderr"
+  expect 0 wan remove Management --yes --force
+}
+
+@test "the last connection beside the management one stays, unless forced" {
+  expect 0 wan create --name Voice --access Ethernet --mode dhcp --vlan 100 --service VOIP
+  expect 0 wan create --name Management --access Ethernet --mode dhcp --vlan 46 --service TR069
+  expect_unchanged 4 wan remove Voice
+  has '"Voice" is the last one that is not for management' "$stderr"
+}
+
 @test "what is not there cannot be removed" {
   make_three_connections
   expect_unchanged 3 wan remove Radio

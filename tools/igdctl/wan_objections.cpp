@@ -178,6 +178,16 @@ void ask_library(const WanProposal& proposal, const Surroundings& around,
   if (!told) objections->push_back(std::move(objection));
 }
 
+// The library's rule counts the connections of a kind; that for management is none of those counted.
+const char* why_it_stays(const std::string& service) {
+  const auto carries = [&service](const char* word) { return service.find(word) != service.npos; };
+  if (carries("INTERNET")) return " is the last one with the service INTERNET";
+  if (carries("TR069") || carries("MME")) {
+    return " stays: fewer than two connections carry anything but management";
+  }
+  return " is the last one that is not for management: its service would be gone";
+}
+
 }  // namespace
 
 Surroundings read_surroundings(MibAccess& tree, const Connection* connection) {
@@ -214,12 +224,10 @@ std::vector<Objection> objections_to_removal(const Connection& connection,
   if (!connection.has_bridge()) objections.push_back(no_bridge(connection));
   if (!has_lan_bridge(around)) objections.push_back(no_lan_bridge());
   if (igd_verify_can_remove_wan(connection.path) == 0) {
-    const bool internet = connection.service.find("INTERNET") != std::string::npos;
-    objections.push_back({About::kLastService,
-                          "connection " + in_quotes(title_of(connection)) + " is the last one " +
-                              (internet ? "with the service INTERNET"
-                                        : "beside those for management: its service would be gone"),
-                          "make another one first", true, false});
+    objections.push_back(
+        {About::kLastService,
+         "connection " + in_quotes(title_of(connection)) + why_it_stays(connection.service),
+         "make another one first", true, false});
   }
   return objections;
 }
