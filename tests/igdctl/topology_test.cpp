@@ -119,6 +119,7 @@ TEST(TopologyGraph, DrawsAPortOfTwoBridgesOnce) {
   EXPECT_EQ(lines, 2);
 }
 
+// NOLINTNEXTLINE(misc-misleading-bidirectional): hostile on purpose
 constexpr char kHostile[] =
     "\"]; <script>&amp;</script> \\\n\x1b[31m\xff\xef\xbf\xbe'\xe2\x80\xae end";
 
@@ -140,12 +141,13 @@ bool has_control(const std::string& text) {
 bool is_quoted_well(const std::string& line) {
   bool quoted = false;
   for (std::size_t i = 0; i < line.size(); ++i) {
-    if (quoted && line[i] == '\\')
+    if (quoted && line[i] == '\\') {
       ++i;
-    else if (line[i] == '"')
+    } else if (line[i] == '"') {
       quoted = !quoted;
-    else if (!quoted && (line[i] == '<' || line[i] == '&'))
+    } else if (!quoted && (line[i] == '<' || line[i] == '&')) {
       return false;
+    }
   }
   return !quoted;
 }

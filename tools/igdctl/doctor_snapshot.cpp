@@ -30,8 +30,9 @@ ConnectionState read_state(MibAccess& tree, const Connection& connection) {
   for (const ConnectionObject& object : objects_of(connection.path)) {
     if (object.path.empty()) continue;
     state.services.push_back(value_in(tree, object.path, "X_CT-COM_ServiceList"));
-    if (value_in(tree, object.path, "Enable") == "true")
+    if (value_in(tree, object.path, "Enable") == "true") {
       state.enabled_modes.emplace_back(object.mode);
+    }
   }
   state.mark = igd_c_get_mask(connection.bridge_name.c_str());
   return state;

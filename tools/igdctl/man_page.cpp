@@ -65,8 +65,8 @@ class Page {
     for (char& letter : title) {
       if (letter >= 'a' && letter <= 'z') letter = static_cast<char>(letter - 'a' + 'A');
     }
-    text_ << ".TH \"" << roff_text(title) << "\" 1 \"\" \"igdctl " << kVersion
-          << "\" \"igdctl manual\"\n";
+    text_ << R"(.TH ")" << roff_text(title) << R"(" 1 "" "igdctl )" << kVersion
+          << R"(" "igdctl manual")" << '\n';
   }
 
   void section(const char* title) {

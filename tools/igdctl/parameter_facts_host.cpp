@@ -56,8 +56,9 @@ std::vector<std::string> names_near(const std::string& name) {
   const std::string below = name.substr(path.size());
   const std::size_t dot = below.find('.');
   std::vector<std::string> near;
-  for (const std::string& part : near_names(below.substr(0, dot), last_parts))
+  for (const std::string& part : near_names(below.substr(0, dot), last_parts)) {
     near.push_back(path + part);
+  }
   return near;
 }
 

@@ -23,7 +23,9 @@ std::string switch_word(const std::string& text) { return text == "true" ? "on" 
 
 std::string port_options_of(const api_wan_info& info) {
   std::vector<std::string> parts;
-  for (const auto& [port, option60] : info.port_option60) parts.push_back(port + '=' + option60);
+  for (const auto& [port, option60] : info.port_option60) {
+    parts.emplace_back(port).append("=").append(option60);
+  }
   return joined(parts, " ");
 }
 
