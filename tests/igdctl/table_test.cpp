@@ -26,11 +26,26 @@ TEST(Tables, CutTheWidestColumnToFitThePage) {
             "-         on\n");
 }
 
+TEST(Tables, StandAsAListForEachRowOnAPageTooNarrowForTheirColumns) {
+  EXPECT_EQ(rendered(connections(), {17, false}),
+            "NAME  Internet\n"
+            "PATH  InternetGa…\n"
+            "\n"
+            "NAME  -\n"
+            "PATH  on\n");
+  EXPECT_EQ(rendered(connections(), {18, false}),
+            "NAME      PATH\n"
+            "Internet  Interne…\n"
+            "-         on\n");
+}
+
 TEST(Tables, KeepFourColumnsOfEachCellOnATinyPage) {
   EXPECT_EQ(rendered(connections(), {3, false}),
-            "NAME  PATH\n"
-            "Int…  Int…\n"
-            "-     on\n");
+            "NAME  Int…\n"
+            "PATH  Int…\n"
+            "\n"
+            "NAME  -\n"
+            "PATH  on\n");
 }
 
 TEST(Tables, PaintOnlyWhereThereIsColour) {

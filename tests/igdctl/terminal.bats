@@ -28,13 +28,23 @@ on_terminal() {
 @test "a table fits the terminal, and a pipe gets all of it" {
   make_three_connections
   export NO_COLOR=1 LC_ALL=C.UTF-8  # to count characters, not bytes
-  on_terminal 60 wan list
-  while IFS= read -r line; do [ "${#line}" -le 60 ]; done <<<"$output"
+  on_terminal 80 wan list
+  while IFS= read -r line; do [ "${#line}" -le 80 ]; done <<<"$output"
   has "…"
-  COLUMNS=200 on_terminal 60 wan list
+  COLUMNS=200 on_terminal 80 wan list
   has_not "…"
   expect 0 wan show Internet
   has "InternetGatewayDevice.WANDevice.1.WANConnectionDevice.1."
+}
+
+@test "on a narrow terminal each row is a list, with its words whole" {
+  make_three_connections
+  export NO_COLOR=1 LC_ALL=C.UTF-8
+  on_terminal 40 wan list
+  while IFS= read -r line; do [ "${#line}" -le 40 ]; done <<<"$output"
+  has "NAME       Internet"
+  has "LAN PORTS  LAN1 LAN2 WLAN1"
+  has_not "…"
 }
 
 @test "JSON is the same on a terminal" {

@@ -168,3 +168,10 @@ load helper
   expect_unchanged 2 wan create --from "$BATS_TEST_TMPDIR/deep.json"
   expect_unchanged 2 wan create --name X --mode pppoe --user u --password-file /dev/zero
 }
+
+@test "a value that is wrong is not called missing as well" {
+  expect_unchanged 2 wan create --name $'a\nb' --mode static --address 999.1.1.1 --mask 255.0.255.0 \
+    --gateway nowhere
+  [ "$(grep -c '^igdctl: ' <<<"$stderr")" -eq 4 ]
+  has_not "needs a" "$stderr"
+}

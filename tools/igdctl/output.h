@@ -42,7 +42,9 @@ struct Page {
 };
 
 /// A table as lines, columns two blanks apart, an empty cell as "-". When it is wider than the
-/// page, its widest columns are cut until it fits or none is wider than 4 columns.
+/// page, its widest columns are cut. With headings none gets narrower than 8 in this way: on a page
+/// too narrow for that, each row stands as a list of heading and cell. There, and without headings,
+/// cells are cut until they fit or none is wider than 4.
 std::string rendered(const Table& table, const Page& page);
 
 /// The page that a stream is, from its terminal, COLUMNS and NO_COLOR.

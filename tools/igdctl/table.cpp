@@ -10,8 +10,10 @@ namespace {
 
 constexpr std::size_t kGap = 2;
 constexpr std::size_t kNarrowest = 4;
+constexpr std::size_t kReadable = 8;  // what is cut to less does not tell one row from another
 
 using Widths = std::vector<std::size_t>;
+using Lines = std::vector<std::vector<Cell>>;
 
 std::string shown(const Cell& cell) { return cell.text.empty() ? "-" : printable(cell.text); }
 
@@ -38,7 +40,7 @@ std::string painted(const std::string& text, Style style, const Page& page) {
   return colour_of(style) + text + "\x1b[0m";
 }
 
-Widths natural_widths(const std::vector<std::vector<Cell>>& lines) {
+Widths natural_widths(const Lines& lines) {
   Widths widths;
   for (const std::vector<Cell>& line : lines) {
     widths.resize(std::max(widths.size(), line.size()));
@@ -74,22 +76,44 @@ std::string rendered_line(const std::vector<Cell>& line, const Widths& widths, c
   return text + '\n';
 }
 
-}  // namespace
-
-std::string rendered(const Table& table, const Page& page) {
-  std::vector<std::vector<Cell>> lines;
-  if (!table.headings.empty()) {
-    lines.emplace_back();
-    for (const std::string& heading : table.headings) {
-      lines.back().emplace_back(heading, Style::kHeading);
-    }
-  }
-  lines.insert(lines.end(), table.rows.begin(), table.rows.end());
+std::string rendered_lines(const Lines& lines, const Page& page) {
   Widths widths = natural_widths(lines);
   fit(widths, page.width);
   std::string text;
   for (const std::vector<Cell>& line : lines) text += rendered_line(line, widths, page);
   return text;
+}
+
+bool is_too_narrow(const Page& page, const Lines& lines) {
+  if (page.width == 0) return false;
+  std::size_t needed = 0;
+  for (const std::size_t width : natural_widths(lines)) {
+    needed += std::min(width, kReadable) + kGap;
+  }
+  return needed > page.width + kGap;
+}
+
+std::string rendered_as_lists(const Table& table, const std::vector<Cell>& headings,
+                              const Page& page) {
+  std::string text;
+  for (const std::vector<Cell>& row : table.rows) {
+    Lines list;
+    for (std::size_t i = 0; i < row.size(); ++i) list.push_back({headings[i], row[i]});
+    text += (text.empty() ? "" : "\n") + rendered_lines(list, page);
+  }
+  return text;
+}
+
+}  // namespace
+
+std::string rendered(const Table& table, const Page& page) {
+  if (table.headings.empty()) return rendered_lines(table.rows, page);
+  std::vector<Cell> headings;
+  for (const std::string& heading : table.headings) headings.emplace_back(heading, Style::kHeading);
+  Lines lines = {headings};
+  lines.insert(lines.end(), table.rows.begin(), table.rows.end());
+  if (is_too_narrow(page, lines)) return rendered_as_lists(table, headings, page);
+  return rendered_lines(lines, page);
 }
 
 }  // namespace igdctl

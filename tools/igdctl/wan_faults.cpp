@@ -38,6 +38,9 @@ class FaultFinder {
     return is_new() || std::any_of(keys.begin(), keys.end(),
                                    [this](const char* key) { return proposal_.changes(key); });
   }
+  bool lacks(const char* key, const std::string& text) const {
+    return text.empty() && proposal_.unreadable.count(key) == 0;
+  }
   void fault(const std::string& what, const std::string& todo) { faults_.push_back({what, todo}); }
 
   void judge_name();
@@ -67,7 +70,7 @@ bool reads_as_place(const std::string& name) {
 }
 
 void FaultFinder::judge_name() {
-  if (!judged({"name"})) return;
+  if (!judged({"name"}) || proposal_.unreadable.count("name") != 0) return;
   const std::string& name = info_.wan_info_name;
   if (name.empty() || trimmed(name).size() != name.size()) {
     fault(name.empty() ? "a connection needs a name" : "the name begins or ends with a blank",
@@ -144,8 +147,10 @@ void FaultFinder::judge_port_options() {
 void FaultFinder::judge_account() {
   const bool dials = info_.connect_mode == kIgdPppoe && info_.connection_class != kIgdBridged;
   if (!dials || !judged({"mode", "class", "user", "password"})) return;
-  if (info_.pppoe_user_name.empty()) fault("mode pppoe needs a user name", "give --user NAME");
-  if (info_.pppoe_password.empty()) {
+  if (lacks("user", info_.pppoe_user_name)) {
+    fault("mode pppoe needs a user name", "give --user NAME");
+  }
+  if (lacks("password", info_.pppoe_password)) {
     fault("mode pppoe needs a password", "give --password-file FILE or --password-prompt");
   }
 }
@@ -171,9 +176,11 @@ void FaultFinder::judge_static_addresses() {
   }
   if (!judged({"mode", "class", "address", "mask", "gateway"})) return;
   if (info_.connection_class == kIgdBridged && info_.ip_addr.empty()) return;
-  if (info_.ip_addr.empty()) fault("mode static needs an address", "give --address ADDRESS");
-  if (info_.ip_mask.empty()) fault("mode static needs a mask", "give --mask MASK");
-  if (info_.ip_gw.empty()) fault("mode static needs a gateway", "give --gateway ADDRESS");
+  if (lacks("address", info_.ip_addr)) {
+    fault("mode static needs an address", "give --address ADDRESS");
+  }
+  if (lacks("mask", info_.ip_mask)) fault("mode static needs a mask", "give --mask MASK");
+  if (lacks("gateway", info_.ip_gw)) fault("mode static needs a gateway", "give --gateway ADDRESS");
   judge_subnet();
 }
 

@@ -167,6 +167,7 @@ WanProposal lay_over(const WanWish& wish, const api_wan_info& start, const std::
   WanProposal proposal;
   proposal.info = start;
   proposal.access = access;
+  proposal.unreadable = wish.unreadable;
   Overlay(wish, &proposal, dns_of_mode).run();
   return proposal;
 }

@@ -13,9 +13,10 @@ namespace igdctl {
 
 struct WanProposal {
   api_wan_info info;
-  std::string access;             ///< for a new connection: of its uplink
-  std::set<std::string> named;    ///< keys that the wish names
-  std::set<std::string> changed;  ///< those of them that are different from what is there
+  std::string access;                ///< for a new connection: of its uplink
+  std::set<std::string> named;       ///< keys that the wish names
+  std::set<std::string> changed;     ///< those of them that are different from what is there
+  std::set<std::string> unreadable;  ///< texts that the wish names with a wrong value
   bool changes(const char* key) const { return changed.count(key) != 0; }
 };
 

@@ -245,16 +245,19 @@ std::optional<Names> WishReader::dns() {
   return servers;
 }
 
-}  // namespace
-
-const Names& wan_keys() {
-  static const Names keys = {
-      "access",   "name",     "class", "mode",     "vlan",          "priority", "service",
-      "bind_lan", "bind_wan", "nat",   "user",     "password",      "address",  "mask",
-      "gateway",  "dns",      "mtu",   "option60", "port_option60", "enable",   "remote_management",
-      "stp"};
-  return keys;
+// So that a wrong value is not told a second time, as a missing one.
+void note_unreadable_texts(const Json& json, WanWish* wish) {
+  const std::pair<const char*, bool> texts[] = {
+      {"name", wish->name.has_value()},         {"user", wish->user.has_value()},
+      {"password", wish->password.has_value()}, {"address", wish->address.has_value()},
+      {"mask", wish->mask.has_value()},         {"gateway", wish->gateway.has_value()}};
+  for (const auto& [key, was_read] : texts) {
+    const auto found = json.find(key);
+    if (!was_read && found != json.end() && !found->is_null()) wish->unreadable.insert(key);
+  }
 }
+
+}  // namespace
 
 WanWish read_wish(const Json& json, std::vector<Fault>* faults) {
   WanWish wish;
@@ -286,6 +289,7 @@ WanWish read_wish(const Json& json, std::vector<Fault>* faults) {
   wish.enable = reader.on_or_off("enable");
   wish.remote_management = reader.on_or_off("remote_management");
   wish.stp = reader.on_or_off("stp");
+  note_unreadable_texts(json, &wish);
   return wish;
 }
 

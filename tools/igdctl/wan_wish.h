@@ -4,6 +4,7 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -38,6 +39,7 @@ struct WanWish {
   std::optional<bool> enable;
   std::optional<bool> remote_management;
   std::optional<bool> stp;
+  std::set<std::string> unreadable;  ///< keys of texts that are named with a wrong value
 };
 
 inline constexpr int kLargestVlan = 4094;

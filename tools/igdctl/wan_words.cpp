@@ -2,6 +2,7 @@
 
 #include "igd_types.h"
 #include "text.h"
+#include "wan_wish.h"
 
 namespace igdctl {
 
@@ -69,6 +70,15 @@ std::string words_for_faults(std::string_view kind) {
   if (kind == "class") return "routed, bridged or routed-bridged";
   if (kind == "mode") return "dhcp, static or pppoe";
   return "Ethernet, 3G or Repeator";
+}
+
+const Names& wan_keys() {
+  static const Names keys = {
+      "access",   "name",     "class", "mode",     "vlan",          "priority", "service",
+      "bind_lan", "bind_wan", "nat",   "user",     "password",      "address",  "mask",
+      "gateway",  "dns",      "mtu",   "option60", "port_option60", "enable",   "remote_management",
+      "stp"};
+  return keys;
 }
 
 }  // namespace igdctl
