@@ -178,7 +178,7 @@ void ask_library(const WanProposal& proposal, const Surroundings& around,
   if (!told) objections->push_back(std::move(objection));
 }
 
-// The library's rule counts the connections of a kind; that for management is none of those counted.
+// The library counts connections of a kind; that for management is none of those.
 const char* why_it_stays(const std::string& service) {
   const auto carries = [&service](const char* word) { return service.find(word) != service.npos; };
   if (carries("INTERNET")) return " is the last one with the service INTERNET";
