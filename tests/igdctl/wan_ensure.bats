@@ -81,6 +81,9 @@ ensure() { expect "$1" wan ensure --from "$BATS_TEST_TMPDIR/wan.json" "${@:2}"; 
   describe '{"name": "Management", "vlan": 210}'
   expect_unchanged 8 wan ensure --from "$BATS_TEST_TMPDIR/wan.json"
   ensure 0 --yes
+  # Beside others that change it needs no consent while it stays as it is.
+  describe '[{"name": "Management", "vlan": 210}, {"name": "Internet", "vlan": 110}]'
+  ensure 0
 }
 
 @test "a description without a name, or a name twice" {

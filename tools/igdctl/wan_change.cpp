@@ -98,7 +98,9 @@ bool WanChanger::set(const Connection& connection, const WanWish& wish, std::vec
   // Only a store tells whether writes make a difference, and takes them back when they do not; and
   // the library makes a LAN bridge that is missing, which nobody asked for.
   if (proposal.changed.empty() && (!has_store() || !has_lan_bridge(around))) return false;
-  if (carries_management(connection.service) || carries_management(proposal.info.service_type)) {
+  const bool has_management =
+      carries_management(connection.service) || carries_management(proposal.info.service_type);
+  if (has_management && !proposal.changed.empty()) {
     change_.needs_consent(consent_for(title_of(connection)));
   }
   write_over(tree_, connection, &proposal);
