@@ -35,6 +35,13 @@ has_not() {
   [[ $text != *"$1"* ]] || { printf '"%s" in:\n%s\n' "$1" "$text" >&2; return 1; }
 }
 
+# What igdctl shows on a pseudo-terminal of so many columns, carriage returns taken out.
+shown_on_terminal() {
+  local columns=$1
+  shift
+  script -qec "stty cols $columns; '$IGDCTL' $*" /dev/null </dev/null | tr -d '\r'
+}
+
 # Three connections as an installer makes them: Internet (1.1), Management (1.2), Television (1.3).
 # They are made once for each file of tests; each test gets a copy of the store.
 make_three_connections() {

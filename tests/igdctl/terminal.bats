@@ -1,13 +1,7 @@
 # What people see: a terminal with colours, its width, and a prompt that does not echo.
 load helper
 
-# Runs igdctl under a pseudo-terminal of 80 or so many columns; $output has carriage returns taken
-# out.
-on_terminal() {
-  local columns=$1
-  shift
-  output=$(script -qec "stty cols $columns; '$IGDCTL' $*" /dev/null </dev/null | tr -d '\r')
-}
+on_terminal() { output=$(shown_on_terminal "$@"); }
 
 @test "a terminal gets colour, a pipe does not" {
   make_three_connections

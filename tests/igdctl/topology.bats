@@ -22,6 +22,18 @@ load household
   has_not "├"
 }
 
+@test "bridges without ports" {
+  igdctl wan create --name Bare --vlan 5 --service OTHER --enable on
+  "$EDIT_TREE" add InternetGatewayDevice.Layer2Bridging.Bridge.
+  LC_ALL=C.UTF-8 expect 0 topology
+  has ": no ports"
+}
+
+@test "the picture of the documents is that of the demo" {
+  igdctl wan ensure --from "$BATS_TEST_DIRNAME/../../examples/household.json" --yes
+  igdctl topology --format svg | cmp - "$BATS_TEST_DIRNAME/../../docs/topology.svg"
+}
+
 @test "for dot and as a picture" {
   household
   expect 0 topology --format dot

@@ -37,6 +37,10 @@ std::string with_vlan(const LanPort& port) {
   return port.vlan.empty() ? port.node : port.node + " (VLAN " + port.vlan + ')';
 }
 
+std::string ports_of(const std::vector<std::string>& ports) {
+  return ports.empty() ? "no ports" : joined(ports, ", ");
+}
+
 Branch branch_of(const Link& link) {
   const Connection& connection = link.connection;
   std::vector<std::string> words = {connection.id};
@@ -46,7 +50,7 @@ Branch branch_of(const Link& link) {
   Branch branch = {title_of(connection) + "  [" + joined(words, ", ") + ']', {}};
   if (connection.has_bridge()) {
     branch.twigs.push_back(
-        {"own bridge " + connection.bridge_name + ": " + joined(link.own_ports, ", "), {}});
+        {"own bridge " + connection.bridge_name + ": " + ports_of(link.own_ports), {}});
   } else {
     branch.twigs.push_back({"no bridge of its own (see igdctl doctor)", {}});
   }
@@ -83,7 +87,7 @@ std::vector<Branch> branches_of(const Topology& topology, const Pen& pen) {
   branches.push_back({"bridges that are no connection's own (see igdctl doctor)", {}});
   for (const OtherBridge& bridge : topology.others) {
     branches.back().twigs.push_back(
-        {bridge.title + "  [" + bridge.vlan + "]: " + joined(bridge.ports, ", "), {}});
+        {bridge.title + "  [" + bridge.vlan + "]: " + ports_of(bridge.ports), {}});
   }
   return branches;
 }
