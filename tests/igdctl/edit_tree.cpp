@@ -51,5 +51,7 @@ int main(int argc, char** argv) {
   // The library prints on standard output, which is nobody's business here.
   if (argc < 2 || std::freopen("/dev/null", "w", stdout) == nullptr) return 2;
   const int result = edit(argv[1], argc - 2, argv + 2);
+  std::vector<std::string> none;
+  _rebuid_cache(none);  // frees what the library remembers
   return result != 0 ? result : getContext()->mibAccess()->commit(1);
 }

@@ -2,12 +2,31 @@
 
 #include <cstdio>
 #include <new>
+#include <string>
+#include <vector>
 
+#include "igd_api.h"
 #include "platform.h"
 #include "text.h"
 #include "trace.h"
 
 namespace igdctl {
+
+namespace {
+
+// What the library remembers of connections belongs to whoever used it.
+class LibraryMemory {
+ public:
+  LibraryMemory() = default;
+  LibraryMemory(const LibraryMemory&) = delete;
+  LibraryMemory& operator=(const LibraryMemory&) = delete;
+  ~LibraryMemory() {
+    std::vector<std::string> none;
+    _rebuid_cache(none);
+  }
+};
+
+}  // namespace
 
 void report(const Failure& failure) {
   for (const Fault& fault : failure.faults) {
@@ -37,6 +56,7 @@ int Session::run() {
 
 void Session::run_with_trace() {
   const Trace trace(options.trace);
+  const LibraryMemory memory;
   output_ = std::make_unique<Output>(trace.results(), stderr, options.output);
   work_();
   output_->finish();
