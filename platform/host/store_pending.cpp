@@ -47,8 +47,8 @@ void Store::Impl::revert_pending(const PendingRow& row) {
   keep_counters(rows);
   file->clear_pending();
   land(transaction, {row.generation + 1, std::time(nullptr), "reverted: " + row.label, rows});
-  pending.reset();
   report(store_path + ": reverted, because it was not confirmed: " + row.label);
+  pending.reset();  // last, because it may be the row
 }
 
 StoreResult Store::Impl::end_pending(bool keep) {

@@ -144,6 +144,15 @@ TEST_F(StorePending, GoesAtOnceWhenAsked) {
   EXPECT_EQ(store_->confirm().error, StoreError::kNotPending);
 }
 
+TEST_F(StorePending, NamesTheRevertedChangeHoweverLongItsLabel) {
+  const std::string label(1000, 'x');
+  EXPECT_TRUE(store_->begin_trial().ok());
+  store_->tree().set_value(kUrl, "x");
+  EXPECT_TRUE(store_->accept_pending(1, label).ok());
+  EXPECT_TRUE(store_->revert().ok());
+  EXPECT_TRUE(is_reported("reverted, because it was not confirmed: " + label));
+}
+
 TEST_F(StorePending, BringsDeletedObjectsBack) {
   const auto before = lines_of(store_->tree());
   EXPECT_TRUE(store_->begin_trial().ok());
