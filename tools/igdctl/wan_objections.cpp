@@ -180,7 +180,9 @@ void ask_library(const WanProposal& proposal, const Surroundings& around,
 
 // The library counts connections of a kind; that for management is none of those.
 const char* why_it_stays(const std::string& service) {
-  const auto carries = [&service](const char* word) { return service.find(word) != service.npos; };
+  const auto carries = [&service](const char* word) {
+    return service.find(word) != std::string::npos;
+  };
   if (carries("INTERNET")) return " is the last one with the service INTERNET";
   if (carries("TR069") || carries("MME")) {
     return " stays: fewer than two connections carry anything but management";
