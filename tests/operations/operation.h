@@ -18,8 +18,8 @@ struct Operation {
   std::string exported;  ///< name of the exported operation
   std::string variant;   ///< what is special about the arguments; empty for the plain case
   bool cached = false;   ///< the connection's cache entry is there before the operation begins
-  std::function<std::string(const Start&)> library;    ///< answers with result and outputs
-  std::function<std::string(const Start&)> reference;  ///< the same, as the reference does it
+  std::function<std::string(const Start&)> by_library;    ///< answers with result and outputs
+  std::function<std::string(const Start&)> by_reference;  ///< the same, as the reference does it
 
   std::string title() const { return variant.empty() ? exported : exported + ", " + variant; }
 };

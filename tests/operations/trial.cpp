@@ -57,7 +57,8 @@ Outcome done_by_library(const Operation& operation, Gateway& gateway, const Faul
   gateway.recorder().start({});
   if (operation.cached) (void)_get_cache(start.wan);
   allocations::fail_at(failing_allocation);
-  Outcome outcome = outcome_of(gateway.recorder(), fault, [&] { return operation.library(start); });
+  Outcome outcome =
+      outcome_of(gateway.recorder(), fault, [&] { return operation.by_library(start); });
   outcome.kept = kept_by_library();
   return outcome;
 }
@@ -68,7 +69,7 @@ Outcome done_by_reference(const Operation& operation, Gateway& gateway, const Fa
   reference::state() = {&gateway.recorder(), {}, {}};
   if (operation.cached) (void)reference::_get_cache(start.wan);
   Outcome outcome =
-      outcome_of(gateway.recorder(), fault, [&] { return operation.reference(start); });
+      outcome_of(gateway.recorder(), fault, [&] { return operation.by_reference(start); });
   outcome.kept = kept_by_reference();
   reference::state() = {};
   gateway.restore();

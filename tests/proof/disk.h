@@ -88,7 +88,7 @@ class Disk {
   int grow_shared_memory() { return admit(kWrite); }
 
   // The disk as a power cut may leave it: of what was not synced some reached it, in pieces of a
-  // sector. Which, only the seed decides.
+  // sector. Which, its seed decides alone.
   std::unique_ptr<Disk> after_power_cut(std::uint32_t seed) const;
 
   // The disk as its users see it, but nobody has anything open on it.
