@@ -1,6 +1,7 @@
 #include "change_log.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "tree_rows.h"
@@ -19,10 +20,10 @@ void ChangeLog::deleting(const std::string& path, const RowSet& below) {
   for (const auto& [name, row] : below) remember(name, row);
 }
 
-void ChangeLog::setting(const std::string& name, const std::string& old_text,
-                        const std::optional<Row>& before, const std::string& text) {
-  steps_.push_back({WriteStep::Kind::kSet, name, old_text, text});
-  remember(name, before);
+void ChangeLog::setting(const std::string& name, std::string old_text, std::optional<Row> before,
+                        const std::string& text) {
+  steps_.push_back({WriteStep::Kind::kSet, name, std::move(old_text), text});
+  remember(name, std::move(before));
 }
 
 void ChangeLog::replaced(const RowSet& before, const RowSet& after) {
@@ -47,6 +48,7 @@ RowChanges ChangeLog::net(const TreeStore& store) const {
   std::stable_sort(by_name.begin(), by_name.end(),
                    comes_before);  // the first of a name stays first
   RowChanges changes;
+  changes.reserve(by_name.size());
   const std::string* previous = nullptr;
   for (const Image* image : by_name) {
     const auto& [name, before] = *image;

@@ -21,8 +21,8 @@ class ChangeLog {
   void added(const std::string& path, const std::string& table_path,
              const std::optional<Row>& table_before);
   void deleting(const std::string& path, const RowSet& below);
-  void setting(const std::string& name, const std::string& old_text,
-               const std::optional<Row>& before, const std::string& text);
+  void setting(const std::string& name, std::string old_text, std::optional<Row> before,
+               const std::string& text);
   void replaced(const RowSet& before, const RowSet& after);
 
   bool empty() const { return steps_.empty(); }

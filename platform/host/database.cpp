@@ -172,7 +172,8 @@ Transaction::~Transaction() {
 void Transaction::roll_back() {
   open_ = false;
   try {
-    database_.run("ROLLBACK");
+    static constexpr const char* kRollback = "ROLLBACK";
+    database_.statement(kRollback).run();
   } catch (const StoreFailure&) {
     // SQLite rolls back by itself on the errors that prevent this.
   }

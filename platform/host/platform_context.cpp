@@ -23,8 +23,7 @@ class NoStore final : public TreeObserver {
   Admission admit() override { return {"the store could not be opened", false}; }
   void added(const std::string&, const std::string&, const std::optional<Row>&) override {}
   void deleting(const std::string&, const RowSet&) override {}
-  void setting(const std::string&, const std::string&, const std::optional<Row>&,
-               const std::string&) override {}
+  void setting(const std::string&, std::string, std::optional<Row>, const std::string&) override {}
   void replaced(const RowSet&, const RowSet&) override {}
 
  private:

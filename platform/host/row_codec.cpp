@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <utility>
 
 namespace host {
@@ -13,9 +14,13 @@ constexpr unsigned kAfter = 2;
 constexpr unsigned kMore = 0x80;  // in a byte of a number: another one follows
 constexpr unsigned kBits = 7;
 
-std::size_t shared_beginning(const std::string& one, const std::string& other) {
+std::size_t shared_beginning(std::string_view one, std::string_view other) {
+  constexpr std::size_t kStep = 16;  // neighbours share most of a long path
   const std::size_t most = std::min(one.size(), other.size());
   std::size_t shared = 0;
+  while (shared + kStep <= most && std::memcmp(&one[shared], &other[shared], kStep) == 0) {
+    shared += kStep;
+  }
   while (shared < most && one[shared] == other[shared]) ++shared;
   return shared;
 }
@@ -90,8 +95,10 @@ class Reader {
 }  // namespace
 
 std::string encoded(const RowChanges& changes) {
+  constexpr std::size_t kUsualSize = 48;
   std::string bytes;
-  std::string previous;
+  bytes.reserve(changes.size() * kUsualSize);
+  std::string_view previous;
   for (const RowChange& change : changes) {
     const std::size_t shared = shared_beginning(previous, change.name);
     put_number(bytes, shared);

@@ -12,7 +12,7 @@ TreeObserver::Admission Store::Impl::admit() {
   const bool forked = is_forked();
   try {
     if (forked) open_anew_after_fork();
-    if (!spoilt.ok()) return {spoilt.text, false};
+    if (!spoilt.ok()) return {spoilt.text.c_str(), false};
     if (batch == 0) {
       begin_batch();
     } else if (!shared->owns(batch)) {
@@ -21,17 +21,19 @@ TreeObserver::Admission Store::Impl::admit() {
     }
   } catch (const StoreFailure& failure) {
     spoil(failure.result());
-    return {spoilt.text, false};
+    return {spoilt.text.c_str(), false};
   }
   shared->note_activity();
-  return {{}, forked || generation != before};
+  return {nullptr, forked || generation != before};
 }
 
-/// Takes the write lock, then catches up: what this batch changes is what the last one left.
+/// Takes the write lock, then catches up: what this batch changes is what the last one left. While
+/// the counter stands still there is nothing to catch up with, and the commit asks the database
+/// again; only that a change was confirmed does not count.
 void Store::Impl::begin_batch() {
   batch = shared->begin_batch(options);
   const std::uint32_t counter = repaired_counter();
-  catch_up();
+  if (counter != seen_counter || pending) catch_up();
   seen_counter = counter;
   if (pending && is_too_late(*pending)) {
     revert_when_too_late();
@@ -72,7 +74,8 @@ void Store::Impl::write_batch(const std::string& label) {
     }
     Transaction transaction(file->database(), Transaction::kWrite);
     // The database has the last word on whether this change follows the one before.
-    if (file->generation() != generation) {
+    if (!file->is_newest(generation)) {
+      seen_counter = 1;  // the counter did not tell
       throw StoreFailure(StoreError::kMovedOn, "another process committed meanwhile");
     }
     if (file->pending()) {

@@ -141,7 +141,7 @@ StoreResult Store::Impl::restore(const std::string& name) {
     if (name.empty()) no_checkpoint(name);
     const RowSet target = rows_at(name);
     const Admission admission = admit();
-    if (!admission.refusal.empty()) return commit({});
+    if (admission.refusal != nullptr) return commit({});
     const RowSet before = rows_of(content());
     RowChanges changes = changes_between(before, target);
     keep_counters(changes);

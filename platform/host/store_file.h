@@ -44,6 +44,7 @@ class StoreFile {
   Database& database() { return database_; }
 
   Generation generation();
+  bool is_newest(Generation generation);  ///< without a look at all that are kept
   RowSet rows();
   /// All rows in byte order of their names, without keeping them.
   void for_each_row(const std::function<void(const std::string& name, const Row& row)>& visit);
@@ -69,6 +70,7 @@ class StoreFile {
  private:
   std::vector<Change> read_changes(Generation after);
   void check_owner();
+  std::int64_t generation_in_place_of(Generation generation);
   void make_new();
 
   Database database_;

@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "boot_clock.h"
@@ -63,9 +64,9 @@ struct Store::Impl final : TreeObserver {
   void deleting(const std::string& path, const RowSet& below) override {
     log.deleting(path, below);
   }
-  void setting(const std::string& name, const std::string& old_text,
-               const std::optional<Row>& before, const std::string& text) override {
-    log.setting(name, old_text, before, text);
+  void setting(const std::string& name, std::string old_text, std::optional<Row> before,
+               const std::string& text) override {
+    log.setting(name, std::move(old_text), std::move(before), text);
   }
   void replaced(const RowSet& before, const RowSet& after) override { log.replaced(before, after); }
   void begin_batch();  ///< throws StoreFailure

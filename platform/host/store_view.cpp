@@ -42,9 +42,9 @@ std::uint32_t Store::Impl::repaired_counter() {
 
 void Store::Impl::catch_up() {
   Transaction snapshot(file->database(), Transaction::kRead);
-  const Generation newest = file->generation();
   pending = file->pending();
-  if (newest == generation) return;
+  if (file->is_newest(generation)) return;
+  const Generation newest = file->generation();
   const std::optional<std::vector<Change>> changes =
       newest > generation ? file->changes_after(generation) : std::nullopt;
   if (!changes) {

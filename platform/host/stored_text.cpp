@@ -11,12 +11,22 @@ std::size_t StoredText::block_size(std::size_t length) {
   return (sizeof(Length) + length + kOverhead + kStep - 1) / kStep * kStep - kOverhead;
 }
 
-void StoredText::assign(std::string_view text) {
-  const bool fits = has_text() && block_size(view().size()) == block_size(text.size());
-  if (!fits) block_.reset(new char[block_size(text.size())]);
+void StoredText::put_anywhere(std::string_view text) {
+  if (text.size() <= kLongestShort) {
+    clear();
+    put_short(text);
+    return;
+  }
+  const bool fits =
+      !is_short() && block() != nullptr && block_size(view().size()) == block_size(text.size());
+  if (!fits) {
+    char* const bigger = new char[block_size(text.size())];
+    clear();
+    set_block(bigger);
+  }
   const Length length = text.size();
-  std::memcpy(block_.get(), &length, sizeof length);
-  if (length != 0) std::memcpy(block_.get() + sizeof length, text.data(), length);
+  std::memcpy(block(), &length, sizeof length);
+  std::memcpy(block() + sizeof length, text.data(), length);
 }
 
 }  // namespace host

@@ -13,41 +13,41 @@ constexpr int kRefused = -1;
 constexpr std::size_t kRefusalsKept = 10000;
 
 /// Why a text that should be the path of an object is none.
-std::string why_no_object(const TreeStore& store, const std::string& path) {
+const char* why_no_object(const TreeStore& store, const std::string& path) {
   if (path.empty()) return "the path is empty";
   if (store.cell(path)) return "this is a parameter, not an object";
   if (path.back() != '.') return "the path of an object ends in a dot";
   return "no such object";
 }
 
-std::string why_no_instance(const TreeStore& store, const std::string& path, const Node* table,
+const char* why_no_instance(const TreeStore& store, const std::string& path, const Node* table,
                             const int* instance) {
   if (table == nullptr) return why_no_object(store, path);
   if (table->kind != Node::Kind::kTable) return "this object is not a table";
   if (table->schema == nullptr) return "the table is not in the data model";
   if (table->last_number == INT_MAX) return "the table has no instance number left";
   if (instance == nullptr) return "there is no place for the instance number";
-  return {};
+  return nullptr;
 }
 
-std::string why_not_deleted(const TreeStore& store, const std::string& path, const Node* node) {
+const char* why_not_deleted(const TreeStore& store, const std::string& path, const Node* node) {
   if (node == nullptr) return why_no_object(store, path);
   if (node->parent == nullptr) return "the root stays";
   if (node->kind == Node::Kind::kTable) return "a table stays; its instances can be deleted";
-  return {};
+  return nullptr;
 }
 
-std::string why_not_set(const TreeStore& store, const std::string& name, const Cell& cell) {
+const char* why_not_set(const TreeStore& store, const std::string& name, const Cell& cell) {
   if (!cell && store.node(name) != nullptr) return "this is an object, not a parameter";
   if (!cell) return "no such parameter";
   if (cell.is_count()) return "the number of instances is computed";
-  return {};
+  return nullptr;
 }
 
 /// Notes a refused call, when there is a reason for one. Returns whether there was.
 bool refuse(std::vector<Refusal>& refusals, const char* call, const std::string& name,
-            const std::string& reason) {
-  if (reason.empty()) return false;
+            const char* reason) {
+  if (reason == nullptr) return false;
   if (refusals.size() >= 2 * kRefusalsKept) {
     refusals.erase(refusals.begin(), refusals.end() - kRefusalsKept);
   }
@@ -55,15 +55,14 @@ bool refuse(std::vector<Refusal>& refusals, const char* call, const std::string&
   return true;
 }
 
-/// Why a write is refused: `check` says what the tree has against it; then the observer is asked,
-/// and after it the tree again when it moved on meanwhile.
-template <typename Check>
-std::string why_refused(TreeObserver* observer, const Check& check) {
-  std::string reason = check();
-  if (!reason.empty() || observer == nullptr) return reason;
+/// Why a write is refused, or null: first what the tree has against it; then the observer is asked,
+/// and after it the tree `again` when it moved on meanwhile.
+template <typename Again>
+const char* why_refused(const char* reason, TreeObserver* observer, const Again& again) {
+  if (reason != nullptr || observer == nullptr) return reason;
   const TreeObserver::Admission admission = observer->admit();
-  if (!admission.refusal.empty() || !admission.moved) return admission.refusal;
-  return check();
+  if (admission.refusal != nullptr || !admission.moved) return admission.refusal;
+  return again();
 }
 
 }  // namespace
@@ -90,7 +89,7 @@ Tree& Tree::operator=(Tree&& other) noexcept {
 
 std::string TreeAccess::replace(Tree& tree, TreeStore content) {
   Tree::Impl& impl = *tree.impl_;
-  std::string reason = why_refused(impl.observer, [] { return std::string(); });
+  const char* const reason = why_refused(nullptr, impl.observer, [] { return nullptr; });
   const std::string root(kRootPath);
   if (refuse(impl.refusals, "replace", root, reason)) return reason;
   const RowSet before = impl.observer != nullptr ? rows_of(impl.store) : RowSet();
@@ -102,10 +101,11 @@ std::string TreeAccess::replace(Tree& tree, TreeStore content) {
 int Tree::add_object(const std::string& table_path, int* instance) {
   TreeStore& store = impl_->store;
   TreeObserver* const observer = impl_->observer;
-  Node* table = nullptr;
-  const std::string reason = why_refused(observer, [&] {
+  Node* table = store.node(table_path);
+  const auto why = [&] { return why_no_instance(store, table_path, table, instance); };
+  const char* const reason = why_refused(why(), observer, [&] {
     table = store.node(table_path);
-    return why_no_instance(store, table_path, table, instance);
+    return why();
   });
   if (refuse(impl_->refusals, "addObject", table_path, reason)) return kRefused;
   const std::optional<Row> table_before = observer != nullptr ? row_of(*table) : std::nullopt;
@@ -118,10 +118,11 @@ int Tree::add_object(const std::string& table_path, int* instance) {
 int Tree::delete_object(const std::string& object_path) {
   TreeStore& store = impl_->store;
   TreeObserver* const observer = impl_->observer;
-  Node* node = nullptr;
-  const std::string reason = why_refused(observer, [&] {
+  Node* node = store.node(object_path);
+  const auto why = [&] { return why_not_deleted(store, object_path, node); };
+  const char* const reason = why_refused(why(), observer, [&] {
     node = store.node(object_path);
-    return why_not_deleted(store, object_path, node);
+    return why();
   });
   if (refuse(impl_->refusals, "deleteObject", object_path, reason)) return kRefused;
   if (observer != nullptr) observer->deleting(object_path, rows_below(*node));
@@ -137,10 +138,11 @@ int Tree::delete_object(const std::string& object_path) {
 int Tree::set_value(const std::string& name, const std::string& value) {
   TreeStore& store = impl_->store;
   TreeObserver* const observer = impl_->observer;
-  Cell cell;
-  const std::string reason = why_refused(observer, [&] {
+  Cell cell = store.cell(name);
+  const auto why = [&] { return why_not_set(store, name, cell); };
+  const char* const reason = why_refused(why(), observer, [&] {
     cell = store.cell(name);
-    return why_not_set(store, name, cell);
+    return why();
   });
   if (refuse(impl_->refusals, "setValue", name, reason)) return kRefused;
   if (observer != nullptr) observer->setting(name, value_of(cell), row_of(cell), value);

@@ -12,7 +12,7 @@ namespace host {
 class TreeObserver {
  public:
   struct Admission {
-    std::string refusal;  ///< why no write is possible now, "" when one is
+    const char* refusal;  ///< why no write is possible now, null when one is; good until the next
     bool moved;           ///< whether the tree's content changed while it was asked
   };
 
@@ -23,8 +23,8 @@ class TreeObserver {
                      const std::optional<Row>& table_before) = 0;
   /// @param below  the rows of the object and of all below it
   virtual void deleting(const std::string& path, const RowSet& below) = 0;
-  virtual void setting(const std::string& name, const std::string& old_text,
-                       const std::optional<Row>& before, const std::string& text) = 0;
+  virtual void setting(const std::string& name, std::string old_text, std::optional<Row> before,
+                       const std::string& text) = 0;
   virtual void replaced(const RowSet& before, const RowSet& after) = 0;
 
  protected:

@@ -6,6 +6,7 @@
 #include <random>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host_platform.h"
@@ -25,7 +26,7 @@ using host::WriteStep;
 
 class Recorder final : public host::TreeObserver {
  public:
-  Admission admit() override { return {refusal, false}; }
+  Admission admit() override { return {refusal.empty() ? nullptr : refusal.c_str(), false}; }
   void added(const std::string& path, const std::string& table_path,
              const std::optional<host::Row>& table_before) override {
     log.added(path, table_path, table_before);
@@ -33,9 +34,9 @@ class Recorder final : public host::TreeObserver {
   void deleting(const std::string& path, const RowSet& below) override {
     log.deleting(path, below);
   }
-  void setting(const std::string& name, const std::string& old_text,
-               const std::optional<host::Row>& before, const std::string& text) override {
-    log.setting(name, old_text, before, text);
+  void setting(const std::string& name, std::string old_text, std::optional<host::Row> before,
+               const std::string& text) override {
+    log.setting(name, std::move(old_text), std::move(before), text);
   }
   void replaced(const RowSet& before, const RowSet& after) override { log.replaced(before, after); }
 

@@ -191,6 +191,8 @@ TEST_F(StoreSharing, TheDatabaseRefusesABatchThatDoesNotFollowTheLastOne) {
   write_and_commit(*next, kUser, "next");
   EXPECT_EQ(one_->commit().error, StoreError::kMovedOn);
   EXPECT_EQ(opened()->tree().value(kUser), "next");
+  write_and_commit(*one_, kUrl, "after it");
+  EXPECT_EQ(one_->tree().value(kUser), "next");
 }
 
 class Processes : public StoreBench {
