@@ -55,7 +55,7 @@ void attach_uplink(const std::string& bridge_path, const std::string& wan_path,
 
 // Ports of the LAN bridge get a VLAN of their own, and only when bound; others their bridge's.
 std::string choose_port_vlan(const std::string& bridge_path, const std::string& depend_wan) {
-  if (_get_value(bridge_path, "BridgeName") != igd::kLanBridgeName) {
+  if (!igd::value_is(bridge_path, "BridgeName", igd::kLanBridgeName)) {
     return _get_value(bridge_path, "VLANID");
   }
   if (depend_wan.empty()) return {};
@@ -66,7 +66,7 @@ std::string choose_port_vlan(const std::string& bridge_path, const std::string& 
 
 void write_port_option60(const std::string& bridge_path, const std::string& port_path,
                          const std::string& port_interface, api_wan_info* info) {
-  if (_get_value(bridge_path, "BridgeName") == igd::kLanBridgeName) return;
+  if (igd::value_is(bridge_path, "BridgeName", igd::kLanBridgeName)) return;
   if (igd::is_wan_side_port(port_interface) || info == nullptr) return;
   // Kept: a port without an entry joins the caller's record with an empty one.
   _set_value(port_path, "PortOption60", info->port_option60[port_interface]);

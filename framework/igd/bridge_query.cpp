@@ -30,9 +30,9 @@ std::string expected_bridge_name(const std::string& wan_path) {
 // A bridge belongs to a connection when it both names the connection and has the expected name.
 std::string bridge_of_wan(const std::string& wan_path, const std::string& expected_name) {
   for (const std::string& owner : igd::instances_below(igd::kEverywhere, kBridgeWanName)) {
-    if (igd::value_of(owner) != wan_path) continue;
+    if (!igd::has_value(owner, wan_path)) continue;
     std::string bridge_path = objectPathOf(owner);
-    if (_get_value(bridge_path, "BridgeName") == expected_name) return bridge_path;
+    if (igd::value_is(bridge_path, "BridgeName", expected_name)) return bridge_path;
   }
   return {};
 }
@@ -42,7 +42,7 @@ std::string bridge_of_wan(const std::string& wan_path, const std::string& expect
 namespace igd {
 
 bool is_vlan_bridge(const std::string& bridge_path) {
-  return _get_value(bridge_path, "BridgeStandard") == kTaggedStandard;
+  return igd::value_is(bridge_path, "BridgeStandard", kTaggedStandard);
 }
 
 std::string owner_of_port(const std::string& parameter) {
@@ -98,7 +98,7 @@ std::string igd_wan_intf(std::string wan_path, std::vector<std::string>& ports,
   for (const std::string& port : igd::instances_below(bridge_path, kPortInterface)) {
     ports.push_back(igd::value_of(port));
   }
-  vlan_id = static_cast<unsigned int>(igd::lenient_number(_get_value(bridge_path, "VLANID")));
+  vlan_id = static_cast<unsigned int>(igd::number_at(bridge_path, "VLANID"));
   return _get_value(bridge_path, "BridgeName");
 }
 
@@ -107,7 +107,7 @@ int igd_c_check_belong_bridge(const char* bridge_name, const char* ifname) {
   if (igd::tree() == nullptr || ifname == nullptr || bridge_path.empty()) return 0;
   const bool tagged = igd::is_vlan_bridge(bridge_path);
   for (const std::string& pvid : igd::instances_below(bridge_path, kPortPvid)) {
-    const int vlan = igd::lenient_number(igd::value_of(pvid));
+    const int vlan = igd::number_of(pvid);
     const std::string node = _get_value(objectPathOf(pvid), "PortInterface");
     if (igd::physical_name(node, tagged, vlan) != ifname) continue;
     c_debug_out(igd::kUnit, __LINE__, "Matched Ifname %s in bridge=%s", ifname, bridge_name);
@@ -123,7 +123,7 @@ int igd_wan_get_bridge_info_from_phy(std::string phy, std::string* bridge_path,
     const std::string node = igd::value_of(port);
     const std::string bridge = igd::bridge_of_port_parameter(port);
     const bool tagged = igd::is_vlan_bridge(bridge);
-    const int vlan = igd::lenient_number(_get_value(bridge, "VLANID"));
+    const int vlan = igd::number_at(bridge, "VLANID");
     if (igd::physical_name(node, tagged, vlan) != phy) continue;
     // Kept: the scan goes on, so the last match decides.
     if (bridge_path != nullptr) *bridge_path = bridge;

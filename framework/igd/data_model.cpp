@@ -1,15 +1,20 @@
 #include "data_model.h"
 
+#include <cstring>
+
+#include "path_tools.h"
+
 namespace {
 
 PlatformContext* g_context = nullptr;
 MibAccess* g_tree = nullptr;
 void* g_second_service = nullptr;  // obtained as the platform expects, never used
 
-std::string full_name(const std::string& path, std::string_view name) {
+std::string full_name(const std::string& path, const char* name) {
+  const std::size_t size = std::strlen(name);
   std::string parameter;
-  parameter.reserve(path.size() + name.size());
-  parameter.append(path).append(name);
+  parameter.reserve(path.size() + size);
+  parameter.append(path).append(name, size);
   return parameter;
 }
 
@@ -23,12 +28,16 @@ void ensureContext() {
   g_second_service = g_context->secondService();
 }
 
-std::string _get_value(const std::string& path, std::string_view name) {
+std::string _get_value(const std::string& path, const char* name) {
   return igd::value_of(full_name(path, name));
 }
 
-void _set_value(const std::string& path, std::string_view name, const std::string& value) {
+void _set_value(const std::string& path, const char* name, const std::string& value) {
   igd::store(full_name(path, name), value);
+}
+
+void _set_value(const std::string& path, const char* name, const char* value) {
+  _set_value(path, name, std::string(value));
 }
 
 void _delete_port(const std::string& path) {
@@ -49,9 +58,31 @@ std::string value_of(const std::string& parameter) {
   return mib == nullptr ? std::string() : mib->getValue(parameter);
 }
 
+int number_of(const std::string& parameter) { return lenient_number(value_of(parameter)); }
+
+bool has_value(const std::string& parameter, const std::string& text) {
+  return value_of(parameter) == text;
+}
+
 void store(const std::string& parameter, const std::string& value) {
   MibAccess* const mib = tree();
   if (mib != nullptr) (void)mib->setValue(parameter, value, kSetFlags);
+}
+
+void read_into(std::string& field, const std::string& path, const char* name) {
+  field = _get_value(path, name);
+}
+
+int number_at(const std::string& path, const char* name) {
+  return lenient_number(_get_value(path, name));
+}
+
+bool value_is(const std::string& path, const char* name, const char* text) {
+  return _get_value(path, name) == text;
+}
+
+bool value_is(const std::string& path, const char* name, const std::string& text) {
+  return _get_value(path, name) == text;
 }
 
 void delete_object(const std::string& object_path) {

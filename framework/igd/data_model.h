@@ -3,7 +3,6 @@
 #define IGD_DATA_MODEL_H
 
 #include <string>
-#include <string_view>
 
 #include "common_util.h"
 
@@ -12,10 +11,11 @@
 void ensureContext();
 
 /// Reads path + name; "" without a tree. The path must end in a dot.
-std::string _get_value(const std::string& path, std::string_view name);
+std::string _get_value(const std::string& path, const char* name);
 
 /// Writes path + name; nothing without a tree.
-void _set_value(const std::string& path, std::string_view name, const std::string& value);
+void _set_value(const std::string& path, const char* name, const std::string& value);
+void _set_value(const std::string& path, const char* name, const char* value);
 
 /// Switches a bridge port off, then deletes it: the platform must see it off before it goes.
 void _delete_port(const std::string& path);
@@ -35,7 +35,16 @@ MibAccess* tree();
 
 /// Reads and writes by full parameter name, as an enumeration yields it.
 std::string value_of(const std::string& parameter);
+int number_of(const std::string& parameter);
+bool has_value(const std::string& parameter, const std::string& text);
 void store(const std::string& parameter, const std::string& value);
+
+/// What the operations do with the value of path + name. A text that only one function sees takes
+/// half the code of one that every caller has to let go of, also when an exception passes.
+void read_into(std::string& field, const std::string& path, const char* name);
+int number_at(const std::string& path, const char* name);
+bool value_is(const std::string& path, const char* name, const char* text);
+bool value_is(const std::string& path, const char* name, const std::string& text);
 
 /// Deletes an object; the result is ignored, as everywhere but in clearing all routes.
 void delete_object(const std::string& object_path);

@@ -57,11 +57,19 @@ std::vector<std::string> instances_below(const std::string& prefix, int type) {
   return names;
 }
 
+std::vector<std::string> instances_below(const char* prefix, int type) {
+  return instances_below(std::string(prefix), type);
+}
+
 std::string parameter_with_value(const std::string& prefix, int type, const std::string& value) {
   for (const std::string& parameter : instances_below(prefix, type)) {
-    if (value_of(parameter) == value) return parameter;
+    if (has_value(parameter, value)) return parameter;
   }
   return {};
+}
+
+std::string parameter_with_value(const char* prefix, int type, const std::string& value) {
+  return parameter_with_value(std::string(prefix), type, value);
 }
 
 std::vector<std::string> split(const std::string& text, const std::string& delimiters) {
@@ -73,6 +81,13 @@ std::vector<std::string> split(const std::string& text, const std::string& delim
     start = end + 1;
   }
   return tokens;
+}
+
+bool is_listed(const std::vector<std::string>& list, const std::string& text) {
+  for (const std::string& listed : list) {
+    if (listed == text) return true;
+  }
+  return false;
 }
 
 bool starts_with(std::string_view text, std::string_view prefix) {

@@ -26,11 +26,15 @@ std::string_view parent_of(std::string_view name);
 
 /// Names of the instances of a type whose text begins with a prefix, in the tree's order.
 std::vector<std::string> instances_below(const std::string& prefix, int type);
+std::vector<std::string> instances_below(const char* prefix, int type);
 
 /// First parameter of a type below a prefix that has exactly this value; "" when none has.
 std::string parameter_with_value(const std::string& prefix, int type, const std::string& value);
+std::string parameter_with_value(const char* prefix, int type, const std::string& value);
 
 std::vector<std::string> split(const std::string& text, const std::string& delimiters);
+
+bool is_listed(const std::vector<std::string>& list, const std::string& text);
 
 bool starts_with(std::string_view text, std::string_view prefix);
 bool contains(std::string_view text, std::string_view part);

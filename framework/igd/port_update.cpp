@@ -1,6 +1,5 @@
 #include "port_update.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <initializer_list>
 #include <utility>
@@ -56,9 +55,13 @@ void trace_port(const std::string& port, const char* verb, const Stage& stage) {
               stage.group.name);
 }
 
+void append(Names& list, const Names& more) {
+  for (const std::string& name : more) list.push_back(name);
+}
+
 Names joined(std::initializer_list<const Names*> lists) {
   Names all;
-  for (const Names* names : lists) all.insert(all.end(), names->begin(), names->end());
+  for (const Names* names : lists) append(all, *names);
   return all;
 }
 
@@ -122,7 +125,7 @@ class PortUpdate {
 
 void PortUpdate::disable_ports_when_vlan_changes() {
   const int old_tagging = igd::is_vlan_bridge(entry_.wan_bridge_path) ? 1 : 0;
-  const int old_vlan = igd::lenient_number(_get_value(entry_.wan_bridge_path, "VLANID"));
+  const int old_vlan = igd::number_at(entry_.wan_bridge_path, "VLANID");
   std::printf("vornik _wan_port_update info->vlan_id = %d,old_vlan_id = %d\n", info_.vlan_id,
               old_vlan);
   if (info_.connection_class == entry_.connect_class && info_.vlan_enable == old_tagging &&
@@ -175,8 +178,8 @@ void PortUpdate::collect_old_lan_ports() {
 }
 
 void PortUpdate::collect_new_ports() {
-  bind_wan_.after = info_.bind_wan;
-  bind_lan_.after = info_.bind_lan;
+  append(bind_wan_.after, info_.bind_wan);
+  append(bind_lan_.after, info_.bind_lan);
 }
 
 void PortUpdate::trace_groups() const {
@@ -232,7 +235,7 @@ void PortUpdate::create_in(const Stage& stage) const {
 // The interface is asked for anew for every entry of the record.
 void PortUpdate::write_option60_of(const std::string& port_path) const {
   for (const auto& [node, option60] : info_.port_option60) {
-    if (_get_value(port_path, "PortInterface") != node) continue;
+    if (!igd::value_is(port_path, "PortInterface", node)) continue;
     _set_value(port_path, "PortOption60", option60);
     return;
   }
@@ -245,7 +248,7 @@ void _diff_lists(const std::vector<std::string>& before, const std::vector<std::
   const auto collect_missing = [](const Names& from, const Names& in, Names& missing) {
     missing.clear();
     for (const std::string& name : from) {
-      if (std::find(in.begin(), in.end(), name) == in.end()) missing.push_back(name);
+      if (!igd::is_listed(in, name)) missing.push_back(name);
     }
   };
   collect_missing(before, after, removed);

@@ -14,11 +14,11 @@ api_route_info read_route(const std::string& address) {
   api_route_info route;
   route.dest_ip = igd::value_of(address);
   const std::string route_path = objectPathOf(address);
-  route.dest_mask = _get_value(route_path, "DestSubnetMask");
-  route.enable = _get_value(route_path, "Enable") == igd::kTrue ? 1 : 0;
-  route.gateway = _get_value(route_path, "GatewayIPAddress");
+  igd::read_into(route.dest_mask, route_path, "DestSubnetMask");
+  route.enable = igd::value_is(route_path, "Enable", igd::kTrue) ? 1 : 0;
+  igd::read_into(route.gateway, route_path, "GatewayIPAddress");
   route.route_type = route.gateway.empty() ? kIgdRouteByInterface : kIgdRouteByGateway;
-  if (route.gateway.empty()) route.interface = _get_value(route_path, "Interface");
+  if (route.gateway.empty()) igd::read_into(route.interface, route_path, "Interface");
   return route;
 }
 
@@ -27,7 +27,7 @@ std::string find_route(const api_route_info& route) {
   for (const std::string& address : route_addresses()) {
     std::string route_path = objectPathOf(address);
     if (_get_value(route_path, "DestSubnetMask") != route.dest_mask) continue;
-    if (igd::value_of(address) == route.dest_ip) return route_path;
+    if (igd::has_value(address, route.dest_ip)) return route_path;
   }
   return {};
 }

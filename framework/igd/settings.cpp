@@ -29,7 +29,7 @@ constexpr ServerSetting kServerSettings[] = {
 int igd_mng_server_get_params(api_mng_server_info* info) {
   if (igd::tree() == nullptr || info == nullptr) return kIgdNoTree;
   for (const ServerSetting& row : kServerSettings) {
-    info->*row.field = _get_value(kManagementServer, row.parameter);
+    igd::read_into(info->*row.field, kManagementServer, row.parameter);
   }
   return kIgdOk;
 }

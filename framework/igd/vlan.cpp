@@ -31,7 +31,7 @@ bool lends_its_vlan(const std::string& physical) { return igd::contains(physical
 std::optional<std::string> vlan_of_bound_port(const std::string& bridge_path,
                                               const std::string& bind_wan) {
   for (const std::string& owner : igd::instances_below(bridge_path, kPortDependWanName)) {
-    if (igd::value_of(owner) != bind_wan) continue;
+    if (!igd::has_value(owner, bind_wan)) continue;
     const std::string port_path = igd::port_of(owner);
     const std::string node = _get_value(port_path, "PortInterface");
     const std::string physical = igd::physical_name(node, false, 0);
@@ -46,9 +46,10 @@ std::optional<std::string> vlan_of_bound_port(const std::string& bridge_path,
 
 // Every candidate asks the tree anew.
 bool is_taken(int candidate, const std::vector<std::string>& pvids) {
-  return std::any_of(pvids.begin(), pvids.end(), [candidate](const std::string& pvid) {
-    return igd::lenient_number(igd::value_of(pvid)) == candidate;
-  });
+  for (const std::string& pvid : pvids) {
+    if (igd::number_of(pvid) == candidate) return true;
+  }
+  return false;
 }
 
 }  // namespace
@@ -72,7 +73,7 @@ int igd_wan_get_unused_vlan() {
   ensureContext();
   std::vector<int> used;
   for (const std::string& vlan : igd::instances_below(igd::kEverywhere, kBridgeVlanId)) {
-    const int number = igd::lenient_number(igd::value_of(vlan));
+    const int number = igd::number_of(vlan);
     if (number != 0) used.push_back(number);
   }
   for (int candidate = kUnusedLow; candidate < kUnusedEnd; ++candidate) {
@@ -96,7 +97,7 @@ void write_vlan(const std::string& bridge_path, const std::string& wan_path,
   const std::string link_path = wan_path + kLinkConfig;
   _set_value(bridge_path, "VLANID", vlan);
   _set_value(link_path, "X_CT-COM_VLANIDMark", vlan);
-  if (_get_value(link_path, "X_CT-COM_Mode") == "0") _set_value(link_path, "X_CT-COM_Mode", "1");
+  if (igd::value_is(link_path, "X_CT-COM_Mode", "0")) _set_value(link_path, "X_CT-COM_Mode", "1");
 }
 
 }  // namespace igd

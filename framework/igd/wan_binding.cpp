@@ -23,7 +23,7 @@ void append_ports(const std::vector<std::string>& nodes, std::string& list) {
 }
 
 void store_if_different(const std::string& parameter, const std::string& value) {
-  if (igd::value_of(parameter) != value) igd::store(parameter, value);
+  if (!igd::has_value(parameter, value)) igd::store(parameter, value);
 }
 
 }  // namespace

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <cstdio>
 #include <memory>
 
@@ -43,7 +42,7 @@ wan_mib_info* _get_cache(std::string wan_path) {
 void _rebuid_cache(std::vector<std::string>& wan_paths) {
   auto& cache = g_wan_mibinfo_cache_list;
   for (auto entry = cache.begin(); entry != cache.end();) {
-    if (std::find(wan_paths.begin(), wan_paths.end(), entry->first) != wan_paths.end()) {
+    if (igd::is_listed(wan_paths, entry->first)) {
       ++entry;
       continue;
     }

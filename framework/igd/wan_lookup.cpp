@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <cstdio>
 #include <utility>
 
@@ -15,7 +14,7 @@ constexpr std::size_t kShortestWanPath =
 
 bool names_an_instance(const std::string& name, int type) {
   const std::vector<std::string> names = igd::instances_below(igd::kEverywhere, type);
-  return std::find(names.begin(), names.end(), name) != names.end();
+  return igd::is_listed(names, name);
 }
 
 // What follows the path of the connection object that the name contains; "" when it contains none.

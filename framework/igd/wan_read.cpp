@@ -28,15 +28,10 @@ constexpr ClassOfType kClasses[] = {
     {"IP_BridgeRouted", kIgdRoutedAndBridged},
 };
 
-struct BoundPort {
-  std::string path;
-  std::string node;
-};
-
 bool is_true(const std::string& text) { return text == igd::kTrue; }
 
 int flag_of(const std::string& path, const char* name) {
-  return is_true(_get_value(path, name)) ? 1 : 0;
+  return igd::value_is(path, name, igd::kTrue) ? 1 : 0;
 }
 
 class WanReader {
@@ -85,6 +80,8 @@ class WanReader {
   void read_vlans();
   void read_bindings();
   void read_port_option60();
+  void read_option60_of(const std::vector<std::string>& nodes,
+                        const std::vector<std::string>& port_paths);
   void set_protocol();
 
   static void read_dns_servers(const std::string& path, std::string& first, std::string& second);
@@ -95,8 +92,8 @@ class WanReader {
   bool any_enabled_ = false;
   const std::string* active_path_ = &entry_.static_path;  // of the enabled object, if any
   std::string connection_type_;
-  std::vector<BoundPort> lan_ports_;
-  std::vector<BoundPort> wan_ports_;
+  std::vector<std::string> lan_port_paths_;  // of the ports in bind_lan
+  std::vector<std::string> wan_port_paths_;  // of those in bind_wan
 };
 
 void WanReader::trace_entry() const {
@@ -113,14 +110,15 @@ void WanReader::trace_entry() const {
 template <std::size_t N>
 void WanReader::read_fields(const igd::TextField (&fields)[N]) {
   for (const igd::TextField& row : fields) {
-    info_.*row.field = _get_value(entry_.*row.owner, row.parameter);
+    igd::read_into(info_.*row.field, entry_.*row.owner, row.parameter);
   }
 }
 
 void WanReader::read_device_flags() {
-  info_.wan_enable = _get_value(entry_.wan_path, "X_CT-COM_Enable");
-  info_.wan_remote_management_enable = _get_value(entry_.wan_path, "X_CT-COM_RemoteManagerEnable");
-  info_.stp_enable = _get_value(entry_.wan_path, "X_CT-COM_STPEnable");
+  igd::read_into(info_.wan_enable, entry_.wan_path, "X_CT-COM_Enable");
+  igd::read_into(info_.wan_remote_management_enable, entry_.wan_path,
+                 "X_CT-COM_RemoteManagerEnable");
+  igd::read_into(info_.stp_enable, entry_.wan_path, "X_CT-COM_STPEnable");
 }
 
 // Several objects can be enabled at once; DHCP wins over PPP, PPP over static.
@@ -151,7 +149,7 @@ void WanReader::read_dns_and_option60() {
   if (!any_enabled_) return;
   info_.ip_dns_enable = flag_of(*active_path_, "DNSEnabled");
   if (info_.connect_mode == kIgdDhcp) {
-    info_.dhcp_option60 = _get_value(entry_.dhcp_path, "X_ZYN-COM_OPTION60");
+    igd::read_into(info_.dhcp_option60, entry_.dhcp_path, "X_ZYN-COM_OPTION60");
   }
   read_dns_servers(*active_path_, info_.ip_dns1, info_.ip_dns2);
   info_.dhcp_dns_enable = flag_of(entry_.dhcp_path, "DNSEnabled");
@@ -162,15 +160,14 @@ void WanReader::read_dns_and_option60() {
 
 void WanReader::read_dns_servers(const std::string& path, std::string& first, std::string& second) {
   std::vector<std::string> servers = igd::split(_get_value(path, "DNSServers"), ",");
-  servers.resize(2);  // a third server has no field
-  first = std::move(servers[0]);
-  second = std::move(servers[1]);
+  first = !servers.empty() ? std::move(servers[0]) : std::string();
+  second = servers.size() > 1 ? std::move(servers[1]) : std::string();  // a third has no field
 }
 
 void WanReader::read_connection_type_name_service_nat() {
-  connection_type_ = _get_value(*active_path_, "ConnectionType");
-  info_.wan_info_name = _get_value(*active_path_, "Name");
-  info_.service_type = _get_value(*active_path_, "X_CT-COM_ServiceList");
+  igd::read_into(connection_type_, *active_path_, "ConnectionType");
+  igd::read_into(info_.wan_info_name, *active_path_, "Name");
+  igd::read_into(info_.service_type, *active_path_, "X_CT-COM_ServiceList");
   info_.nat_mode = flag_of(*active_path_, "NATEnabled");
 }
 
@@ -182,36 +179,39 @@ void WanReader::set_connection_class() {
 
 void WanReader::read_vlans() {
   info_.vlan_enable = igd::is_vlan_bridge(entry_.wan_bridge_path) ? 1 : 0;
-  info_.vlan_id = igd::lenient_number(_get_value(entry_.wan_bridge_path, "VLANID"));
-  info_.vlan_priority =
-      igd::lenient_number(_get_value(entry_.wan_bridge_path, "X_ZYN_VLANPriority"));
+  info_.vlan_id = igd::number_at(entry_.wan_bridge_path, "VLANID");
+  info_.vlan_priority = igd::number_at(entry_.wan_bridge_path, "X_ZYN_VLANPriority");
   info_.lan_vlan_enable = igd::is_vlan_bridge(entry_.lan_bridge_path) ? 1 : 0;
-  info_.lan_vlan_id = igd::lenient_number(_get_value(entry_.lan_bridge_path, "VLANID"));
+  info_.lan_vlan_id = igd::number_at(entry_.lan_bridge_path, "VLANID");
 }
 
 void WanReader::read_bindings() {
   info_.bind_lan.clear();
   info_.bind_wan.clear();
   for (const std::string& depend : igd::instances_below(igd::kBridgeTable, kPortDependWanName)) {
-    if (igd::value_of(depend) != wan_index_) continue;
-    const std::string port_path = igd::port_of(depend);
-    lan_ports_.push_back({port_path, igd::trimmed(_get_value(port_path, "PortInterface"))});
-    info_.bind_lan.push_back(lan_ports_.back().node);
+    if (!igd::has_value(depend, wan_index_)) continue;
+    lan_port_paths_.push_back(igd::port_of(depend));
+    const std::string node = _get_value(lan_port_paths_.back(), "PortInterface");
+    info_.bind_lan.push_back(igd::trimmed(node));
   }
   for (const std::string& port : igd::instances_below(entry_.wan_bridge_path, kPortInterface)) {
     std::string node = igd::trimmed(igd::value_of(port));
     if (igd::is_wan_side_port(node)) continue;
-    info_.bind_wan.push_back(node);
-    wan_ports_.push_back({igd::port_of(port), std::move(node)});
+    info_.bind_wan.push_back(std::move(node));
+    wan_port_paths_.push_back(igd::port_of(port));
   }
 }
 
 void WanReader::read_port_option60() {
-  for (const auto* ports : {&lan_ports_, &wan_ports_}) {
-    for (const BoundPort& port : *ports) {
-      std::string option60 = _get_value(port.path, "PortOption60");
-      if (!option60.empty()) info_.port_option60[port.node] = std::move(option60);
-    }
+  read_option60_of(info_.bind_lan, lan_port_paths_);
+  read_option60_of(info_.bind_wan, wan_port_paths_);
+}
+
+void WanReader::read_option60_of(const std::vector<std::string>& nodes,
+                                 const std::vector<std::string>& port_paths) {
+  for (std::size_t place = 0; place < nodes.size(); ++place) {
+    std::string option60 = _get_value(port_paths[place], "PortOption60");
+    if (!option60.empty()) info_.port_option60[nodes[place]] = std::move(option60);
   }
 }
 

@@ -107,7 +107,7 @@ void WanRemover::delete_bridge() const {
 void WanRemover::release_bound_lan_ports() {
   (void)igd_wan_get_lan_bridge_info(wan_path_, &lan_bridge_path_, nullptr);
   for (const std::string& depend : igd::instances_below(lan_bridge_path_, kPortDependWanName)) {
-    if (igd::value_of(depend) != wan_path_) continue;
+    if (!igd::has_value(depend, wan_path_)) continue;
     const std::string port_path = igd::port_of(depend);
     released_ports_.push_back(_get_value(port_path, "PortInterface"));
     _delete_port(port_path);

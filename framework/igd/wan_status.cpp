@@ -7,7 +7,7 @@ namespace {
 constexpr char kHostMask[] = "255.255.255.255";  // a point-to-point link has no other
 constexpr char kNoAddress[] = "0.0.0.0";
 
-bool is_enabled(const std::string& path) { return _get_value(path, "Enable") == igd::kTrue; }
+bool is_enabled(const std::string& path) { return igd::value_is(path, "Enable", igd::kTrue); }
 
 class StatusReader {
  public:
@@ -68,44 +68,44 @@ void StatusReader::read_ip_connection(const std::string& path) {
     set_disconnected();
     return;
   }
-  status_.ip_addr = _get_value(path, "ExternalIPAddress");
-  status_.ip_mask = _get_value(path, "SubnetMask");
-  status_.ip_gw = _get_value(path, "DefaultGateway");
-  status_.ip_dns = _get_value(path, "DNSServers");
+  igd::read_into(status_.ip_addr, path, "ExternalIPAddress");
+  igd::read_into(status_.ip_mask, path, "SubnetMask");
+  igd::read_into(status_.ip_gw, path, "DefaultGateway");
+  igd::read_into(status_.ip_dns, path, "DNSServers");
   status_.connected = 1;
 }
 
 void StatusReader::read_ppp_connection(const std::string& path) {
-  status_.ip_addr = _get_value(path, "ExternalIPAddress");
+  igd::read_into(status_.ip_addr, path, "ExternalIPAddress");
   if (status_.ip_addr.empty() || status_.ip_addr == kNoAddress) {
     set_disconnected();
-    status_.last_connection_error = _get_value(path, "X_ZYN_COM_LastConnectionError");
+    igd::read_into(status_.last_connection_error, path, "X_ZYN_COM_LastConnectionError");
     return;
   }
   status_.ip_mask = kHostMask;
-  status_.ip_gw = _get_value(path, "RemoteIPAddress");
-  status_.ip_dns = _get_value(path, "DNSServers");
+  igd::read_into(status_.ip_gw, path, "RemoteIPAddress");
+  igd::read_into(status_.ip_dns, path, "DNSServers");
   status_.connected = 1;
 }
 
 // The static connection keeps these whatever the mode.
 void StatusReader::read_shared_attributes() {
-  status_.name = _get_value(paths_.static_path, "Name");
-  status_.uptime = _get_value(paths_.static_path, "Uptime");
-  status_.service_list = _get_value(paths_.static_path, "X_CT-COM_ServiceList");
-  status_.connection_type = _get_value(paths_.static_path, "ConnectionType");
+  igd::read_into(status_.name, paths_.static_path, "Name");
+  igd::read_into(status_.uptime, paths_.static_path, "Uptime");
+  igd::read_into(status_.service_list, paths_.static_path, "X_CT-COM_ServiceList");
+  igd::read_into(status_.connection_type, paths_.static_path, "ConnectionType");
 }
 
 void StatusReader::read_counters() {
-  status_.bytes_received = _get_value(statistics_path_, "EthernetBytesReceived");
-  status_.bytes_sent = _get_value(statistics_path_, "EthernetBytesSent");
-  status_.packets_received = _get_value(statistics_path_, "EthernetPacketsReceived");
-  status_.packets_sent = _get_value(statistics_path_, "EthernetPacketsSent");
+  igd::read_into(status_.bytes_received, statistics_path_, "EthernetBytesReceived");
+  igd::read_into(status_.bytes_sent, statistics_path_, "EthernetBytesSent");
+  igd::read_into(status_.packets_received, statistics_path_, "EthernetPacketsReceived");
+  igd::read_into(status_.packets_sent, statistics_path_, "EthernetPacketsSent");
 }
 
 // Of the connection whose counters were read.
 void StatusReader::read_mac_address() {
-  status_.mac_address = _get_value(objectPathOf(statistics_path_), "MACAddress");
+  igd::read_into(status_.mac_address, objectPathOf(statistics_path_), "MACAddress");
 }
 
 void StatusReader::set_disconnected() {

@@ -13,11 +13,11 @@ using Names = std::vector<std::string>;
 // the connection being changed.
 bool vlan_is_taken(const std::string& wan_path, const std::string& vlan_text) {
   for (const std::string& vlan : igd::instances_below(igd::kEverywhere, kBridgeVlanId)) {
-    if (igd::value_of(vlan) != vlan_text) continue;
+    if (!igd::has_value(vlan, vlan_text)) continue;
     const std::string bridge_path = objectPathOf(vlan);
-    if (_get_value(bridge_path, "BridgeName") == igd::kLanBridgeName) continue;
+    if (igd::value_is(bridge_path, "BridgeName", igd::kLanBridgeName)) continue;
     if (wan_path.empty()) return true;
-    if (_get_value(bridge_path, "X_ZYN_WANName") != wan_path) return true;
+    if (!igd::value_is(bridge_path, "X_ZYN_WANName", wan_path)) return true;
   }
   return false;
 }
@@ -60,7 +60,7 @@ int ports_taken(const Names& bind_wan) {
   for (const std::string& port : igd::instances_below(igd::kEverywhere, kPortInterface)) {
     const std::string node = igd::value_of(port);
     const std::string bridge_path = igd::bridge_of_port_parameter(port);
-    if (_get_value(bridge_path, "BridgeName") == igd::kLanBridgeName) continue;
+    if (igd::value_is(bridge_path, "BridgeName", igd::kLanBridgeName)) continue;
     if (!igd::is_shared_device(node)) taken |= igd_tool_get_port_value(node);
   }
   return taken;
