@@ -30,10 +30,11 @@ TwoNumbers numbers_between(const std::string& text, const char* separator) {
   return numbers;
 }
 
+// The parameter that names the owner of the bridge that serves a connection; "" when none does.
 // Kept: the owner's path is only a prefix, so an empty one matches every connection.
-std::string bridge_serving(const std::string& wan_path) {
+std::string owner_serving(const std::string& wan_path) {
   for (const std::string& owner : igd::instances_below(igd::kEverywhere, kBridgeWanName)) {
-    if (igd::starts_with(wan_path, igd::value_of(owner))) return objectPathOf(owner);
+    if (igd::starts_with(wan_path, igd::value_of(owner))) return owner;
   }
   return {};
 }
@@ -41,8 +42,8 @@ std::string bridge_serving(const std::string& wan_path) {
 void read_bridge_parameter(const char* wan_path, const char* name, char* buf, size_t size) {
   ensureContext();
   if (wan_path == nullptr || buf == nullptr || size == 0) return;
-  const std::string bridge_path = bridge_serving(wan_path);
-  const std::string value = bridge_path.empty() ? std::string() : _get_value(bridge_path, name);
+  const std::string owner = owner_serving(wan_path);
+  const std::string value = owner.empty() ? std::string() : _get_value(objectPathOf(owner), name);
   (void)std::snprintf(buf, size, "%s", value.c_str());
 }
 
@@ -80,8 +81,9 @@ void igd_c_get_wan_bridge_vlanpriority_name(const char* wan_path, char* buf, siz
 int igd_c_set_bridge_pvid(const char* bridge_name, api_wan_info* info) {
   ensureContext();
   std::printf("vornik set %s pvid = %d\n", bridge_name, info->vlan_id);
-  const std::string bridge_path = igd::bridge_named(bridge_name);
-  if (bridge_path.empty()) return 0;
+  const std::string found = igd::parameter_with_value(igd::kEverywhere, kBridgeName, bridge_name);
+  if (found.empty()) return 0;
+  const std::string bridge_path = objectPathOf(found);
   (void)igd::is_vlan_bridge(bridge_path);  // Kept: asked, but untagged bridges are written too.
   const std::string pvid = std::to_string(info->vlan_id);
   for (const std::string& port : igd::instances_below(bridge_path, kPortPvid)) {

@@ -1,3 +1,4 @@
+#include <optional>
 #include <string>
 
 #include "bridges.h"
@@ -28,13 +29,14 @@ std::string expected_bridge_name(const std::string& wan_path) {
 }
 
 // A bridge belongs to a connection when it both names the connection and has the expected name.
-std::string bridge_of_wan(const std::string& wan_path, const std::string& expected_name) {
+std::optional<std::string> bridge_of_wan(const std::string& wan_path,
+                                         const std::string& expected_name) {
   for (const std::string& owner : igd::instances_below(igd::kEverywhere, kBridgeWanName)) {
     if (!igd::has_value(owner, wan_path)) continue;
     std::string bridge_path = objectPathOf(owner);
     if (igd::value_is(bridge_path, "BridgeName", expected_name)) return bridge_path;
   }
-  return {};
+  return std::nullopt;
 }
 
 }  // namespace
@@ -82,9 +84,9 @@ int igd_wan_get_wan_bridge_info(std::string wan_path, std::string* bridge_path,
   c_debug_out(igd::kUnit, __LINE__, "INDEX=%s", wan_path.c_str());
   const std::string expected_name = expected_bridge_name(wan_path);
   if (bridge_name != nullptr) *bridge_name = expected_name;
-  const std::string found = bridge_of_wan(wan_path, expected_name);
-  if (found.empty()) return kIgdNoWan;
-  if (bridge_path != nullptr) *bridge_path = found;
+  const std::optional<std::string> found = bridge_of_wan(wan_path, expected_name);
+  if (!found) return kIgdNoWan;
+  if (bridge_path != nullptr) *bridge_path = *found;
   return kIgdOk;
 }
 
@@ -103,8 +105,9 @@ std::string igd_wan_intf(std::string wan_path, std::vector<std::string>& ports,
 }
 
 int igd_c_check_belong_bridge(const char* bridge_name, const char* ifname) {
-  const std::string bridge_path = igd::bridge_named(bridge_name);
-  if (igd::tree() == nullptr || ifname == nullptr || bridge_path.empty()) return 0;
+  const std::string found = igd::parameter_with_value(igd::kEverywhere, kBridgeName, bridge_name);
+  if (igd::tree() == nullptr || ifname == nullptr || found.empty()) return 0;
+  const std::string bridge_path = objectPathOf(found);
   const bool tagged = igd::is_vlan_bridge(bridge_path);
   for (const std::string& pvid : igd::instances_below(bridge_path, kPortPvid)) {
     const int vlan = igd::number_of(pvid);

@@ -197,4 +197,12 @@ std::vector<Operation> other_operations() {
   };
 }
 
+std::vector<Operation> all_operations() {
+  std::vector<Operation> all = wan_operations();
+  for (const std::vector<Operation>& more : {bridge_operations(), other_operations()}) {
+    all.insert(all.end(), more.begin(), more.end());
+  }
+  return all;
+}
+
 }  // namespace operations

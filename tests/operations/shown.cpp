@@ -113,12 +113,4 @@ api_wan_info description(const std::string& name, int connection_class, int conn
   return info;
 }
 
-std::vector<Operation> all_operations() {
-  std::vector<Operation> all = wan_operations();
-  for (const std::vector<Operation>& more : {bridge_operations(), other_operations()}) {
-    all.insert(all.end(), more.begin(), more.end());
-  }
-  return all;
-}
-
 }  // namespace operations
