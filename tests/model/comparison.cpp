@@ -60,13 +60,16 @@ std::string different_objects(const State& state, const host::Tree& tree) {
 std::string different_ports(const State& state, const host::Tree& tree) {
   Names is, expected;
   for (const std::string& parameter : tree.instances(kPortInterface)) {
-    const std::string path = object_of(parameter);
-    is.push_back(path.substr(0, path.find(".Port.") + 1) + ' ' + tree.value(parameter));
+    const std::size_t start = bridge_path(1).size() - 2;
+    const std::string bridge = parameter.substr(start, parameter.find('.', start) - start);
+    is.push_back(bridge + ':' + tree.value(parameter));
   }
   for (const auto& [number, bridge] : state.bridges) {
-    for (const Port& port : bridge.ports) expected.push_back(bridge_path(number) + ' ' + port.node);
+    for (const Port& port : bridge.ports) {
+      expected.push_back(std::to_string(number) + ':' + port.node);
+    }
   }
-  return unequal("who holds which port", shown(is), shown(expected));
+  return unequal("which bridge has which port", shown(is), shown(expected));
 }
 
 void add(Parameters& all, const std::string& path, const Texts& texts) {

@@ -7,8 +7,6 @@
 namespace model {
 namespace {
 
-const char* const kRoutes = "InternetGatewayDevice.Layer3Forwarding.Forwarding.";
-
 std::string object_of(const std::string& parameter) {
   return parameter.substr(0, parameter.rfind('.') + 1);
 }

@@ -57,9 +57,10 @@ Answer Model::line_up(const Step& step, const std::string& path) {
   write(id, kPpp, "ExternalIPAddress", step.number(Field::kEnabled) == 7 ? "0.0.0.0" : address);
   write(id, kPpp, "RemoteIPAddress", address);
   write(id, kPpp, "X_ZYN_COM_LastConnectionError", "ERROR_" + step.text(Field::kEnabled));
-  for (const Kind kind : kKinds) write(id, kind, "Stats.EthernetBytesSent", std::to_string(kind));
-  for (const Kind kind : kKinds)
+  for (const Kind kind : kKinds) {
+    write(id, kind, "Stats.EthernetBytesSent", std::to_string(kind));
     write(id, kind, "MACAddress", "02:00:00:00:00:0" + std::to_string(kind));
+  }
   return {"found", {}};
 }
 

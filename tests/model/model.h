@@ -1,7 +1,7 @@
 // The gateway as its callers see it: after each operation, what it answers and what stands where.
 //
-// It knows no tree and no order of calls, only the rules: who holds a port, which VLAN it gets, what
-// a removal takes away. The library is run beside it and must answer and leave the same.
+// It knows no tree and no order of calls, only the rules: who holds a port, which VLAN it gets,
+// what a removal takes away. The library is run beside it and must answer and leave the same.
 #ifndef IGD_TESTS_MODEL_MODEL_H
 #define IGD_TESTS_MODEL_MODEL_H
 
@@ -20,10 +20,10 @@ struct Answer {
 
 class Model {
  public:
-  /// The path that a step means: "first" to "third" are the connections in the tree's order, counted
-  /// round where there are fewer; "gone" is the last one removed, "uplink" a WAN device, "cut" the
-  /// first connection without its last dot, "none" the empty text. Where there is no such one, a path
-  /// that never was.
+  /// The path that a step means: "first" to "third" are the connections in the tree's order,
+  /// counted round where there are fewer; "gone" is the last one removed, "uplink" a WAN device,
+  /// "cut" the first connection without its last dot, "none" the empty text. Where there is no such
+  /// one, a path that never was.
   std::string path_meant_by(const Step& step) const;
 
   Answer perform(const Step& step);

@@ -1,5 +1,5 @@
-// That the comparison can fail: each test does to the tree what a faulty library would, and the short
-// sequence that shows it comes out.
+// That the comparison can fail: each test does to the tree what a faulty library would, and the
+// short sequence that shows it comes out.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-// Rules that hold whatever the model says: they look at the tree before and after a step, and at what
-// the step asked for.
+// Rules that hold whatever the model says: they look at the tree before and after a step, and at
+// what the step asked for.
 #ifndef IGD_TESTS_MODEL_RULES_H
 #define IGD_TESTS_MODEL_RULES_H
 

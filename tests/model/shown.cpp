@@ -7,7 +7,7 @@ namespace {
 
 std::string shown(const std::map<std::string, std::string>& texts) {
   std::string all;
-  for (const auto& [key, value] : texts) all += key + ':' + value + ' ';
+  for (const auto& [key, value] : texts) all.append(key).append(":").append(value).append(" ");
   return all;
 }
 

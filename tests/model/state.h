@@ -1,5 +1,5 @@
-// What can be seen of a gateway: its connections, who holds which port, routes, and what the library
-// remembers.
+// What can be seen of a gateway: its connections, who holds which port, routes, and what the
+// library remembers.
 #ifndef IGD_TESTS_MODEL_STATE_H
 #define IGD_TESTS_MODEL_STATE_H
 
