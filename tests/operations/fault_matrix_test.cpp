@@ -23,7 +23,11 @@ using namespace operations;
 
 constexpr std::size_t kShownComplaints = 20;
 // The sanitizers' run, which takes four times as long, tries fewer.
-constexpr bool kThinned = FAULTS_THINNED != 0;
+#if defined(__SANITIZE_ADDRESS__) || FAULTS_THINNED
+constexpr bool kThinned = true;
+#else
+constexpr bool kThinned = false;
+#endif
 constexpr long kStepOnDumps = 7;  // between calls that fail; elsewhere each call does
 constexpr long kStepOfPreset = kThinned ? 5 : 1;
 constexpr long kSampledAllocations = kThinned ? 20 : 60;  // of one operation on one gateway
