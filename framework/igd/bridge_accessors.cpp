@@ -1,3 +1,4 @@
+#include <cstdint>
 #include <cstdio>
 
 #include "bridges.h"
@@ -7,7 +8,7 @@
 
 namespace {
 
-constexpr unsigned int kMarkFactor = 30;
+constexpr std::int64_t kMarkFactor = 30;
 constexpr int kMarkModulus = 30;
 
 struct TwoNumbers {
@@ -52,8 +53,8 @@ void read_bridge_parameter(const char* wan_path, const char* name, char* buf, si
 unsigned int igd_c_get_mask(const char* name) {
   if (name == nullptr) return 0;
   const TwoNumbers numbers = numbers_between(name, "_");
-  return static_cast<unsigned int>(numbers.first) * kMarkFactor +
-         static_cast<unsigned int>(numbers.second % kMarkModulus);
+  const std::int64_t mark = numbers.first * kMarkFactor + numbers.second % kMarkModulus;
+  return static_cast<unsigned int>(mark);  // modulo 2^32
 }
 
 void igd_c_get_wan_bridge_name(const char* wan_path, char* buf, size_t size) {

@@ -30,6 +30,9 @@ class OpenIterator {
   InstanceIterator* walk_;
 };
 
+// The place behind a found character; the beginning where none was found.
+std::size_t behind(std::size_t found) { return found == std::string_view::npos ? 0 : found + 1; }
+
 }  // namespace
 
 std::string objectPathOf(const std::string& name) { return std::string(igd::parent_of(name)); }
@@ -39,9 +42,9 @@ namespace igd {
 std::string_view parent_of(std::string_view name) {
   const std::size_t last = name.find_last_not_of(kWhiteSpace);
   if (last == std::string_view::npos) return {};
-  if (name[last] != '.') return name.substr(0, name.rfind('.') + 1);
+  if (name[last] != '.') return name.substr(0, behind(name.rfind('.')));
   if (last == 0) return {};
-  return name.substr(0, name.rfind('.', last - 1) + 1);
+  return name.substr(0, behind(name.rfind('.', last - 1)));
 }
 
 std::vector<std::string> instances_below(const std::string& prefix, int type) {

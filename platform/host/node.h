@@ -115,8 +115,8 @@ void for_each_cell(const Node& node, const Visit& visit) {
 template <typename NodeType, typename Visit>
 void for_each_node(NodeType& node, const Visit& visit) {
   visit(node);
-  for (auto& child : node.children) for_each_node<NodeType>(*child, visit);
-  for (auto& instance : node.instances) for_each_node<NodeType>(*instance, visit);
+  for (const auto& child : node.children) for_each_node<NodeType>(*child, visit);
+  for (const auto& instance : node.instances) for_each_node<NodeType>(*instance, visit);
 }
 
 }  // namespace host

@@ -200,7 +200,8 @@ RowSet StoreFile::rows() {
 
 void StoreFile::for_each_row(
     const std::function<void(const std::string& name, const Row& row)>& visit) {
-  std::string name;  // these take one text after the other, without memory for each
+  // Both take one text after the other, without memory for each.
+  std::string name;  // cppcheck-suppress variableScope
   Row row;
   Statement& entries = database_.statement("SELECT name, text, type FROM entry ORDER BY name");
   while (entries.next()) {

@@ -24,7 +24,7 @@ class TextHash {
       odd = mixed(odd, word(at + kWord));
     }
     if (at < last) even = mixed(even, word(at));
-    return finished(mixed(odd, word(last)) ^ even * kFactor);
+    return finished(mixed(odd, word(last)) ^ wrapped_product(even, kFactor));
   }
 
  private:
@@ -45,8 +45,15 @@ class TextHash {
     return bytes;
   }
 
+  /// Modulo 2^64, without a word from the sanitizers.
+  static std::uint64_t wrapped_product(std::uint64_t one, std::uint64_t other) {
+    std::uint64_t product = 0;
+    (void)__builtin_mul_overflow(one, other, &product);
+    return product;
+  }
+
   static std::uint64_t mixed(std::uint64_t hash, std::uint64_t bytes) {
-    const std::uint64_t product = (hash ^ bytes) * kFactor;
+    const std::uint64_t product = wrapped_product(hash ^ bytes, kFactor);
     return product ^ product >> kHalfBits;
   }
 

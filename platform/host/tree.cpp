@@ -87,6 +87,7 @@ Tree& Tree::operator=(Tree&& other) noexcept {
   return *this;
 }
 
+// cppcheck-suppress constParameter  // what is replaced stands behind a pointer of the tree's
 std::string TreeAccess::replace(Tree& tree, TreeStore content) {
   Tree::Impl& impl = *tree.impl_;
   const char* const reason = why_refused(nullptr, impl.observer, [] { return nullptr; });
@@ -136,7 +137,7 @@ int Tree::delete_object(const std::string& object_path) {
 }
 
 int Tree::set_value(const std::string& name, const std::string& value) {
-  TreeStore& store = impl_->store;
+  const TreeStore& store = impl_->store;
   TreeObserver* const observer = impl_->observer;
   Cell cell = store.cell(name);
   const auto why = [&] { return why_not_set(store, name, cell); };
@@ -183,7 +184,9 @@ std::optional<ParameterInfo> Tree::describe(std::string_view name) const {
 std::vector<Parameter> Tree::parameters(std::string_view prefix) const {
   std::vector<Parameter> listed;
   const bool whole = kRootPath.substr(0, prefix.size()) == prefix;
-  const std::string_view above = prefix.substr(0, prefix.rfind('.') + 1);
+  const std::size_t dot = prefix.rfind('.');
+  const bool in_object = dot != std::string_view::npos;
+  const std::string_view above = in_object ? prefix.substr(0, dot + 1) : std::string_view();
   const Node* top = whole ? &impl_->store.root() : impl_->store.node(above);
   if (top == nullptr) return listed;
   for_each_node(*top, [&listed, prefix](const Node& node) {

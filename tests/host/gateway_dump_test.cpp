@@ -53,7 +53,10 @@ bool is_number(const std::string& text) {
                                       [](unsigned char c) { return std::isdigit(c) != 0; });
 }
 
-std::string own_name(const std::string& name) { return name.substr(name.rfind('.') + 1); }
+std::string own_name(const std::string& name) {
+  const std::size_t dot = name.rfind('.');
+  return dot == std::string::npos ? name : name.substr(dot + 1);
+}
 
 class GatewayDump : public testing::TestWithParam<GatewayCase> {
  protected:

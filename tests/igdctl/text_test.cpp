@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <string_view>
+
 namespace {
 
 using namespace igdctl;
@@ -49,10 +52,30 @@ TEST(ParseNumber, TakesDecimalDigitsAndNothingElse) {
   long number = 7;
   EXPECT_TRUE(parse_number("4094", 0, 4094, &number));
   EXPECT_EQ(number, 4094);
-  for (const char* text : {"", "4095", "-1", "+1", " 1", "1 ", "0x10", "1e3", "99999999999"}) {
+  for (const char* text :
+       {"", "-1", "-0", "+1", " 1", "1 ", "\t1", "1\n", "0x1", "1e3", "1.0", "1,0", "true", "1x",
+        "\xd9\xa3"}) {  // the last is a three, but no digit of ours
     EXPECT_FALSE(parse_number(text, 0, 4094, &number)) << text;
   }
+  EXPECT_FALSE(parse_number(std::string_view("1\0", 2), 0, 4094, &number));
   EXPECT_EQ(number, 4094);
+}
+
+TEST(ParseNumber, TakesLeadingZerosAsDecimal) {
+  long number = 7;
+  EXPECT_TRUE(parse_number("0", 0, 4094, &number));
+  EXPECT_EQ(number, 0);
+  EXPECT_TRUE(parse_number("0100", 0, 4094, &number));
+  EXPECT_EQ(number, 100);
+}
+
+TEST(ParseNumber, RefusesWhatIsOutOfRangeHoweverLong) {
+  long number = 7;
+  for (const char* text : {"0", "4095", "999999999", "4294967297", "18446744073709551617"}) {
+    EXPECT_FALSE(parse_number(text, 1, 4094, &number)) << text;
+  }
+  EXPECT_FALSE(parse_number(std::string(65536, '9'), 1, 4094, &number));
+  EXPECT_EQ(number, 7);
 }
 
 TEST(NearNames, FindsMisspeltAndShortenedNames) {

@@ -165,7 +165,7 @@ std::string fault_in_xml(const std::string& text) {
   std::vector<std::string> open;
   for (std::size_t i = text.find("?>") + 2; i < text.size(); ++i) {
     if (text[i] == '&') {
-      const std::string entity = text.substr(i, text.find(';', i) + 1 - i);
+      const std::string entity = text.substr(i, text.find(';', i) - i + 1);
       if (entity != "&amp;" && entity != "&lt;" && entity != "&gt;") return "entity " + entity;
     }
     if (text[i] != '<') continue;

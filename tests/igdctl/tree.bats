@@ -212,6 +212,16 @@ expect_no_change() {
   done
 }
 
+@test "the seconds to confirm in are decimal digits, up to a day" {
+  local seconds
+  for seconds in '' 0 -1 +5 ' 5' '5 ' 0x10 1e2 5s true 86401 4294967297 18446744073709551617; do
+    expect_unchanged 2 tree set $bridge.BridgeName lan --confirm="$seconds"
+  done
+  has "give a whole number of seconds from 1 to 86400" "$stderr"
+  expect 0 tree set $bridge.BridgeName lan --confirm 0600  # ten minutes, not octal
+  has "taken back in 600"
+}
+
 @test "a change waits for its confirmation, and stops the next one" {
   expect 0 tree set $bridge.BridgeName lan --confirm 60
   has "igdctl store confirm"

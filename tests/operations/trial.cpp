@@ -80,7 +80,8 @@ std::string difference(const char* what, const std::string& is, const std::strin
   if (is == expected) return {};
   std::size_t at = 0;
   while (at < is.size() && at < expected.size() && is[at] == expected[at]) ++at;
-  const std::size_t line = at == 0 ? 0 : is.rfind('\n', at - 1) + 1;
+  const std::size_t end = at == 0 ? std::string::npos : is.rfind('\n', at - 1);
+  const std::size_t line = end == std::string::npos ? 0 : end + 1;
   return std::string(what) + " differ:\n  is       " + is.substr(line, 200) + "\n  expected " +
          expected.substr(line < expected.size() ? line : expected.size(), 200);
 }

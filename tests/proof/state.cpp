@@ -20,7 +20,8 @@ std::string described(host::Generation generation, const std::string& label,
 bool is_counter(const std::string& name) { return !name.empty() && name.back() == '.'; }
 
 std::string parent_of(const std::string& path) {
-  return path.substr(0, path.rfind('.', path.size() - 2) + 1);
+  const std::size_t dot = path.rfind('.', path.size() - 2);
+  return dot == std::string::npos ? std::string() : path.substr(0, dot + 1);
 }
 
 // Every object of `rows` that a counter below `path` may belong to is there.

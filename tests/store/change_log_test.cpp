@@ -222,4 +222,28 @@ TEST(TreeRows, RowsThatFitNoTreeAreRefused) {
   }
 }
 
+std::string why_no_tree(const std::string& instance, const std::string& counter) {
+  host::TreeStore store;
+  return host::tree_from(
+      {{"InternetGatewayDevice.WANDevice." + instance + ".", {counter, "object"}}}, store);
+}
+
+TEST(TreeRows, AnInstanceNumberIsAPositiveInt) {
+  for (const char* number : {"1", "2147483647"}) EXPECT_EQ(why_no_tree(number, "0"), "") << number;
+  for (const char* number : {"0", "01", "2147483648", "4294967297", "18446744073709551617"}) {
+    EXPECT_EQ(why_no_tree(number, "0"), "InternetGatewayDevice.WANDevice." + std::string(number) +
+                                            ". has no instance number");
+  }
+}
+
+TEST(TreeRows, ACounterIsAnIntInDigits) {
+  for (const char* counter : {"0", "1", "2147483647"}) EXPECT_EQ(why_no_tree("1", counter), "");
+  for (const char* counter : {"", "-1", "+1", " 1", "1 ", "1x", "x", "1.0", "0x1", "2147483648",
+                              "4294967297", "18446744073709551617"}) {
+    EXPECT_EQ(why_no_tree("1", counter), "InternetGatewayDevice.WANDevice.1. has no counter")
+        << counter;
+  }
+  EXPECT_NE(why_no_tree("1", std::string("1\0", 2)), "");
+}
+
 }  // namespace

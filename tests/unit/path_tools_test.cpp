@@ -111,13 +111,41 @@ TEST(LenientNumber, IsTheLeadingNumberWithinTheGatewaysInt) {
       {"1.9", 1},
       {"- 5", 0},
       {"4 4", 4},
+      {"1e3", 1},
+      {"100%s", 100},
+      {"-0", 0},
+      {"-", 0},
+      {"+", 0},
+      {"++5", 0},
+      {"+-5", 0},
+      {" ", 0},
+      {" \t\n\v\f\r7", 7},
+      {"7 ", 7},
+      {"\xa0 7", 0},  // the first is no blank in a gateway's locale
+      {"00000000000000000000000000000007", 7},
       {"2147483647", INT_MAX},
       {"2147483648", INT_MAX},
+      {"2147483648x", INT_MAX},
+      {"4294967297", INT_MAX},  // not 1: it is held, not cut to 32 bits
+      {"-2147483648", INT_MIN},
       {"-2147483649", INT_MIN},
+      {"9223372036854775807", INT_MAX},
+      {"9223372036854775808", INT_MAX},
       {"99999999999999999999", INT_MAX},
       {"-99999999999999999999", INT_MIN},
   };
   for (const auto& c : kCases) EXPECT_EQ(igd::lenient_number(c.text), c.number) << c.text;
+}
+
+TEST(LenientNumber, EndsAtAZeroAndTakesTextsOfAnyLength) {
+  EXPECT_EQ(igd::lenient_number(std::string("12") + '\0' + "34"), 12);
+  EXPECT_EQ(igd::lenient_number('\0' + std::string("34")), 0);
+  constexpr std::size_t kLong = 65536;
+  EXPECT_EQ(igd::lenient_number(std::string(kLong, '9')), INT_MAX);
+  EXPECT_EQ(igd::lenient_number('-' + std::string(kLong, '9')), INT_MIN);
+  EXPECT_EQ(igd::lenient_number(std::string(kLong, '0') + '5'), 5);
+  EXPECT_EQ(igd::lenient_number(std::string(kLong, ' ') + '5'), 5);
+  EXPECT_EQ(igd::lenient_number(std::string(kLong, 'x')), 0);
 }
 
 TEST(Cut, Keeps255CharactersUpToAZero) {

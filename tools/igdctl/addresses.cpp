@@ -25,7 +25,7 @@ bool is_ipv6(const std::string& text) {
 
 bool is_mask(std::uint32_t mask) {
   const std::uint32_t zeros = ~mask;
-  return (zeros & (zeros + 1)) == 0;
+  return mask == 0 || (zeros & (zeros + 1)) == 0;
 }
 
 bool is_host_address(std::uint32_t address) {

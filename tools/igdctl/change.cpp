@@ -11,7 +11,14 @@ namespace igdctl {
 
 namespace {
 
-constexpr int kLongestConfirmation = 86400;
+constexpr long kLongestConfirmation = 86400;
+
+int seconds_from(const std::string& text) {
+  long seconds = 0;
+  if (parse_number(text, 1, kLongestConfirmation, &seconds)) return static_cast<int>(seconds);
+  throw CLI::ValidationError("--confirm", "give a whole number of seconds from 1 to " +
+                                              std::to_string(kLongestConfirmation));
+}
 
 Json report_of(ChangeOutcome outcome, const std::string& what, const std::string& path,
                const std::vector<std::string>& overridden, const Json* shown) {
@@ -28,10 +35,11 @@ void add_change_options(CLI::App& command, ChangeOptions& options) {
   command.add_flag("--dry-run", options.dry_run,
                    "Show every write in order and the difference, change nothing" + without);
   command
-      .add_option("--confirm", options.confirm,
-                  "Take the change back unless it is confirmed in time" + without)
-      ->type_name("SECONDS")
-      ->check(CLI::Range(1, kLongestConfirmation));
+      .add_option_function<std::string>(  // numbers of CLI11 may be octal, "true" is one, too
+          "--confirm",
+          [&options](const std::string& text) { options.confirm = seconds_from(text); },
+          "Take the change back unless it is confirmed in time" + without)
+      ->type_name("SECONDS");
   command.add_flag("--yes", options.yes, "Go on also where the gateway's management is at stake");
 }
 

@@ -24,8 +24,10 @@ enum class Style { kPlain, kHeading, kGood, kBad, kWarning, kMuted };
 
 /// One cell. Its text is made printable when it is shown; callers pass values as they are.
 struct Cell {
+  // cppcheck-suppress noExplicitConstructor
   Cell(std::string cell_text, Style cell_style = Style::kPlain);  // NOLINT: text is a cell
-  Cell(const char* cell_text);                                    // NOLINT: text is a cell
+  // cppcheck-suppress noExplicitConstructor
+  Cell(const char* cell_text);  // NOLINT: text is a cell
   std::string text;
   Style style = Style::kPlain;
 };

@@ -55,7 +55,8 @@ bool are_addresses(std::string_view text) {
 // The data model types them as one address.
 bool holds_several_addresses(std::string_view name) {
   constexpr std::string_view kNames[] = {"DNSServers", "ReservedAddresses", "IPRouters"};
-  const std::string_view own_name = name.substr(name.rfind('.') + 1);
+  const std::size_t dot = name.rfind('.');
+  const std::string_view own_name = dot == std::string_view::npos ? name : name.substr(dot + 1);
   return std::find(std::begin(kNames), std::end(kNames), own_name) != std::end(kNames);
 }
 

@@ -36,7 +36,9 @@ std::string shown_secret(const std::string& secret, bool show_secrets) {
 }
 
 bool is_secret_parameter(std::string_view full_name) {
-  const std::string name = lower_case(full_name.substr(full_name.rfind('.') + 1));
+  const std::size_t dot = full_name.rfind('.');
+  const std::string name =
+      lower_case(dot == std::string_view::npos ? full_name : full_name.substr(dot + 1));
   constexpr const char* kMarks[] = {"password",     "passwd", "passphrase", "presharedkey",
                                     "sharedsecret", "wepkey", "psk",        "secret"};
   return std::any_of(std::begin(kMarks), std::end(kMarks),

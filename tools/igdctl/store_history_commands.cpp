@@ -70,7 +70,7 @@ Json json_of(const std::optional<host::PendingChange>& pending) {
           {"milliseconds_left", pending->milliseconds_left}};
 }
 
-void show_json(Output& output, host::Store& store,
+void show_json(Output& output, const host::Store& store,
                const std::optional<host::PendingChange>& pending,
                const std::vector<host::Checkpoint>& checkpoints) {
   Json changes = Json::array();

@@ -1,5 +1,8 @@
 #include "subnet.h"
 
+#include <bitset>
+#include <cstdint>
+
 #include "addresses.h"
 #include "text.h"
 
@@ -10,7 +13,7 @@ namespace {
 constexpr int kAddressBits = 32;
 
 std::uint32_t mask_of_prefix(long length) {
-  return length == 0 ? 0 : ~std::uint32_t{0} << (kAddressBits - length);
+  return static_cast<std::uint32_t>(std::uint64_t{UINT32_MAX} << (kAddressBits - length));
 }
 
 bool read_mask(const std::string& mask, Subnet* subnet, std::vector<Fault>* faults) {
@@ -74,9 +77,7 @@ std::string text_of(const Subnet& subnet) {
 }
 
 int prefix_length(std::uint32_t mask) {
-  int length = 0;
-  for (; mask != 0; mask <<= 1U) ++length;
-  return length;
+  return static_cast<int>(std::bitset<kAddressBits>(mask).count());
 }
 
 }  // namespace igdctl

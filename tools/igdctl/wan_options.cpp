@@ -167,6 +167,9 @@ Json read_json(const std::string& file) {
     throw Failure(ExitCode::kBadInput,
                   in_quotes(file) + " is no JSON, at byte " + std::to_string(error.byte),
                   "igdctl wan show --json prints a description to start from");
+  } catch (const Json::out_of_range&) {
+    throw Failure(ExitCode::kBadInput, in_quotes(file) + " has a number that is too large",
+                  "igdctl wan show --json prints a description to start from");
   }
 }
 
