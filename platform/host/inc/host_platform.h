@@ -176,7 +176,7 @@ HOST_EXPORT Tree& active_tree();
 ///
 /// @param tree  the caller keeps it alive while it is active; null brings back the tree of the
 ///              process's store
-/// @return the tree that was active, never null
+/// @return the tree that was active, never null; it can be put back in the same way
 HOST_EXPORT Tree* exchange_active_tree(Tree* tree);
 
 /// What the context of getContext() hands out, for programs that supply a context of their own.
