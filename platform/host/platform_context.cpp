@@ -99,8 +99,10 @@ Tree& active_tree() {
 }
 
 Tree* exchange_active_tree(Tree* tree) {
+  static const Tree* own = nullptr;  // what was given out for that of the process
   Tree* const before = &active_tree();
-  exchanged_tree = tree;
+  if (exchanged_tree == nullptr) own = before;
+  exchanged_tree = tree != own ? tree : nullptr;  // put back, it is the store's again
   return before;
 }
 

@@ -102,6 +102,11 @@ TEST_F(ProcessStore, IsTriedAgainWhenItCanBeOpened) {
   EXPECT_EQ(printed.substr(printed.find('\n')), "\nnone\ncontext\n");
 }
 
+TEST_F(ProcessStore, IsTheStoreAgainWhenItsTreeIsPutBack) {
+  EXPECT_EQ(ran({"exchange", "set", kUrl, "x", "commit"}), "0\n0\n");
+  EXPECT_EQ(ran({"get", kUrl}), "x\n");
+}
+
 TEST_F(ProcessStore, ReportsAtExitWhatWasNotCommitted) {
   const std::string printed = ran({"set", kUrl, "x"});
   EXPECT_NE(printed.find("1 writes were not committed and are gone"), std::string::npos) << printed;

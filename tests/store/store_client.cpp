@@ -1,6 +1,7 @@
 // A program of a gateway: does what its arguments say to the store of its process, in their order.
 //
 //   get NAME · set NAME TEXT · add TABLE · commit · walk (opens one, keeps it to the end) · context
+//   exchange (puts another tree into place, then the one that was there)
 //   fork (a child goes on with the rest) · die (as in a power cut) · wait-for FILE · make FILE
 //
 // Prints a line for each result.
@@ -62,6 +63,9 @@ class Client {
       walk_ = mib().openInstanceIterator(kBridgeName);
     } else if (verb == "context") {
       say(getContext() != nullptr ? "context" : "none");
+    } else if (verb == "exchange") {
+      host::Tree other;
+      (void)host::exchange_active_tree(host::exchange_active_tree(&other));
     } else {
       return knows_of_processes(verb);
     }
