@@ -364,7 +364,7 @@ def is_number(type_):
 
 
 def matters(statement):
-    """Whether a neighbour could notice when it runs: not of a declaration that calls nothing."""
+    """Whether it is seen when a statement runs: not of a declaration that only joins texts."""
     if statement.kind in JUMPS:
         return False
     if statement.kind != CursorKind.DECL_STMT:
@@ -375,4 +375,4 @@ def matters(statement):
 def calls_us(call):
     target = call.referenced
     return (target is not None and target.kind != CursorKind.CONSTRUCTOR and
-            target.location.file is not None and "/usr/" not in target.location.file.name)
+            target.location.file is not None and "/c++/" not in target.location.file.name)

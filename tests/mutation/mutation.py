@@ -3,12 +3,14 @@
 
 import argparse
 import collections
+import fcntl
 import hashlib
 import json
 import pathlib
 import queue
 import random
 import re
+import signal
 import sys
 import threading
 import time
@@ -29,11 +31,11 @@ def parsed_arguments():
     parser.add_argument("--sample", type=int, default=600, metavar="N",
                         help="try N of all mutants (default: 600)")
     parser.add_argument("--seed", type=int, default=1, metavar="S",
-                        help="which N: the same for the same sources and seed (default: 1)")
+                        help="which N; a larger sample has the smaller ones in it (default: 1)")
     parser.add_argument("--all", action="store_true", help="try every mutant")
     parser.add_argument("--only", metavar="ID", help="try this one, show its change and its end")
     parser.add_argument("--survivors", action="store_true",
-                        help="of those chosen, try the ones again that survived")
+                        help="of those chosen, try the ones again that survived and have no reason")
     parser.add_argument("--list", action="store_true", help="list the mutants, try none")
     parser.add_argument("--report", action="store_true",
                         help="only show the results that there are of those chosen")
@@ -69,8 +71,9 @@ def chosen(every, options):
         return named
     if options.all or options.sample >= len(every):
         return every
-    numbers = random.Random(options.seed).sample(range(len(every)), options.sample)
-    return [every[number] for number in sorted(numbers)]
+    numbers = list(range(len(every)))
+    random.Random(options.seed).shuffle(numbers)
+    return [every[number] for number in sorted(numbers[:options.sample])]
 
 
 def digest(mutant):
@@ -113,12 +116,25 @@ class Run:
             self.files.put(by_file[file])
 
     def go(self):
+        with open(FOLDER / "lock", "w", encoding="utf-8") as lock:
+            try:
+                fcntl.flock(lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
+            except BlockingIOError:
+                sys.exit("mutation: another run works in build/mutation")
+            self.start_workers()
+
+    def start_workers(self):
         folders = worker.worker_folders(ROOT, min(WORKERS, self.files.qsize()))
         threads = [threading.Thread(target=self.work, args=(folder,)) for folder in folders]
         for thread in threads:
             thread.start()
-        for thread in threads:
-            thread.join()
+        try:
+            for thread in threads:
+                thread.join()
+        except KeyboardInterrupt:
+            self.failures.append("stopped; the same command goes on from here")
+            for thread in threads:
+                thread.join()
         if self.failures:
             sys.exit("mutation: " + self.failures[0])
 
@@ -134,7 +150,8 @@ class Run:
                 except queue.Empty:
                     break
                 for mutant in group:
-                    self.attempt(own, mutant)
+                    if not self.failures:
+                        self.attempt(own, mutant)
             own.restore()
         except (RuntimeError, OSError) as error:
             self.failures.append(str(error))
@@ -155,15 +172,9 @@ class Run:
 
 # ---- The report ----
 
-def reasons():
-    """Survivors that are explained, by the change that they make."""
-    if not REASONS.exists():
-        return ""
-    return REASONS.read_text()
-
-
-def explained(mutant, text):
-    return re.search(rf"^- `{re.escape(mutant.name)}`", text, re.MULTILINE) is not None
+def explained():
+    """The names in the list of changes that no test can notice."""
+    return set(re.findall(r"^- `(.*?)`", REASONS.read_text(), re.MULTILINE))
 
 
 def report(every, wanted, results):
@@ -178,6 +189,8 @@ def report(every, wanted, results):
         print(row(file, sum(counts[file].values()), *columns(counts[file])))
     print(row("all", sum(total.values()), *columns(total)))
     show_survivors(results)
+    for name in sorted(explained() - {mutant.name for mutant in every}):
+        print(f"\n{name} stands in {REASONS.name}, and is no mutant (any more)")
     alive = total["killed"] + total["survived"]
     print(f"\n{len(wanted)} of {len(every)} mutants chosen, {len(results)} tried, {alive} compiled")
     if alive:
@@ -189,17 +202,18 @@ def columns(counts):
 
 
 def show_survivors(results):
-    text = reasons()
+    listed = explained()
     for mutant, result in results.items():
         if result["outcome"] != "survived":
             continue
-        note = "its reason is listed" if explained(mutant, text) else "NOT EXPLAINED"
+        note = "its reason is listed" if mutant.name in listed else "NOT EXPLAINED"
         print(f"\n{mutant.name}  ({note})")
         print(mutant.diff((ROOT / mutant.file).read_bytes()))
 
 
 def main():
     options = parsed_arguments()
+    signal.signal(signal.SIGTERM, signal.default_int_handler)
     FOLDER.mkdir(parents=True, exist_ok=True)
     every = all_mutants()
     wanted = chosen(every, options)
@@ -214,7 +228,9 @@ def main():
         return
     if not options.report:
         results = results_of(wanted)
-        again = [m for m in wanted if m in results and results[m]["outcome"] == "survived"]
+        listed = explained()
+        again = [m for m in wanted if m in results and results[m]["outcome"] == "survived"
+                 and m.name not in listed]
         rest = again if options.survivors else [m for m in wanted if m not in results]
         print(f"{len(rest)} of {len(wanted)} mutants to try", flush=True)
         if rest:
