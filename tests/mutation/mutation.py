@@ -132,6 +132,7 @@ class Run:
             for thread in threads:
                 thread.join()
         except KeyboardInterrupt:
+            print("stopping when the mutants at hand are done", flush=True)
             self.failures.append("stopped; the same command goes on from here")
             for thread in threads:
                 thread.join()
@@ -239,4 +240,7 @@ def main():
 
 
 if __name__ == "__main__":
-    main()
+    try:
+        main()
+    except KeyboardInterrupt:
+        sys.exit("mutation: stopped")
