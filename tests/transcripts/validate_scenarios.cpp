@@ -20,6 +20,9 @@ void new_one_fits(Gateway& gateway) {
   record_check(gateway, "", info);
 }
 
+// A routed connection takes no port, so none is counted.
+void routed_one_fits(Gateway& gateway) { record_check(gateway, "", routed_pppoe("NEW", 200)); }
+
 void vlan_is_taken(Gateway& gateway) {
   (void)gateway.create(routed_pppoe("1_INTERNET", 100));
   record_check(gateway, "", routed_pppoe("2_INTERNET", 100));
@@ -57,6 +60,7 @@ void last_free_port(Gateway& gateway) {
 Scenarios validate_scenarios() {
   return {
       {"validate_new_one_fits", new_one_fits},
+      {"validate_routed_one_fits", routed_one_fits},
       {"validate_vlan_is_taken", vlan_is_taken},
       {"validate_second_management", second_management},
       {"validate_management_keeps_its_ports", management_keeps_its_ports},

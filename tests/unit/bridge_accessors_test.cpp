@@ -51,6 +51,14 @@ TEST(BridgeMark, OfNegativeOrHugeNumbersIsTakenModulo32Bits) {
   for (const auto& [name, mark] : rows) EXPECT_EQ(igd_c_get_mask(name), mark) << name;
 }
 
+TEST(BridgeMark, KnowsNoSeparatorButTheUnderscore) {
+  for (char other = ' '; other <= '~'; ++other) {
+    if (other == '_') continue;
+    const std::string name = std::string("br") + other + "x1" + other + "2";
+    EXPECT_EQ(igd_c_get_mask(name.c_str()), 0U) << name;
+  }
+}
+
 using NameWriter = void (*)(const char*, char*, size_t);
 
 class BridgeName : public ::testing::TestWithParam<NameWriter> {};
@@ -71,6 +79,16 @@ TEST_P(BridgeName, IsMadeOfTheTwoNumbersOfThePath) {
     Buffer buffer;
     GetParam()(path.c_str(), buffer.data(), 64);
     EXPECT_EQ(buffer.text(), name) << path;
+  }
+}
+
+TEST_P(BridgeName, IsSeparatedByDotsAlone) {
+  for (char other = ' '; other <= '~'; ++other) {
+    if (other == '.') continue;
+    const std::string path = std::string("WANDevice") + other + "x1" + other + "2";
+    Buffer buffer;
+    GetParam()(path.c_str(), buffer.data(), 64);
+    EXPECT_EQ(buffer.text(), "br_0_0") << path;
   }
 }
 

@@ -56,6 +56,15 @@ TEST(ObjectPathOf, CutsBehindTheLastDotThatIsNotTheEnd) {
   for (const auto& c : kCases) EXPECT_EQ(objectPathOf(c.name), c.object_path) << c.name;
 }
 
+TEST(ObjectPathOf, IgnoresNothingBehindAPathButFourBlanks) {
+  const std::string blanks = " \n\t\r";
+  for (int code = 1; code <= 127; ++code) {
+    const char last = static_cast<char>(code);
+    const bool ignored = blanks.find(last) != std::string::npos;
+    EXPECT_EQ(objectPathOf(std::string("A.B.") + last), ignored ? "A." : "A.B.") << code;
+  }
+}
+
 TEST(SplitStr, CutsAtEveryDelimiterAndDropsOnlyAnEmptyEnd) {
   const struct {
     const char* text;

@@ -181,6 +181,20 @@ TEST_F(WanAllValue, CutsThePathsLengthOffTheFrontWhereverThePathStands) {
                    "setValue " + ppp_ + ".1.Name"}));
 }
 
+// The paths differ in length, so the cut shows which of them was found.
+TEST_F(WanAllValue, FindsTheStaticPathBeforeTheDhcpPathAndThatBeforeThePppPath) {
+  EXPECT_EQ(write(wan_, ppp_ + dhcp_ + "Name"),
+            "===node:." + dhcp_ + "Name=======value:v============\n");
+  (void)take_refusals();
+  set(dhcp_ + "AddressingType", "");
+  std::string tenth;
+  while (tenth != wan_ + "WANIPConnection.10.") tenth = add(wan_ + "WANIPConnection.");
+  set(tenth + "AddressingType", "DHCP");
+  EXPECT_EQ(write(wan_, tenth + static_ + "Name"),
+            "===node:." + static_ + "Name=======value:v============\n");
+  EXPECT_EQ(take_refusals().front(), "setValue " + static_ + "." + static_ + "Name");
+}
+
 class UsedPorts : public support::ConnectionTest {
  protected:
   static Texts used_beside(const std::string& path) {

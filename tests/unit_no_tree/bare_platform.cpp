@@ -12,6 +12,7 @@ std::string log;
 
 PlatformContext* context = nullptr;
 int context_calls = 0;
+int context_calls_before_log = 0;
 
 MibAccess* Context::mibAccess() {
   asked.emplace_back("tree");
@@ -37,6 +38,7 @@ PlatformContext* getContext() {
 }
 
 extern "C" void c_debug_out(const char*, int, const char* format, ...) {
+  if (bare::log.empty()) bare::context_calls_before_log = bare::context_calls;
   char text[512];
   va_list arguments;
   va_start(arguments, format);

@@ -23,6 +23,9 @@ class Context final : public PlatformContext {
 extern PlatformContext* context;
 extern int context_calls;
 
+/// How often getContext had been called when the first line was logged since take_log().
+extern int context_calls_before_log;
+
 /// What was logged since the last call, one text a line.
 std::string take_log();
 

@@ -37,6 +37,12 @@ TEST_P(NoContextAsking, AsksForTheContextAtEveryCall) {
   }
 }
 
+TEST_P(NoContextAsking, AsksForTheContextBeforeItLogs) {
+  const int before = bare::context_calls;
+  if (outcome_of(GetParam()).logged.empty()) return;
+  EXPECT_GT(bare::context_calls_before_log, before);
+}
+
 TEST_P(NoContextSelfSufficient, AnswersPrintsAndLogsAsItShould) { expect_outcome(GetParam()); }
 
 TEST_P(NoContextSelfSufficient, DoesNotAskForTheContext) {

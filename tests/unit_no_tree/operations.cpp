@@ -130,6 +130,12 @@ std::string routes() {
   return to_string(count) + ' ' + to_string(list_of_routes.size());
 }
 
+std::string vlan_of_null() {
+  std::array<char, 4> buffer = {'o', 'l', 'd'};
+  igd_c_get_wan_bridge_vlanid_name(nullptr, buffer.data(), buffer.size());
+  return buffer.data();
+}
+
 std::string read_management() {
   api_mng_server_info info;
   info.url = "kept";
@@ -189,6 +195,8 @@ std::vector<Operation> asking_operations() {
       {"igd_check_wan_index", [] { return to_string(igd_check_wan_index(kPath)); }, "0", "", ""},
       {"igd_verify_is_wan_index", [] { return to_string(igd_verify_is_wan_index(kPath)); }, "0", "",
        ""},
+      {"igd_verify_is_wan_index_of_no_connection",
+       [] { return to_string(igd_verify_is_wan_index("")); }, "0", "", ""},
       {"igd_verify_wan_index_in_bridge",
        [] { return to_string(igd_verify_wan_index_in_bridge(kPath)); }, "0", "", ""},
       {"igd_set_wan_all_value", set_all, "", "", ""},
@@ -210,6 +218,7 @@ std::vector<Operation> asking_operations() {
        [] { return buffer_of(igd_c_get_wan_bridge_pvid_name, kPath); }, "\"\"", "", ""},
       {"igd_c_get_wan_bridge_vlanid_name",
        [] { return buffer_of(igd_c_get_wan_bridge_vlanid_name, kPath); }, "\"\"", "", ""},
+      {"igd_c_get_wan_bridge_vlanid_name_of_null", vlan_of_null, "old", "", ""},
       {"igd_c_get_wan_bridge_vlanpriority_name",
        [] { return buffer_of(igd_c_get_wan_bridge_vlanpriority_name, kPath); }, "\"\"", "", ""},
       {"igd_c_set_bridge_pvid", set_pvid, "0", "vornik set internet pvid = 100\n", ""},
