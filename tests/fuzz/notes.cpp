@@ -1,6 +1,6 @@
 #include "notes.h"
 
-#include <cstdint>
+#include <functional>
 
 namespace fuzz {
 namespace {
@@ -9,9 +9,8 @@ constexpr std::size_t kKept = 160;  // of a text; of a longer one its end goes i
 
 std::string shortened(const std::string& text) {
   if (text.size() <= kKept) return text;
-  std::uint64_t hash = 0xcbf29ce484222325;
-  for (const char letter : text) hash = (hash ^ static_cast<unsigned char>(letter)) * 0x100000001b3;
-  return text.substr(0, kKept) + "... " + std::to_string(text.size()) + ' ' + std::to_string(hash);
+  return text.substr(0, kKept) + "... " + std::to_string(text.size()) + ' ' +
+         std::to_string(std::hash<std::string>()(text));
 }
 
 }  // namespace
