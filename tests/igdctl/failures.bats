@@ -20,3 +20,27 @@ load helper
   [ "$status" -eq 9 ]
   has "did not remove" "$stderr"
 }
+
+@test "standard output that takes nothing: exit code 1" {
+  make_three_connections
+  run --separate-stderr bash -c '"$IGDCTL" wan list >/dev/full'
+  [ "$status" -eq 1 ]
+  has "could not be written" "$stderr"
+}
+
+@test "a name that two bear means neither: exit code 2 with both paths, and nothing changed" {
+  make_three_connections
+  wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice
+  bridges=InternetGatewayDevice.Layer2Bridging.Bridge
+  igdctl -q tree set --yes "$wan.2.WANIPConnection.1.Name" Internet
+  igdctl -q tree set --yes "$wan.2.WANIPConnection.2.Name" Internet
+  expect_unchanged 2 wan set Internet --vlan 110
+  has '"Internet" means several connections' "$stderr"
+  has "$wan.1., $wan.2." "$stderr"
+  expect_unchanged 2 wan ensure --name Internet --vlan 110
+  has 'several connections are named "Internet"' "$stderr"
+  igdctl -q tree set "$bridges.4.BridgeName" br_1_1
+  expect_unchanged 2 bridge show br_1_1
+  has '"br_1_1" means several bridges' "$stderr"
+  has "$bridges.2., $bridges.4." "$stderr"
+}

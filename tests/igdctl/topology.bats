@@ -58,3 +58,14 @@ load household
   LC_ALL=C expect 0 topology
   [ "${lines[0]}" = 'LAN bridge "internet"' ]
 }
+
+@test "a locale that this machine lacks draws by what its name says" {
+  make_three_connections
+  unset LC_CTYPE LANG
+  LC_ALL=xx_XX.utf8 expect 0 topology
+  has "├─"
+  LC_ALL=xx_XX.ISO-8859-1 expect 0 topology
+  has_not "├─"
+  LC_ALL='' LC_CTYPE=xx_XX.UTF-8 expect 0 topology
+  has "├─"
+}

@@ -92,3 +92,14 @@ ensure() { expect "$1" wan ensure --from "$BATS_TEST_TMPDIR/wan.json" "${@:2}"; 
   describe '[{"name": "A", "vlan": 10}, {"name": "A", "vlan": 20}]'
   expect_unchanged 2 wan ensure --from "$BATS_TEST_TMPDIR/wan.json"
 }
+
+@test "options do not go over several descriptions, which are then left alone" {
+  printf '[{"name": "Voice"}, {"name": "Guests"}]' >"$BATS_TEST_TMPDIR/two.json"
+  expect_unchanged 2 wan ensure --from "$BATS_TEST_TMPDIR/two.json" --vlan 300
+  has "several descriptions" "$stderr"
+}
+
+@test "standard input is a description or a password, not both" {
+  expect_unchanged 2 wan ensure --from - --password-file - </dev/null
+  has "both want standard input" "$stderr"
+}

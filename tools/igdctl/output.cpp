@@ -79,10 +79,6 @@ void Output::warn(std::string_view sentence) {
   if (!options_.quiet) write_to(messages_, "igdctl: warning: " + printable(sentence) + '\n');
 }
 
-void Output::detail(std::string_view sentence) {
-  if (options_.verbose) write_to(messages_, "igdctl: " + printable(sentence) + '\n');
-}
-
 void Output::finish() {
   const bool failed = std::fflush(results_) != 0 || std::ferror(results_) != 0;
   if (!failed) return;

@@ -75,10 +75,8 @@ class Output {
   /// What a command did, in a sentence: a result for people, left out with --quiet and --json.
   void done(std::string_view sentence);
 
-  /// Messages on standard error, made printable: warn() is left out with --quiet, detail() is there
-  /// with --verbose only.
+  /// A message on standard error, made printable, left out with --quiet.
   void warn(std::string_view sentence);
-  void detail(std::string_view sentence);
 
   /// Throws Failure when results could not be written (a full disk, for one).
   void finish();
