@@ -1,4 +1,6 @@
 // The life of a connection as the reference tells it: checked, made, looked up, removed.
+#include <optional>
+
 #include "reference_tools.h"
 
 namespace reference {
@@ -20,8 +22,8 @@ std::string owner_of(const std::string& port) {
 
 bool is_exempt(const std::string& node) { return node == "LAN0" || node == "LAN_DEFAULT1"; }
 
-// The first port of another connection among the candidates; "" when there is none.
-std::string port_of_another(const std::string& wan, const api_wan_info& info) {
+// The first port of another connection among the candidates, which may be one without a name.
+std::optional<std::string> port_of_another(const std::string& wan, const api_wan_info& info) {
   Names candidates = info.bind_lan;
   candidates.insert(candidates.end(), info.bind_wan.begin(), info.bind_wan.end());
   for (const std::string& node : candidates) {
@@ -30,7 +32,7 @@ std::string port_of_another(const std::string& wan, const api_wan_info& info) {
     const std::string owner = owner_of(port);
     if (!owner.empty() && owner != wan && !is_exempt(node)) return node;
   }
-  return "";
+  return std::nullopt;
 }
 
 int ports_taken(const api_wan_info& info) {
@@ -128,8 +130,8 @@ int igd_verify_new_wan_info_valid(std::string wan_path, api_wan_info* info, int 
     }
   }
   if (has(first_services(wan_path), "TR069")) return 0;
-  const std::string port = port_of_another(wan_path, *info);
-  if (!port.empty()) return igd_tool_get_port_index(port);
+  const std::optional<std::string> port = port_of_another(wan_path, *info);
+  if (port) return igd_tool_get_port_index(*port);
   if (info->connection_class != 2 && info->connection_class != 3) return 0;
   if (ports_taken(*info) != all_ports_mask) return 0;
   if (info->connection_class == 3) return 12;
