@@ -31,11 +31,12 @@ TwoNumbers numbers_between(const std::string& text, const char* separator) {
   return numbers;
 }
 
-// The parameter that names the owner of the bridge that serves a connection; "" when none does.
+// A parameter of the bridge that serves a connection; "" when none does.
 // Kept: the owner's path is only a prefix, so an empty one matches every connection.
-std::string owner_serving(const std::string& wan_path) {
+std::string bridge_parameter(const std::string& wan_path, const char* name) {
   for (const std::string& owner : igd::instances_below(igd::kEverywhere, kBridgeWanName)) {
-    if (igd::starts_with(wan_path, igd::value_of(owner))) return owner;
+    if (!igd::starts_with(wan_path, igd::value_of(owner))) continue;
+    return _get_value(objectPathOf(owner), name);
   }
   return {};
 }
@@ -43,9 +44,7 @@ std::string owner_serving(const std::string& wan_path) {
 void read_bridge_parameter(const char* wan_path, const char* name, char* buf, size_t size) {
   ensureContext();
   if (wan_path == nullptr || buf == nullptr || size == 0) return;
-  const std::string owner = owner_serving(wan_path);
-  const std::string value = owner.empty() ? std::string() : _get_value(objectPathOf(owner), name);
-  (void)std::snprintf(buf, size, "%s", value.c_str());
+  (void)std::snprintf(buf, size, "%s", bridge_parameter(wan_path, name).c_str());
 }
 
 }  // namespace

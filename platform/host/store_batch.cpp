@@ -8,13 +8,13 @@ namespace host {
 
 /// Asked before every write, and only for one that the tree itself allows.
 TreeObserver::Admission Store::Impl::admit() {
-  const Generation before = generation;
-  const bool forked = is_forked();
+  bool moved = is_forked();
   try {
-    if (forked) open_anew_after_fork();
+    if (moved) open_anew_after_fork();
     if (!spoilt.ok()) return {spoilt.text.c_str(), false};
     if (batch == 0) {
       begin_batch();
+      moved = true;
     } else if (!shared->owns(batch)) {
       throw StoreFailure(StoreError::kMovedOn,
                          "the batch was silent for too long and another one went on");
@@ -24,7 +24,7 @@ TreeObserver::Admission Store::Impl::admit() {
     return {spoilt.text.c_str(), false};
   }
   shared->note_activity();
-  return {nullptr, forked || generation != before};
+  return {nullptr, moved};
 }
 
 /// Takes the write lock, then catches up: what this batch changes is what the last one left. While

@@ -46,11 +46,14 @@ std::optional<std::int64_t> size_of(const std::string& path) {
   return status.st_size;
 }
 
-/// Sees to it that the file is there with the right mode, and that an empty one is really new:
-/// SQLite would throw the log of a database away that lost its main file.
+/// Sees to it that the file is there with the right mode, and that one that SQLite takes for new
+/// really is: it would throw the log of a database away that lost its main file, and write over a
+/// single byte.
 std::string prepared(const std::string& path, const StoreOptions& options) {
   if (is_in_memory(path) || !options.vfs.empty()) return path;
-  if (size_of(path).value_or(0) == 0 && size_of(path + kLog).value_or(0) > 0) {
+  const std::int64_t size = size_of(path).value_or(0);
+  if (size == 1) throw StoreFailure(StoreError::kCorrupt, "the file is cut off");
+  if (size == 0 && size_of(path + kLog).value_or(0) > 0) {
     throw StoreFailure(StoreError::kCorrupt, "the file is empty, but its log is not");
   }
   const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kOwnerOnly);

@@ -13,7 +13,7 @@ class TreeObserver {
  public:
   struct Admission {
     const char* refusal;  ///< why no write is possible now, null when one is; good until the next
-    bool moved;           ///< whether the tree's content changed while it was asked
+    bool moved;           ///< whether the tree's content may be another one now
   };
 
   /// May a write that the tree itself allows go on?

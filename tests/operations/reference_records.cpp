@@ -110,7 +110,7 @@ void read_type_and_services(const std::string& path, api_wan_info* info) {
 }  // namespace
 
 bool route_is_of(const std::string& wan, const std::string& interface, const std::string& table) {
-  return interface == wan || (interface.empty() && table == wan);
+  return interface.empty() ? table == wan : interface == wan;
 }
 
 int igd_wan_set_params(std::string wan_index, api_wan_info* info) {

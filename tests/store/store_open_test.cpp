@@ -137,6 +137,27 @@ TEST_F(StoreOpen, RefusesAFileThatLostEverythingButItsLog) {
   EXPECT_EQ(content_of(path_ + "-wal"), "log");
 }
 
+// SQLite takes a file of one byte for a new one.
+TEST_F(StoreOpen, RefusesAFileOfOneByte) {
+  write_file(path_, "x");
+  EXPECT_EQ(error_on_open(), StoreError::kCorrupt);
+  EXPECT_EQ(content_of(path_), "x");
+}
+
+// While a change waits, the first write looks at the file, and here it reads all of it anew.
+TEST_F(StoreOpen, WritesToWhatItReadAnew) {
+  {
+    auto store = opened();
+    ASSERT_TRUE(store->begin_trial().ok());
+    store->tree().set_value(kUrl, "http://waits");
+    ASSERT_TRUE(store->accept_pending(60, "waits").ok());
+  }
+  run_sql(path_, "UPDATE change SET place = -place");
+  auto store = opened();
+  EXPECT_EQ(store->tree().set_value(kUrl, "http://new"), 0);
+  EXPECT_EQ(store->tree().value(kUrl), "http://new");
+}
+
 TEST_F(StoreOpen, KeepsADamagedFileAsideOnlyWhenAsked) {
   write_file(path_, "damaged");
   write_file(path_ + ".corrupt-1", "an older one");
