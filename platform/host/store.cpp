@@ -112,22 +112,24 @@ void Store::Impl::open() {
   const Turn turn(*shared, deadline_of(options));
   shared->reserve();
   try {
-    file = std::make_unique<StoreFile>(store_path, options);
-    reload();
+    load();
   } catch (const StoreFailure& failure) {
     if (failure.result().error != StoreError::kCorrupt || !options.keep_corrupt_aside) throw;
     file.reset();
     keep_aside(store_path);
-    file = std::make_unique<StoreFile>(store_path, options);
-    reload();
-  }
-  shared->set_counter(static_cast<std::uint32_t>(2 * generation));
-  if (pending && is_too_late(*pending)) {
-    revert_pending(*pending);
-    catch_up();
+    load();
   }
   seen_counter = shared->counter();
   forks = forks_so_far();
+}
+
+void Store::Impl::load() {
+  file = std::make_unique<StoreFile>(store_path, options);
+  reload();
+  shared->set_counter(static_cast<std::uint32_t>(2 * generation));
+  if (!pending || !is_too_late(*pending)) return;
+  revert_pending(*pending);
+  catch_up();
 }
 
 std::unique_ptr<Store> Store::open(const std::string& path, const StoreOptions& options,

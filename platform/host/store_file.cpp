@@ -171,6 +171,11 @@ void StoreFile::make_new() {
   transaction.commit();
 }
 
+void StoreFile::require_sound() {
+  const std::string verdict = database_.text("PRAGMA quick_check(1)");
+  if (verdict != "ok") throw StoreFailure(StoreError::kCorrupt, verdict);
+}
+
 Generation StoreFile::generation() {
   Statement& newest = database_.statement("SELECT max(generation) FROM change");
   const auto generation = newest.next() ? static_cast<Generation>(newest.number(0)) : 0;

@@ -43,6 +43,7 @@ class StoreFile {
 
   Database& database() { return database_; }
 
+  void require_sound();  ///< reads the whole file
   Generation generation();
   bool is_newest(Generation generation);  ///< without a look at all that are kept
   RowSet rows();

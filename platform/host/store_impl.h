@@ -34,6 +34,7 @@ struct Store::Impl final : TreeObserver {
 
   // Opening. Throws StoreFailure.
   void open();
+  void load();
   void open_anew_after_fork();
   static void leave_files_to_parent();
   void leave_file_to_parent();

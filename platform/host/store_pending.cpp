@@ -13,6 +13,14 @@ StoreResult nothing_pending() {
   return {StoreError::kNotPending, "no change waits for its confirmation"};
 }
 
+/// Throws unless the changed rows make a tree.
+void require_tree(RowSet rows, const RowChanges& changes) {
+  apply_changes(rows, changes);
+  TreeStore tree;
+  const std::string reason = tree_from(rows, tree);
+  if (!reason.empty()) throw StoreFailure(StoreError::kCorrupt, reason);
+}
+
 }  // namespace
 
 StoreResult Store::Impl::accept_pending(int seconds, const std::string& label) {
@@ -37,14 +45,17 @@ void Store::Impl::revert_when_too_late() {
 }
 
 /// Writes the opposite of the pending change, which is the newest one because no other was let in.
+/// Nobody asked for this write now, so it leaves a damaged file as it is.
 void Store::Impl::revert_pending(const PendingRow& row) {
   Transaction transaction(file->database(), Transaction::kWrite);
+  file->require_sound();
   const std::optional<std::vector<Change>> changes = file->changes_after(row.generation - 1);
   if (!changes || changes->size() != 1) {
     throw StoreFailure(StoreError::kCorrupt, "the pending change is not the newest one");
   }
   RowChanges rows = reversed(changes->front().rows);
   keep_counters(rows);
+  require_tree(file->rows(), rows);
   file->clear_pending();
   land(transaction, {row.generation + 1, std::time(nullptr), "reverted: " + row.label, rows});
   report(store_path + ": reverted, because it was not confirmed: " + row.label);

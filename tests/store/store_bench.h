@@ -3,6 +3,7 @@
 #define TESTS_STORE_STORE_BENCH_H
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -33,6 +34,13 @@ inline std::string content_of(const std::string& path) {
 
 inline void write_file(const std::string& path, const std::string& content) {
   std::ofstream(path, std::ios::binary) << content;
+}
+
+inline void run_sql(const std::string& path, const char* sql) {
+  sqlite3* connection = nullptr;
+  ASSERT_EQ(sqlite3_open(path.c_str(), &connection), SQLITE_OK);
+  EXPECT_EQ(sqlite3_exec(connection, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sql;
+  sqlite3_close(connection);
 }
 
 class StoreBench : public testing::Test {

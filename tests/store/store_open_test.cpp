@@ -1,5 +1,4 @@
 // Opening a store: what is made, what is refused, what is never touched.
-#include <sqlite3.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -10,13 +9,6 @@ namespace {
 
 using namespace store_tests;
 using host::Tree;
-
-void run_sql(const std::string& path, const char* sql) {
-  sqlite3* connection = nullptr;
-  ASSERT_EQ(sqlite3_open(path.c_str(), &connection), SQLITE_OK);
-  EXPECT_EQ(sqlite3_exec(connection, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sql;
-  sqlite3_close(connection);
-}
 
 using StoreOpen = StoreBench;
 

@@ -48,6 +48,21 @@ TEST_F(StorePending, IsInEffectUntilTheDeadlineAndThenReverted) {
   EXPECT_EQ(store_->generation(), 3U);
 }
 
+// Its content is sound, but the change would bring back a parameter that cannot be.
+TEST_F(StorePending, LeavesAFileAsItIsWhoseRevertIsDamaged) {
+  EXPECT_TRUE(accept(*store_, "x").ok());
+  store_.reset();
+  run_sql(path_,
+          "UPDATE change SET changes = X'000A4E6F77686572652E417401017800' WHERE generation = 2");
+  pass(kMinute);
+  const std::string before = content_of(path_);
+  EXPECT_EQ(error_on_open(options_), StoreError::kCorrupt);
+  EXPECT_EQ(content_of(path_), before);
+  options_.keep_corrupt_aside = true;
+  EXPECT_EQ(opened()->generation(), 1U);
+  EXPECT_EQ(content_of(path_ + ".corrupt-1"), before);
+}
+
 TEST_F(StorePending, StaysWhenAnyProcessConfirms) {
   EXPECT_TRUE(accept(*store_, "x").ok());
   EXPECT_TRUE(opened()->confirm().ok());
