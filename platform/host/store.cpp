@@ -126,6 +126,7 @@ void Store::Impl::open() {
 void Store::Impl::load() {
   file = std::make_unique<StoreFile>(store_path, options);
   reload();
+  file->keep_log();
   shared->set_counter(static_cast<std::uint32_t>(2 * generation));
   if (!pending || !is_too_late(*pending)) return;
   revert_pending(*pending);

@@ -136,14 +136,18 @@ StoreFile::StoreFile(const std::string& path, const StoreOptions& options)
   }
   if (database_.number("PRAGMA page_count") == 0) make_new();
   check_owner();
+}
+
+/// A file that is in another mode, as a copy may be, is changed by this.
+void StoreFile::keep_log() {
   const std::string mode = database_.text("PRAGMA journal_mode = WAL");
   if (mode != "wal" && mode != "memory") {
     throw StoreFailure(StoreError::kIo, "the file system cannot hold a write-ahead log");
   }
-  // Durable at every commit with one sync; the log is written back at 1 MiB and cut to that.
+  // Durable at every commit with one sync; the log is written back at 4 MiB and cut to that.
   database_.run("PRAGMA synchronous = FULL");
-  database_.run("PRAGMA wal_autocheckpoint = 256");
-  database_.run("PRAGMA journal_size_limit = 1048576");
+  database_.run("PRAGMA wal_autocheckpoint = 1024");
+  database_.run("PRAGMA journal_size_limit = 4194304");
 }
 
 void StoreFile::check_owner() {

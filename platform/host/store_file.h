@@ -41,6 +41,9 @@ class StoreFile {
   /// Opens and checks the file; makes it in factory state when it is empty or absent.
   StoreFile(const std::string& path, const StoreOptions& options);
 
+  /// From now on a commit is written to a log. For a file that was read and is sound.
+  void keep_log();
+
   Database& database() { return database_; }
 
   void require_sound();  ///< reads the whole file

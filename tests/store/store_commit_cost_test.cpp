@@ -34,6 +34,8 @@ class StoreCommitCost : public StoreBench {
       names_.push_back(parameter.name);
     }
     EXPECT_EQ(names_.size(), kChanges);
+    store_.reset();  // so that the log begins without all this
+    store_ = opened();
     for (int i = 0; i < 40; ++i) commit_changes(i);  // until no change is the first of its kind
     (void)counting_vfs::taken();
   }
@@ -76,10 +78,10 @@ TEST_F(StoreCommitCost, OfWritingTheLogBackIsRareAndSmall) {
     syncs += counts.syncs;
     if (counts.database_writes == 0) continue;
     ++write_backs;
-    EXPECT_LE(counts.bytes, 256 * 1024) << i;
+    EXPECT_LE(counts.bytes, 512 * 1024) << i;
   }
   EXPECT_GT(write_backs, 0);
-  EXPECT_LE(write_backs, kCommits / 30);
+  EXPECT_LE(write_backs, kCommits / 100);
   // Each syncs the log and the database, and the log again when it begins anew.
   EXPECT_LE(syncs, kCommits + 3 * write_backs);
 }
@@ -99,12 +101,12 @@ TEST_F(StoreCommitCost, OfNothingIsNothing) {
 }
 
 TEST_F(StoreCommitCost, KeepsTheLogBoundedWhileAnotherHoldsItsView) {
-  constexpr std::uintmax_t kBound = 2U << 20U;
+  constexpr std::uintmax_t kBound = 5U << 20U;
   auto reader = opened();
   const std::string seen = reader->tree().value(names_.front());
   const host::ReadHold hold(*reader);
   std::uintmax_t largest = 0;
-  for (int i = 0; i < 300; ++i) {
+  for (int i = 0; i < 600; ++i) {
     (void)commit_changes(i);
     largest = std::max(largest, std::filesystem::file_size(path_ + "-wal"));
   }

@@ -107,6 +107,23 @@ TEST_F(StoreOpen, LeavesANewerFormatAsItIs) {
   EXPECT_EQ(content_of(path_), before);
 }
 
+TEST_F(StoreOpen, LeavesDamagedContentInWhateverModeAsItIs) {
+  opened();
+  run_sql(path_, "PRAGMA journal_mode = DELETE; DELETE FROM change");
+  const std::string before = content_of(path_);
+  EXPECT_EQ(error_on_open(), StoreError::kCorrupt);
+  EXPECT_EQ(content_of(path_), before);
+}
+
+TEST_F(StoreOpen, KeepsALogForACopyWithoutOne) {
+  opened();
+  run_sql(path_, "PRAGMA journal_mode = DELETE");
+  auto store = opened();
+  store->tree().set_value(kUrl, "x");
+  EXPECT_TRUE(store->commit().ok());
+  EXPECT_TRUE(std::filesystem::exists(path_ + "-wal"));
+}
+
 TEST_F(StoreOpen, RefusesDamagedContent) {
   const char* const damages[] = {
       "DELETE FROM change",
