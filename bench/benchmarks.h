@@ -12,15 +12,16 @@
 #define BENCH_BENCHMARKS_H
 
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 
 #include <chrono>
+#include <cstddef>
 #include <map>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "memory_figures.h"
 #include "workload.h"
 
 namespace bench {
@@ -141,17 +142,22 @@ void remove(benchmark::State& state) {
   add_and_remove<Subject>(state, false, [](auto&, const std::string&) {});
 }
 
+/// Memory that the process has from the allocator, with the allocator's own share of it.
+inline std::size_t allocated() {
+  const auto info = mallinfo2();
+  return info.uordblks + info.hblkhd;
+}
+
+/// What a subject takes to hold each workload, as a benchmark that does nothing else.
 template <typename Subject>
-void note_memory(const std::string& name) {
-  for (const int connections : kSizes) {
-    const Workload& work = workload(connections);
+void bytes(benchmark::State& state) {
+  const Workload& work = workload(static_cast<int>(state.range(0)));
+  for (auto iteration : state) {
+    (void)iteration;
     const std::size_t before = allocated();
     const auto subject = std::make_unique<Subject>(work);
-    const double bytes =
+    state.counters["bytes"] =
         static_cast<double>(allocated() - before) / static_cast<double>(work.entries.size());
-    memory_figures().push_back({name, connections, bytes});
-    benchmark::AddCustomContext("bytes a parameter/" + name + "/" + std::to_string(connections),
-                                std::to_string(bytes));
   }
 }
 
@@ -164,6 +170,9 @@ void register_subject(const std::string& name) {
       {"add and write", add_and_write<Subject>},
       {"delete", remove<Subject>}};
   for (const int connections : kSizes) {
+    benchmark::RegisterBenchmark(("bytes/" + name).c_str(), bytes<Subject>)
+        ->Arg(connections)
+        ->Iterations(1);
     for (const auto& [work, function] : timed) {
       benchmark::RegisterBenchmark((work + ("/" + name)).c_str(), function)->Arg(connections);
     }
@@ -176,12 +185,14 @@ void register_subject(const std::string& name) {
 }
 
 void register_augeas();
-void register_durable();
 void register_libyang();
 void register_lmdb();
 void register_map();
 void register_sqlite();
+void register_store();  ///< the tree's, on disk
+void register_table();  ///< SQLite's, on disk
 void register_tree();
+void register_undoable();
 
 }  // namespace bench
 

@@ -44,6 +44,7 @@ class StoreOnDisk {
   }
 
   void close() { store_.reset(); }
+  void reopen() { store_ = opened(); }
   void load() const { benchmark::DoNotOptimize(opened()); }
 
   void begin() {}
@@ -78,6 +79,7 @@ class TableOnDisk {
   }
 
   void close() { table_.reset(); }
+  void reopen() { table_ = std::make_unique<SqliteFile>(path_, counting_vfs::kName); }
   /// Into a map, which grows as the rows come, for nobody knows their number beforehand.
   void load() const {
     std::unordered_map<std::string, std::string> map;
@@ -102,6 +104,9 @@ class TableOnDisk {
 class UndoableTableOnDisk {
  public:
   explicit UndoableTableOnDisk(const Workload& work) : table_(work) {}
+
+  void close() { table_.close(); }
+  void reopen() { table_.reopen(); }
 
   void begin() {
     undo_.clear();
@@ -136,10 +141,13 @@ std::vector<Entry> changes_of(const Workload& work) {
   return changes;
 }
 
-/// A subject with its changes; made at first use and kept for all repeats.
+/// A subject with its changes; made at first use and kept.
 template <typename OnDisk>
 struct Changing {
-  explicit Changing(const Workload& work) : subject(work), changes(changes_of(work)) {}
+  explicit Changing(const Workload& work) : subject(work), changes(changes_of(work)) {
+    subject.close();  // so that the log begins without the workload
+    subject.reopen();
+  }
 
   static Changing& of(const benchmark::State& state) {
     static std::map<long, std::unique_ptr<Changing>> made;
@@ -188,23 +196,37 @@ void open(benchmark::State& state) {
   }
 }
 
-}  // namespace
-
-void register_durable() {
+template <typename OnDisk>
+void register_commit(const std::string& name) {
+  constexpr double kSeconds = 0.5;  // for some write-backs of the log
   counting_vfs::install();
   for (const int connections : kSizes) {
-    benchmark::RegisterBenchmark("commit/tree", commit<StoreOnDisk>)
+    benchmark::RegisterBenchmark(("commit/" + name).c_str(), commit<OnDisk>)
         ->Arg(connections)
+        ->MinTime(kSeconds)
         ->UseRealTime();
-    benchmark::RegisterBenchmark("commit/table", commit<TableOnDisk>)
-        ->Arg(connections)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("commit/undoable", commit<UndoableTableOnDisk>)
-        ->Arg(connections)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("open/tree", open<StoreOnDisk>)->Arg(connections);
-    benchmark::RegisterBenchmark("open/map", open<TableOnDisk>)->Arg(connections);
   }
 }
+
+template <typename OnDisk>
+void register_open(const std::string& name) {
+  for (const int connections : kSizes) {
+    benchmark::RegisterBenchmark(("open/" + name).c_str(), open<OnDisk>)->Arg(connections);
+  }
+}
+
+}  // namespace
+
+void register_store() {
+  register_commit<StoreOnDisk>("tree");
+  register_open<StoreOnDisk>("tree");
+}
+
+void register_table() {
+  register_commit<TableOnDisk>("table");
+  register_open<TableOnDisk>("map");
+}
+
+void register_undoable() { register_commit<UndoableTableOnDisk>("undoable"); }
 
 }  // namespace bench

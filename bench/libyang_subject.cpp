@@ -120,9 +120,6 @@ class LibyangSubject {
 
 }  // namespace
 
-void register_libyang() {
-  note_memory<LibyangSubject>("libyang");
-  register_subject<LibyangSubject>("libyang");
-}
+void register_libyang() { register_subject<LibyangSubject>("libyang"); }
 
 }  // namespace bench

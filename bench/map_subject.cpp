@@ -44,9 +44,6 @@ class MapSubject {
 
 }  // namespace
 
-void register_map() {
-  note_memory<MapSubject>("map");
-  register_subject<MapSubject>("map");
-}
+void register_map() { register_subject<MapSubject>("map"); }
 
 }  // namespace bench

@@ -1,16 +1,30 @@
-#include "ratio_table.h"
-
+// Prints the medians of many measurements as a table of ratios to the map.
+//
+// usage: ratio_table ALL MEASUREMENT...
+//   ALL          is written: every figure, with its median
+//   MEASUREMENT  what one process of tree_bench wrote, as JSON
+#include <algorithm>
 #include <cstddef>
 #include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <fstream>
 #include <iterator>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <tuple>
+#include <vector>
 
-#include "memory_figures.h"
 #include "workload.h"
 
-namespace bench {
 namespace {
 
+using bench::kSizes;
+using nlohmann::json;
+
 const char* const kPeers[] = {"augeas", "libyang", "sqlite", "lmdb"};
+const char* const kCounters[] = {"bytes", "syncs", "KiB"};
 
 struct Row {
   const char* work;
@@ -30,7 +44,7 @@ const Row kRows[] = {
 /// How many instances one iteration handles.
 int instances_of(const std::string& work, int connections) {
   if (work == "enumerate") return connections;
-  return work == "add" || work == "add and write" || work == "delete" ? kBatch : 1;
+  return work == "add" || work == "add and write" || work == "delete" ? bench::kBatch : 1;
 }
 
 /// The parts of "work/subject/connections" with whatever follows.
@@ -41,43 +55,61 @@ std::vector<std::string> parts_of(const std::string& name) {
           name.substr(second + 1)};
 }
 
-}  // namespace
-
-bool RatioTable::ReportContext(const Context& /*context*/) {
-  for (const MemoryFigure& memory : memory_figures()) {
-    figures_[{"bytes", memory.connections, memory.subject}] = memory.bytes;
-  }
-  return true;
+double median(std::vector<double> values) {
+  std::sort(values.begin(), values.end());
+  const std::size_t middle = values.size() / 2;
+  return values.size() % 2 != 0 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
 }
 
-void RatioTable::ReportRuns(const std::vector<Run>& runs) {
-  for (const Run& run : runs) {
-    if (run.aggregate_name != "median") continue;
-    const auto parts = parts_of(run.run_name.str());
-    const int connections = std::stoi(parts[2]);
-    figures_[{parts[0], connections, parts[1]}] =
-        run.GetAdjustedRealTime() / instances_of(parts[0], connections);
-    for (const auto& [name, count] : run.counters) {
-      figures_[{parts[0] + " " + name, connections, parts[1]}] = count;
+/// Nanoseconds, bytes a parameter, or what a commit costs: by work, connections and subject.
+class Figures {
+ public:
+  void add(const json& measurement) {
+    for (const json& run : measurement.at("benchmarks")) {
+      const auto parts = parts_of(run.at("name"));
+      const int connections = std::stoi(parts[2]);
+      for (const char* counter : kCounters) {
+        if (!run.contains(counter)) continue;
+        const std::string work = parts[0] == counter ? parts[0] : parts[0] + " " + counter;
+        figures_[{work, connections, parts[1]}].push_back(run.at(counter));
+      }
+      if (parts[0] == "bytes") continue;
+      figures_[{parts[0], connections, parts[1]}].push_back(run.at("real_time").get<double>() /
+                                                            instances_of(parts[0], connections));
     }
   }
-}
 
-double RatioTable::figure(const std::string& work, int connections,
-                          const std::string& subject) const {
-  const auto found = figures_.find({work, connections, subject});
-  return found != figures_.end() ? found->second : 0;
-}
+  double of(const std::string& work, int connections, const std::string& subject) const {
+    const auto found = figures_.find({work, connections, subject});
+    return found != figures_.end() ? median(found->second) : 0;
+  }
 
-void RatioTable::print_row(const std::string& work, const std::string& label,
-                           int connections) const {
-  const double map = figure(work, connections, "map");
-  const double tree = figure(work, connections, "tree");
+  json all() const {
+    json listed = json::array();
+    for (const auto& [place, values] : figures_) {
+      const auto& [work, connections, subject] = place;
+      listed.push_back({{"work", work},
+                        {"connections", connections},
+                        {"subject", subject},
+                        {"median", median(values)},
+                        {"figures", values}});
+    }
+    return listed;
+  }
+
+ private:
+  using Place = std::tuple<std::string, int, std::string>;
+  std::map<Place, std::vector<double>> figures_;
+};
+
+void print_row(const Figures& figures, const Row& row, int connections) {
+  const double map = figures.of(row.work, connections, "map");
+  const double tree = figures.of(row.work, connections, "tree");
   if (map <= 0 || tree <= 0) return;
-  std::printf("| %-26s | %5d | %8.1f | %8.1f | %10.2f |", label.c_str(), connections, map, tree,
+  std::printf("| %-26s | %5d | %8.1f | %8.1f | %10.2f |", row.label, connections, map, tree,
               tree / map);
   for (const char* peer : kPeers) {
-    const double value = figure(work, connections, peer);
+    const double value = figures.of(row.work, connections, peer);
     if (value > 0) {
       std::printf(" %8.1f |", value / map);
     } else {
@@ -87,8 +119,27 @@ void RatioTable::print_row(const std::string& work, const std::string& label,
   std::printf("\n");
 }
 
-void RatioTable::print_commits() const {
-  if (figure("commit", kSizes[0], "table") <= 0) return;
+void print_rows(const Figures& figures) {
+  std::printf("Times in ns. The last five columns are multiples of the map.\n\n");
+  std::printf("| %-26s | %5s | %8s | %8s | %10s |", "work", "conn.", "map", "tree", "tree / map");
+  for (const char* peer : kPeers) std::printf(" %8s |", peer);
+  std::printf("\n|----------------------------|------:|---------:|---------:|-----------:|");
+  for (std::size_t i = 0; i < std::size(kPeers); ++i) std::printf("---------:|");
+  std::printf("\n");
+  for (const Row& row : kRows) {
+    for (const int connections : kSizes) print_row(figures, row, connections);
+  }
+}
+
+void print_commit(const Figures& figures, int connections, const std::string& subject) {
+  constexpr double kMicro = 1000;
+  std::printf(" %4.0f, %4.2f, %4.1f |", figures.of("commit", connections, subject) / kMicro,
+              figures.of("commit syncs", connections, subject),
+              figures.of("commit KiB", connections, subject));
+}
+
+void print_commits(const Figures& figures) {
+  if (figures.of("commit", kSizes[0], "table") <= 0) return;
   std::printf(
       "\nA durable commit of 60 changes, in us: SQLite directly, the same with what undoes the"
       " change, the store.\nBehind each: syncs and KiB written.\n\n"
@@ -98,31 +149,29 @@ void RatioTable::print_commits() const {
       "------------------:|\n");
   for (const int size : kSizes) {
     std::printf("| %5d |", size);
-    for (const char* subject : {"table", "undoable", "tree"}) print_commit(size, subject);
-    const double tree = figure("commit", size, "tree");
-    std::printf(" %14.2f | %17.2f |\n", tree / figure("commit", size, "table"),
-                tree / figure("commit", size, "undoable"));
+    for (const char* subject : {"table", "undoable", "tree"}) print_commit(figures, size, subject);
+    const double tree = figures.of("commit", size, "tree");
+    std::printf(" %14.2f | %17.2f |\n", tree / figures.of("commit", size, "table"),
+                tree / figures.of("commit", size, "undoable"));
   }
 }
 
-void RatioTable::print_commit(int connections, const std::string& subject) const {
-  constexpr double kMicro = 1000;
-  std::printf(" %4.0f, %4.2f, %4.1f |", figure("commit", connections, subject) / kMicro,
-              figure("commit syncs", connections, subject),
-              figure("commit KiB", connections, subject));
-}
+}  // namespace
 
-void RatioTable::Finalize() {
-  std::printf("Times in ns. The last five columns are multiples of the map.\n\n");
-  std::printf("| %-26s | %5s | %8s | %8s | %10s |", "work", "conn.", "map", "tree", "tree / map");
-  for (const char* peer : kPeers) std::printf(" %8s |", peer);
-  std::printf("\n|----------------------------|------:|---------:|---------:|-----------:|");
-  for (std::size_t i = 0; i < std::size(kPeers); ++i) std::printf("---------:|");
-  std::printf("\n");
-  for (const Row& row : kRows) {
-    for (const int connections : kSizes) print_row(row.work, row.label, connections);
+int main(int argc, char** argv) {
+  if (argc < 3) {
+    std::fprintf(stderr, "usage: ratio_table ALL MEASUREMENT...\n");
+    return EXIT_FAILURE;
   }
-  print_commits();
+  try {
+    Figures figures;
+    for (int at = 2; at < argc; ++at) figures.add(json::parse(std::ifstream(argv[at])));
+    std::ofstream(argv[1]) << figures.all().dump(1) << '\n';
+    print_rows(figures);
+    print_commits(figures);
+  } catch (const std::exception& problem) {
+    std::fprintf(stderr, "ratio_table: %s\n", problem.what());
+    return EXIT_FAILURE;
+  }
+  return EXIT_SUCCESS;
 }
-
-}  // namespace bench

@@ -84,9 +84,6 @@ class SqliteSubject {
 
 }  // namespace
 
-void register_sqlite() {
-  note_memory<SqliteSubject>("sqlite");
-  register_subject<SqliteSubject>("sqlite");
-}
+void register_sqlite() { register_subject<SqliteSubject>("sqlite"); }
 
 }  // namespace bench

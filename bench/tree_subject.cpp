@@ -41,9 +41,6 @@ class TreeSubject {
 
 }  // namespace
 
-void register_tree() {
-  note_memory<TreeSubject>("tree");
-  register_subject<TreeSubject>("tree");
-}
+void register_tree() { register_subject<TreeSubject>("tree"); }
 
 }  // namespace bench
