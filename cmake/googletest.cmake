@@ -21,8 +21,8 @@ include(GoogleTest)
 
 # Registers a program's tests.
 #   add_google_tests(<program> [TEST_PREFIX <prefix>])
-# Each test is one of CTest's; or, with IGD_TESTS_BY_PROGRAM, the whole program is, which saves an
-# emulator its many starts.
+# Each test is one of CTest's; or, with IGD_TESTS_BY_PROGRAM, the whole program is, where starts take
+# long: with an emulator, or the sanitizers.
 function(add_google_tests program)
   if(NOT IGD_TESTS_BY_PROGRAM)
     gtest_discover_tests(${program} ${ARGN} NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60
