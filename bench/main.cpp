@@ -1,5 +1,5 @@
-// Measures one subject in this process. What lies beside it in memory moves its times by a fifth, so
-// the subjects do not share a process, and scripts/bench starts many of each.
+// Measures one subject in this process. What lies beside it in memory moves its times by a fifth,
+// so the subjects do not share a process, and scripts/bench starts many of each.
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>

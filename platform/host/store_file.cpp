@@ -177,7 +177,10 @@ void StoreFile::make_new() {
 
 void StoreFile::require_sound() {
   const std::string verdict = database_.text("PRAGMA quick_check(1)");
-  if (verdict != "ok") throw StoreFailure(StoreError::kCorrupt, verdict);
+  if (verdict == "ok") return;
+  // A page that the disk does not give is among the findings.
+  const bool unreadable = verdict.find("error code") != std::string::npos;
+  throw StoreFailure(unreadable ? StoreError::kIo : StoreError::kCorrupt, verdict);
 }
 
 Generation StoreFile::generation() {

@@ -142,6 +142,40 @@ TEST_P(DiskFault, IsAnErrorAndTheOldTreeAndTheStoreGoesOn) {
   std::printf("%d faults, %d of them failed a step\n", count, failures_);
 }
 
+// Whoever reverts an unconfirmed change looks at the whole file first, and tells a page that the
+// disk does not give from one that is damaged.
+TEST(LateRevert, OfAStoreThatCannotBeReadIsNoDamage) {
+  const TemporaryFolder folder;
+  const std::string path = folder.path() + "/gateway.db";
+  std::int64_t now = 1000;
+  host::StoreOptions options;
+  options.vfs = kDiskVfs;
+  options.clock = [&now] { return host::BootTime{"boot", now}; };
+  Disk disk;
+  use_disk(disk);
+  {
+    const auto store = host::Store::open(path, options, nullptr);
+    ASSERT_TRUE(store->begin_trial().ok());
+    store->tree().set_value("InternetGatewayDevice.ManagementServer.URL", "x");
+    ASSERT_TRUE(store->accept_pending(1, "x").ok());
+  }
+  now += 2000;
+  int failures = 0;
+  for (bool came = true; came;) {
+    const std::unique_ptr<Disk> copy = disk.copy();
+    use_disk(*copy);
+    Fault fault = {kRead, 0, 0, SQLITE_IOERR_READ, EIO, false};
+    fault.nth = failures + 1;
+    copy->arm(fault);
+    host::StoreResult result;
+    const auto store = host::Store::open(path, options, &result);
+    came = copy->is_struck();
+    EXPECT_EQ(result.error, came ? StoreError::kIo : StoreError::kNone) << result.text;
+    if (came) ++failures;
+  }
+  EXPECT_GT(failures, 5);
+}
+
 std::string name_of_case(const testing::TestParamInfo<FaultCase>& tested) {
   return tested.param.name;
 }
