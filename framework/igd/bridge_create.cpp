@@ -80,9 +80,8 @@ std::string _create_bridge(std::string wan_path, int kind, int vlan_enable, int 
   std::string name;
   const std::string existing = find_bridge(wan_path, kind, &name);
   if (!existing.empty()) return existing;
-  int instance = 0;
-  (void)igd::add_instance(igd::kBridgeTable, instance);
-  const std::string bridge_path = igd::numbered(igd::kBridgeTable, instance);
+  // Kept: whether it was added is not looked at.
+  std::string bridge_path = igd::add_instance(igd::kBridgeTable).path;
   _set_value(bridge_path, "BridgeName", name);
   write_bridge_vlan(bridge_path, wan_path, vlan_enable, vlan_id, info);
   if (kind == igd::kWanBridge) _set_value(bridge_path, "X_ZYN_WANName", wan_path);
@@ -95,10 +94,7 @@ void _create_port(std::string bridge_path, std::string depend_wan, std::string p
                   api_wan_info* info) {
   if (igd::tree() == nullptr) return;
   const std::string vlan = choose_port_vlan(bridge_path, depend_wan);
-  const std::string table_path = bridge_path + "Port.";
-  int instance = 0;
-  (void)igd::add_instance(table_path, instance);
-  const std::string port_path = igd::numbered(table_path, instance);
+  const std::string port_path = igd::add_instance(bridge_path + "Port.").path;
   _set_value(port_path, "PVID", vlan);
   _set_value(port_path, "PortInterface", port_interface);
   if (depend_wan.empty()) {

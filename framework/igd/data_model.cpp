@@ -90,10 +90,11 @@ void delete_object(const std::string& object_path) {
   if (mib != nullptr) (void)mib->deleteObject(object_path);
 }
 
-bool add_instance(const std::string& table_path, int& instance) {
-  instance = 0;
+NewInstance add_instance(const std::string& table_path) {
   MibAccess* const mib = tree();
-  return mib != nullptr && mib->addObject(table_path, &instance, kInternalAccess) == 0;
+  int number = 0;
+  const bool added = mib != nullptr && mib->addObject(table_path, &number, kInternalAccess) == 0;
+  return {added, numbered(table_path, number)};
 }
 
 void commit() {

@@ -49,10 +49,12 @@ bool value_is(const std::string& path, const char* name, const std::string& text
 /// Deletes an object; the result is ignored, as everywhere but in clearing all routes.
 void delete_object(const std::string& object_path);
 
+struct NewInstance {
+  bool added;
+  std::string path;  ///< ends in the number that the platform gave, 0 when it gave none
+};
 /// Adds an instance to a table.
-/// @param instance  set to 0 first, then to the new number by the platform
-/// @return whether it was added
-bool add_instance(const std::string& table_path, int& instance);
+NewInstance add_instance(const std::string& table_path);
 
 void commit();
 

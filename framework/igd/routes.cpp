@@ -34,9 +34,8 @@ std::string find_route(const api_route_info& route) {
 
 // Kept: when nothing could be added the path stays empty, and the tree refuses the bare names.
 std::string add_route() {
-  int instance = 0;
-  if (!igd::add_instance(igd::kForwardingTable, instance)) return {};
-  return igd::numbered(igd::kForwardingTable, instance);
+  const igd::NewInstance route = igd::add_instance(igd::kForwardingTable);
+  return route.added ? route.path : std::string();
 }
 
 void write_next_hop(const std::string& route_path, const api_route_info& route) {

@@ -10,37 +10,30 @@ std::string find_or_add_wan_device(const std::string& access_type) {
   const std::string found =
       igd::parameter_with_value(igd::kEverywhere, kWanAccessType, access_type);
   if (!found.empty()) return objectPathOf(objectPathOf(found));
-  int instance = 0;
-  if (!igd::add_instance(igd::kWanDeviceTable, instance)) return {};
-  std::string device_path = igd::numbered(igd::kWanDeviceTable, instance);
+  auto [added, device_path] = igd::add_instance(igd::kWanDeviceTable);
+  if (!added) return {};
   _set_value(device_path, "WANCommonInterfaceConfig.WANAccessType", access_type);
   return device_path;
 }
 
 // The mapping that makes a connection object forward everything to the DMZ host.
 void add_dmz_mapping(const std::string& connection_path) {
-  const std::string table_path = connection_path + "PortMapping.";
-  int instance = 0;
-  if (!igd::add_instance(table_path, instance)) return;
-  const std::string mapping_path = igd::numbered(table_path, instance);
+  const auto [added, mapping_path] = igd::add_instance(connection_path + "PortMapping.");
+  if (!added) return;
   _set_value(mapping_path, "PortMappingProtocol", "ALL");
   _set_value(mapping_path, "PortMappingDescription", "DMZ");
 }
 
 void add_ip_connection(const std::string& wan_path, const char* addressing_type) {
-  const std::string table_path = wan_path + "WANIPConnection.";
-  int instance = 0;
-  if (!igd::add_instance(table_path, instance)) return;
-  const std::string connection_path = igd::numbered(table_path, instance);
+  const auto [added, connection_path] = igd::add_instance(wan_path + "WANIPConnection.");
+  if (!added) return;
   _set_value(connection_path, "AddressingType", addressing_type);
   add_dmz_mapping(connection_path);
 }
 
 void add_ppp_connection(const std::string& wan_path) {
-  const std::string table_path = wan_path + "WANPPPConnection.";
-  int instance = 0;
-  if (!igd::add_instance(table_path, instance)) return;
-  add_dmz_mapping(igd::numbered(table_path, instance));
+  const auto [added, connection_path] = igd::add_instance(wan_path + "WANPPPConnection.");
+  if (added) add_dmz_mapping(connection_path);
 }
 
 }  // namespace
@@ -54,10 +47,8 @@ std::string igd_wan_create(std::string access_type, api_wan_info* info) {
   }
   const std::string device_path = find_or_add_wan_device(access_type);
   if (device_path.empty()) return {};
-  const std::string table_path = device_path + "WANConnectionDevice.";
-  int instance = 0;
-  if (!igd::add_instance(table_path, instance)) return {};
-  std::string wan_path = igd::numbered(table_path, instance);
+  auto [added, wan_path] = igd::add_instance(device_path + "WANConnectionDevice.");
+  if (!added) return {};
   add_ip_connection(wan_path, "Static");
   add_ip_connection(wan_path, "DHCP");
   add_ppp_connection(wan_path);

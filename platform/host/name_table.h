@@ -22,7 +22,7 @@ class NameTable {
   std::size_t find(std::string_view name) const {  ///< its place, or kNone
     if (slots_.empty()) return kNone;
     const std::size_t last = slots_.size() - 1;
-    std::size_t at = TextHash::of(name) & last;
+    std::size_t at = TextHash::of_ends(name) & last;
     while (slots_[at].place != kNone && slots_[at].name != name) at = (at + 1) & last;
     return slots_[at].place;
   }

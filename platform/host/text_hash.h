@@ -27,8 +27,16 @@ class TextHash {
     return finished(mixed(odd, word(last)) ^ wrapped_product(even, kFactor));
   }
 
+  /// Looks at both ends only, where parameters of one object differ.
+  static std::uint32_t of_ends(std::string_view text) {
+    if (text.size() < kWord) return finished(mixed(text.size(), short_word(text)));
+    const std::uint64_t first = mixed(text.size(), word(text.data()));
+    return finished(mixed(first, word(text.data() + text.size() - kWord)));
+  }
+
  private:
   static constexpr std::size_t kWord = sizeof(std::uint64_t);
+  static constexpr std::size_t kHalfWord = sizeof(std::uint32_t);
   static constexpr unsigned kByteBits = 8;
   static constexpr unsigned kHalfBits = 32;
   static constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15U;
@@ -39,9 +47,24 @@ class TextHash {
     return bytes;
   }
 
+  static std::uint32_t half_word(const char* at) {
+    std::uint32_t bytes = 0;
+    std::memcpy(&bytes, at, kHalfWord);
+    return bytes;
+  }
+
+  /// All bytes of a text shorter than a word; some of them twice.
   static std::uint64_t short_word(std::string_view text) {
+    const char* const at = text.data();
+    const std::size_t size = text.size();
+    if (size >= kHalfWord) {
+      return static_cast<std::uint64_t>(half_word(at)) << kHalfBits |
+             half_word(at + size - kHalfWord);
+    }
     std::uint64_t bytes = 0;
-    for (const char c : text) bytes = bytes << kByteBits | static_cast<unsigned char>(c);
+    for (std::size_t i = 0; i < size; ++i) {
+      bytes = bytes << kByteBits | static_cast<unsigned char>(at[i]);
+    }
     return bytes;
   }
 

@@ -93,27 +93,26 @@ TEST_F(DataModel, SwitchesOffAndDeletesAlsoAPortThatIsNotThere) {
                                                        "deleteObject " + port_path}));
 }
 
-TEST_F(DataModel, GivesTheNumberOfAnAddedInstance) {
-  int instance = 0;
-  EXPECT_TRUE(igd::add_instance(kBridges, instance));
-  EXPECT_EQ(instance, 2);
+TEST_F(DataModel, GivesThePathOfAnAddedInstance) {
+  const auto [added, path] = igd::add_instance(kBridges);
+  EXPECT_TRUE(added);
+  EXPECT_EQ(path, kBridges + "2.");
   EXPECT_TRUE(tree_.has_object(kBridges + "2."));
 }
 
 TEST_F(DataModel, StartsFromNumberZeroAndKeepsItWhenAddingFails) {
   support::FailingAdds failing(host::mib_access(), 1);
   const support::BehindSwitchboard behind(failing);
-  int instance = 7;
-  EXPECT_FALSE(igd::add_instance(kWanDevices, instance));
-  EXPECT_EQ(instance, 0);
+  const auto [added, path] = igd::add_instance(kWanDevices);
+  EXPECT_FALSE(added);
+  EXPECT_EQ(path, kWanDevices + "0.");
   EXPECT_FALSE(tree_.has_object(kWanDevices + "1."));
 }
 
 TEST_F(DataModel, PassesThePlatformItsFixedArguments) {
   ArgumentRecorder recorder;
   const support::BehindSwitchboard behind(recorder);
-  int instance = 7;
-  (void)igd::add_instance(kWanDevices, instance);
+  (void)igd::add_instance(kWanDevices);
   _set_value(kBridges + "1.", "VLANID", "1");
   igd::commit();
   igd::commit_and_apply();

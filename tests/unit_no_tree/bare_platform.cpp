@@ -1,5 +1,7 @@
 #include "bare_platform.h"
 
+#include <unistd.h>
+
 #include <cstdarg>
 #include <cstdio>
 
@@ -13,6 +15,7 @@ std::string log;
 PlatformContext* context = nullptr;
 int context_calls = 0;
 int context_calls_before_log = 0;
+long printed_before_context = -1;
 
 MibAccess* Context::mibAccess() {
   asked.emplace_back("tree");
@@ -34,6 +37,10 @@ std::string take_log() {
 
 PlatformContext* getContext() {
   ++bare::context_calls;
+  if (bare::printed_before_context < 0) {
+    std::fflush(stdout);
+    bare::printed_before_context = static_cast<long>(::lseek(STDOUT_FILENO, 0, SEEK_CUR));
+  }
   return bare::context;
 }
 

@@ -26,6 +26,10 @@ extern int context_calls;
 /// How often getContext had been called when the first line was logged since take_log().
 extern int context_calls_before_log;
 
+/// How much had been printed when getContext was called first since this was below 0. For a
+/// standard output that is a file.
+extern long printed_before_context;
+
 /// What was logged since the last call, one text a line.
 std::string take_log();
 

@@ -43,6 +43,12 @@ TEST_P(NoContextAsking, AsksForTheContextBeforeItLogs) {
   EXPECT_GT(bare::context_calls_before_log, before);
 }
 
+TEST_P(NoContextAsking, AsksForTheContextBeforeItPrints) {
+  bare::printed_before_context = -1;
+  (void)outcome_of(GetParam());
+  EXPECT_EQ(bare::printed_before_context, 0);
+}
+
 TEST_P(NoContextSelfSufficient, AnswersPrintsAndLogsAsItShould) { expect_outcome(GetParam()); }
 
 TEST_P(NoContextSelfSufficient, DoesNotAskForTheContext) {

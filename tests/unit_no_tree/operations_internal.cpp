@@ -21,9 +21,8 @@ std::string create_port() {
 }
 
 std::string add_instance() {
-  int instance = 7;
-  const bool added = igd::add_instance("InternetGatewayDevice.Layer2Bridging.Bridge.", instance);
-  return (added ? "added " : "not added ") + std::to_string(instance);
+  const auto [added, path] = igd::add_instance("A.");
+  return (added ? "added " : "not added ") + path;
 }
 
 std::string update_ports() {
@@ -45,7 +44,7 @@ std::vector<Operation> asking_internal_operations() {
       {"_create_port", create_port, "0", "", ""},
       {"_find_vlan_id", [] { return _find_vlan_id(0, "", "x"); }, "4060", "", ""},
       {"_wan_port_update", update_ports, "", "", ""},
-      {"add_instance", add_instance, "not added 0", "", ""},
+      {"add_instance", add_instance, "not added A.0.", "", ""},
       {"delete_object", [] { return igd::delete_object(kPortPath), std::string(); }, "", "", ""},
       {"commit", [] { return igd::commit(), std::string(); }, "", "", ""},
       {"commit_and_apply", [] { return igd::commit_and_apply(), std::string(); }, "", "", ""},
