@@ -63,7 +63,7 @@ Cell extension_of(const Node& node, std::string_view name) {
 }
 
 std::string value_of(const Cell& cell) {
-  if (cell.text->has_text()) return std::string(cell.text->view());
+  if (cell.text->has_text()) return cell.text->copy();
   if (!cell.is_count()) return std::string(cell.initial());
   const Node* table = child_of(*cell.owner, cell.row->counted);
   return std::to_string(table != nullptr ? table->instances.size() : 0);

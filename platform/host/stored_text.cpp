@@ -11,14 +11,8 @@ std::size_t StoredText::block_size(std::size_t length) {
   return (sizeof(Length) + length + kOverhead + kStep - 1) / kStep * kStep - kOverhead;
 }
 
-void StoredText::put_anywhere(std::string_view text) {
-  if (text.size() <= kLongestShort) {
-    clear();
-    put_short(text);
-    return;
-  }
-  const bool fits =
-      !is_short() && block() != nullptr && block_size(view().size()) == block_size(text.size());
+void StoredText::put_into_block(std::string_view text) {
+  const bool fits = form_ == kInBlock && block_size(view().size()) == block_size(text.size());
   if (!fits) {
     char* const bigger = new char[block_size(text.size())];
     clear();

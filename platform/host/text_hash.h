@@ -76,12 +76,14 @@ class TextHash {
   }
 
   static std::uint64_t mixed(std::uint64_t hash, std::uint64_t bytes) {
-    const std::uint64_t product = wrapped_product(hash ^ bytes, kFactor);
-    return product ^ product >> kHalfBits;
+    constexpr unsigned kTurn = 29;  // low bits decide over high ones only, so they change places
+    const std::uint64_t turned = hash << kTurn | hash >> (2 * kHalfBits - kTurn);
+    return wrapped_product(turned ^ bytes, kFactor);
   }
 
   static std::uint32_t finished(std::uint64_t hash) {
-    return static_cast<std::uint32_t>(hash ^ hash >> kHalfBits);
+    return static_cast<std::uint32_t>(wrapped_product(hash ^ hash >> kHalfBits, kFactor) >>
+                                      kHalfBits);
   }
 };
 
