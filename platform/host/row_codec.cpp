@@ -37,96 +37,101 @@ void put_text(std::string& bytes, std::string_view text) {
   bytes.append(text);
 }
 
-void put_row(std::string& bytes, const std::optional<Row>& row) {
+void put_row(std::string& bytes, const std::optional<RowView>& row) {
   if (!row) return;
   put_text(bytes, row->text);
   put_text(bytes, row->type);
 }
 
-/// Takes one thing after the other off the front; once the bytes do not fit, nothing does.
-class Reader {
- public:
-  explicit Reader(std::string_view bytes) : bytes_(bytes) {}
+std::optional<RowView> view_of(const std::optional<Row>& row) {
+  return row ? std::optional<RowView>(host::view_of(*row)) : std::nullopt;
+}
 
-  bool at_end() const { return bytes_.empty(); }
-  bool failed() const { return failed_; }
-  void fail() {
-    failed_ = true;
-    bytes_ = {};
-  }
-
-  std::size_t number() {
-    std::uint32_t number = 0;
-    for (unsigned shift = 0; shift < 4 * kBits; shift += kBits) {
-      if (bytes_.empty()) break;
-      const auto byte = static_cast<unsigned char>(bytes_.front());
-      bytes_.remove_prefix(1);
-      number |= (byte & (kMore - 1)) << shift;
-      if (byte < kMore) return number;
-    }
-    fail();
-    return 0;
-  }
-
-  std::string text() {
-    const std::size_t size = number();
-    if (size > bytes_.size()) {
-      fail();
-      return {};
-    }
-    std::string text(bytes_.substr(0, size));
-    bytes_.remove_prefix(size);
-    return text;
-  }
-
-  std::optional<Row> row(bool is_there) {
-    if (!is_there) return std::nullopt;
-    Row row;
-    row.text = text();
-    row.type = text();
-    return row;
-  }
-
- private:
-  std::string_view bytes_;
-  bool failed_ = false;
-};
+std::optional<Row> row_from(const std::optional<RowView>& view) {
+  return view ? std::optional<Row>({std::string(view->text), std::string(view->type)})
+              : std::nullopt;
+}
 
 }  // namespace
 
-std::string encoded(const RowChanges& changes) {
-  constexpr std::size_t kUsualSize = 48;
-  std::string bytes;
-  bytes.reserve(changes.size() * kUsualSize);
-  std::string_view previous;
-  for (const RowChange& change : changes) {
-    const std::size_t shared = shared_beginning(previous, change.name);
-    put_number(bytes, shared);
-    put_text(bytes, std::string_view(change.name).substr(shared));
-    put_number(bytes, (change.before ? kBefore : 0) | (change.after ? kAfter : 0));
-    put_row(bytes, change.before);
-    put_row(bytes, change.after);
-    previous = change.name;
+void RowWriter::put(std::string_view name, const std::optional<RowView>& before,
+                    const std::optional<RowView>& after) {
+  const std::size_t shared = shared_beginning(previous_, name);
+  put_number(bytes_, shared);
+  put_text(bytes_, name.substr(shared));
+  put_number(bytes_, (before ? kBefore : 0) | (after ? kAfter : 0));
+  put_row(bytes_, before);
+  put_row(bytes_, after);
+  previous_ = name;
+}
+
+bool RowReader::next() {
+  if (rest_.empty()) return false;
+  const std::size_t shared = number();
+  if (shared > name_.size()) fail();
+  name_.resize(failed_ ? 0 : shared);
+  name_.append(text());
+  const std::size_t sides = number();
+  before_ = row((sides & kBefore) != 0);
+  after_ = row((sides & kAfter) != 0);
+  if (sides > (kBefore | kAfter) || name_.empty()) fail();
+  return !failed_;
+}
+
+/// From now on nothing is taken any more.
+void RowReader::fail() {
+  failed_ = true;
+  rest_ = {};
+}
+
+std::size_t RowReader::number() {
+  std::uint32_t number = 0;
+  for (unsigned shift = 0; shift < 4 * kBits; shift += kBits) {
+    if (rest_.empty()) break;
+    const auto byte = static_cast<unsigned char>(rest_.front());
+    rest_.remove_prefix(1);
+    number |= (byte & (kMore - 1)) << shift;
+    if (byte < kMore) return number;
   }
-  return bytes;
+  fail();
+  return 0;
+}
+
+std::string_view RowReader::text() {
+  const std::size_t size = number();
+  if (size > rest_.size()) fail();
+  const std::string_view text = rest_.substr(0, size);
+  rest_.remove_prefix(text.size());
+  return text;
+}
+
+std::optional<RowView> RowReader::row(bool is_there) {
+  if (!is_there) return std::nullopt;
+  const std::string_view row_text = text();
+  return RowView{row_text, text()};
+}
+
+std::string encoded(const RowChanges& changes) {
+  RowWriter writer;
+  for (const RowChange& change : changes) {
+    writer.put(change.name, view_of(change.before), view_of(change.after));
+  }
+  return writer.bytes();
+}
+
+std::string encoded(const RowSet& rows) {
+  RowWriter writer;
+  for (const auto& [name, row] : rows) writer.put(name, std::nullopt, view_of(row));
+  return writer.bytes();
 }
 
 std::optional<RowChanges> decoded(std::string_view bytes) {
   RowChanges changes;
-  Reader reader(bytes);
-  std::string previous;
-  while (!reader.at_end()) {
-    const std::size_t shared = reader.number();
-    if (shared > previous.size()) return std::nullopt;
-    RowChange change;
-    change.name = previous.substr(0, shared) + reader.text();
-    const std::size_t sides = reader.number();
-    change.before = reader.row((sides & kBefore) != 0);
-    change.after = reader.row((sides & kAfter) != 0);
-    if (reader.failed() || sides > (kBefore | kAfter) || change.name.empty()) return std::nullopt;
-    previous = change.name;
-    changes.push_back(std::move(change));
+  RowReader reader(bytes);
+  while (reader.next()) {
+    changes.push_back({reader.name(), row_from(reader.before()), row_from(reader.after())});
   }
+  if (reader.failed()) return std::nullopt;
   return changes;
 }
 

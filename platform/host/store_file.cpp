@@ -19,13 +19,13 @@ namespace host {
 namespace {
 
 constexpr std::int64_t kApplicationId = 0x49474453;
-constexpr std::int64_t kFormat = 1;
+constexpr std::int64_t kFormat = 2;
 constexpr std::int64_t kPageSize = 4096;
 constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
 constexpr const char* kLog = "-wal";
 
 constexpr const char* kTables = R"(
-  CREATE TABLE entry(name TEXT PRIMARY KEY, text BLOB NOT NULL, type TEXT NOT NULL) WITHOUT ROWID;
+  CREATE TABLE object(number INTEGER PRIMARY KEY, path TEXT NOT NULL UNIQUE, rows BLOB NOT NULL);
   CREATE TABLE change(place INTEGER PRIMARY KEY, generation INTEGER NOT NULL,
                       time INTEGER NOT NULL, label TEXT NOT NULL, changes BLOB NOT NULL);
   CREATE TABLE checkpoint(name TEXT PRIMARY KEY, generation INTEGER NOT NULL,
@@ -34,7 +34,7 @@ constexpr const char* kTables = R"(
                        label TEXT NOT NULL, boot TEXT NOT NULL, started INTEGER NOT NULL,
                        deadline INTEGER NOT NULL);
   PRAGMA application_id = 1229407315;
-  PRAGMA user_version = 1;
+  PRAGMA user_version = 2;
 )";
 
 bool is_in_memory(const std::string& path) { return path == ":memory:"; }
@@ -85,40 +85,6 @@ RowChanges checked(const std::string& bytes) {
   std::optional<RowChanges> changes = decoded(bytes);
   if (!changes) throw StoreFailure(StoreError::kCorrupt, "a change is damaged");
   return std::move(*changes);
-}
-
-/// Puts rows in, or in the place of those of their names. The statement takes as many as there are.
-void put(Statement& statement, std::vector<const RowChange*>::const_iterator first, int count) {
-  constexpr int kColumns = 3;
-  for (int place = 0; place < count * kColumns; place += kColumns, ++first) {
-    const auto& [name, before, after] = **first;
-    statement.bind_text(place, name).bind_bytes(place + 1, after->text);
-    statement.bind_text(place + 2, after->type);
-  }
-  statement.run();
-}
-
-/// Many rows at once take two thirds of the time that they take one by one.
-void write_rows(Database& database, const RowChanges& rows) {
-  static constexpr const char* kDelete = "DELETE FROM entry WHERE name = ?";
-  static constexpr const char* kPutOne =
-      "INSERT OR REPLACE INTO entry(name, text, type) VALUES(?,?,?)";
-  static constexpr const char* kPutTen =
-      "INSERT OR REPLACE INTO entry(name, text, type) VALUES"
-      "(?,?,?),(?,?,?),(?,?,?),(?,?,?),(?,?,?),(?,?,?),(?,?,?),(?,?,?),(?,?,?),(?,?,?)";
-  constexpr int kTen = 10;
-  std::vector<const RowChange*> kept;
-  kept.reserve(rows.size());
-  for (const RowChange& row : rows) {
-    if (row.after) {
-      kept.push_back(&row);
-    } else {
-      database.statement(kDelete).bind_text(0, row.name).run();
-    }
-  }
-  auto next = kept.cbegin();
-  for (; kept.cend() - next >= kTen; next += kTen) put(database.statement(kPutTen), next, kTen);
-  for (; next != kept.cend(); ++next) put(database.statement(kPutOne), next, 1);
 }
 
 }  // namespace
@@ -205,28 +171,6 @@ bool StoreFile::is_newest(Generation generation) {
          generation_in_place_of(generation + 1) < wanted;
 }
 
-RowSet StoreFile::rows() {
-  RowSet rows;
-  for_each_row([&rows](const std::string& name, const Row& row) {
-    rows.emplace_hint(rows.end(), name, row);
-  });
-  return rows;
-}
-
-void StoreFile::for_each_row(
-    const std::function<void(const std::string& name, const Row& row)>& visit) {
-  // Both take one text after the other, without memory for each.
-  std::string name;  // cppcheck-suppress variableScope
-  Row row;
-  Statement& entries = database_.statement("SELECT name, text, type FROM entry ORDER BY name");
-  while (entries.next()) {
-    name = entries.view(0);
-    row.text = entries.view(1);
-    row.type = entries.view(2);
-    visit(name, row);
-  }
-}
-
 std::vector<Change> StoreFile::read_changes(Generation after) {
   std::vector<Change> changes;
   Statement& kept = database_.statement(
@@ -247,7 +191,7 @@ std::optional<std::vector<Change>> StoreFile::changes_after(Generation generatio
 }
 
 void StoreFile::write(const Change& change) {
-  write_rows(database_, change.rows);
+  write_rows(change.rows);
   // In the place of the one that is too old now, so that a commit writes no other pages for it.
   database_
       .statement(

@@ -50,7 +50,7 @@ class StoreFile {
   Generation generation();
   bool is_newest(Generation generation);  ///< without a look at all that are kept
   RowSet rows();
-  /// All rows in byte order of their names, without keeping them.
+  /// All rows, an object before all that is in it, without keeping them.
   void for_each_row(const std::function<void(const std::string& name, const Row& row)>& visit);
 
   /// The changes after a generation, oldest first; none when they are not all kept any more.
@@ -72,6 +72,7 @@ class StoreFile {
   void write(const Change& change);
 
  private:
+  void write_rows(const RowChanges& changes);
   std::vector<Change> read_changes(Generation after);
   void check_owner();
   std::int64_t generation_in_place_of(Generation generation);

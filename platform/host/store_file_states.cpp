@@ -32,7 +32,7 @@ void StoreFile::add_named(const Checkpoint& checkpoint, const RowSet& rows) {
       .bind_text(0, checkpoint.name)
       .bind(1, static_cast<std::int64_t>(checkpoint.generation))
       .bind(2, checkpoint.time)
-      .bind_bytes(3, encoded(changes_between({}, rows)))
+      .bind_bytes(3, encoded(rows))
       .run();
 }
 

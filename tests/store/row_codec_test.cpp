@@ -27,6 +27,29 @@ TEST(RowCodec, GivesBackWhatWasWritten) {
   }
 }
 
+TEST(RowCodec, WritesRowsAsTheChangesThatBringThem) {
+  const host::RowSet rows = {{"A.B.1.", {"0", "object"}}, {"A.B.1.Name", {"x", ""}}};
+  RowChanges changes;
+  for (const auto& [name, row] : rows) changes.push_back({name, std::nullopt, row});
+  EXPECT_EQ(host::encoded(rows), host::encoded(changes));
+}
+
+// The bytes are the same on every machine: a store may be copied from one to another.
+TEST(RowCodec, NamesShareTheirBeginnings) {
+  const host::RowSet rows = {{"A.B.1.", {"0", "object"}}, {"A.B.1.Name", {"x", ""}}};
+  const std::string expected(
+      "\x00\x06"
+      "A.B.1."
+      "\x02\x01"
+      "0"
+      "\x06object"
+      "\x06\x04Name"
+      "\x02\x01x"
+      "\x00",
+      28);
+  EXPECT_EQ(host::encoded(rows), expected);
+}
+
 TEST(RowCodec, NoticesACutAnywhereInAChange) {
   const std::string bytes = host::encoded({kSamples[1]});
   for (std::size_t size = 1; size < bytes.size(); ++size) {

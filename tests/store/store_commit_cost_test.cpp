@@ -70,7 +70,7 @@ TEST_F(StoreCommitCost, IsOneSyncAndFewPages) {
 }
 
 TEST_F(StoreCommitCost, OfWritingTheLogBackIsRareAndSmall) {
-  constexpr int kCommits = 200;
+  constexpr int kCommits = 500;
   int write_backs = 0;
   int syncs = 0;
   for (int i = 0; i < kCommits; ++i) {

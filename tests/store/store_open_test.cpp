@@ -3,14 +3,28 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "row_codec.h"
 #include "store_bench.h"
 
 namespace {
 
 using namespace store_tests;
+using host::RowChanges;
+using host::RowSet;
 using host::Tree;
 
 using StoreOpen = StoreBench;
+
+/// A statement that gives an object these bytes.
+std::string object_put(const std::string& path, const std::string& bytes) {
+  constexpr const char* kDigits = "0123456789abcdef";
+  std::string hexadecimal;
+  for (const char byte : bytes) {
+    const auto code = static_cast<unsigned char>(byte);
+    hexadecimal.append({kDigits[code / 16], kDigits[code % 16]});
+  }
+  return "INSERT OR REPLACE INTO object(path, rows) VALUES('" + path + "', x'" + hexadecimal + "')";
+}
 
 TEST_F(StoreOpen, MakesAFileInFactoryStateForItsOwnerAlone) {
   auto store = opened();
@@ -97,14 +111,17 @@ TEST_F(StoreOpen, LeavesTheDatabaseOfSomethingElseAsItIs) {
   EXPECT_EQ(content_of(path_), before);
 }
 
-TEST_F(StoreOpen, LeavesANewerFormatAsItIs) {
-  opened();
-  run_sql(path_, "PRAGMA user_version = 2");
-  const std::string before = content_of(path_);
-  StoreOptions options;
-  options.keep_corrupt_aside = true;
-  EXPECT_EQ(error_on_open(options), StoreError::kUnknownFormat);
-  EXPECT_EQ(content_of(path_), before);
+TEST_F(StoreOpen, LeavesAnOlderOrNewerFormatAsItIs) {
+  for (const char* format : {"PRAGMA user_version = 1", "PRAGMA user_version = 3"}) {
+    std::filesystem::remove(path_);
+    opened();
+    run_sql(path_, format);
+    const std::string before = content_of(path_);
+    StoreOptions options;
+    options.keep_corrupt_aside = true;
+    EXPECT_EQ(error_on_open(options), StoreError::kUnknownFormat) << format;
+    EXPECT_EQ(content_of(path_), before);
+  }
 }
 
 TEST_F(StoreOpen, LeavesDamagedContentInWhateverModeAsItIs) {
@@ -125,18 +142,40 @@ TEST_F(StoreOpen, KeepsALogForACopyWithoutOne) {
 }
 
 TEST_F(StoreOpen, RefusesDamagedContent) {
-  const char* const damages[] = {
-      "DELETE FROM change",
-      "DROP TABLE entry",
-      "INSERT INTO entry VALUES('Nowhere.At.All', 'x', '')",
-      "INSERT INTO entry VALUES('InternetGatewayDevice.WANDevice.01.', '1', 'object')",
+  const std::string device = "InternetGatewayDevice.DeviceInfo.";
+  const host::Row row = {"x", ""};
+  const auto bringing = [&row](const std::string& name) {
+    return host::encoded(RowSet{{name, row}});
   };
-  for (const char* damage : damages) {
+  const std::string sound = bringing(device + "Manufacturer");
+  const std::string damages[] = {
+      "DELETE FROM change",
+      "DROP TABLE object",
+      object_put("Nowhere.At.", bringing("Nowhere.At.All")),
+      object_put("InternetGatewayDevice.WANDevice.01.",
+                 host::encoded(RowSet{{"InternetGatewayDevice.WANDevice.01.", {"1", "object"}}})),
+      object_put(device, sound.substr(0, sound.size() - 1)),
+      object_put(device, sound + "x"),
+      object_put(device, bringing(kUrl)),  // of another object
+      object_put(device, bringing(device)),
+      object_put(device, bringing(device + "X.Y")),
+      object_put(device, host::encoded(RowChanges{{device + "Manufacturer", row, row}})),
+      object_put(device, host::encoded(RowChanges{{device + "Manufacturer", row, std::nullopt}})),
+  };
+  for (const std::string& damage : damages) {
     std::filesystem::remove(path_);
     opened();
-    run_sql(path_, damage);
+    run_sql(path_, damage.c_str());
     EXPECT_EQ(error_on_open(), StoreError::kCorrupt) << damage;
   }
+}
+
+TEST_F(StoreOpen, TakesAnEntryOfASoundObject) {
+  const std::string name = "InternetGatewayDevice.DeviceInfo.Manufacturer";
+  opened();
+  const std::string bytes = host::encoded(RowSet{{name, {"x", ""}}});
+  run_sql(path_, object_put("InternetGatewayDevice.DeviceInfo.", bytes).c_str());
+  EXPECT_EQ(opened()->tree().value(name), "x");
 }
 
 TEST_F(StoreOpen, RefusesAFileThatLostEverythingButItsLog) {
