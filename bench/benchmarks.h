@@ -185,14 +185,12 @@ void register_subject(const std::string& name) {
 }
 
 void register_augeas();
+void register_durable();  ///< the tree's store, and SQLite's file
 void register_libyang();
 void register_lmdb();
 void register_map();
 void register_sqlite();
-void register_store();  ///< the tree's, on disk
-void register_table();  ///< SQLite's, on disk
 void register_tree();
-void register_undoable();
 
 }  // namespace bench
 

@@ -217,16 +217,12 @@ void register_open(const std::string& name) {
 
 }  // namespace
 
-void register_store() {
+void register_durable() {
   register_commit<StoreOnDisk>("tree");
-  register_open<StoreOnDisk>("tree");
-}
-
-void register_table() {
   register_commit<TableOnDisk>("table");
+  register_commit<UndoableTableOnDisk>("undoable");
+  register_open<StoreOnDisk>("tree");
   register_open<TableOnDisk>("map");
 }
-
-void register_undoable() { register_commit<UndoableTableOnDisk>("undoable"); }
 
 }  // namespace bench
