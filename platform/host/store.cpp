@@ -126,9 +126,11 @@ void Store::Impl::open() {
 void Store::Impl::load() {
   file = std::make_unique<StoreFile>(store_path, options);
   reload();
+  const bool too_late = pending && is_too_late(*pending);
+  if (too_late) (void)revert_of(*pending);  // a damaged file stays as it is, in its mode too
   file->keep_log();
   shared->set_counter(static_cast<std::uint32_t>(2 * generation));
-  if (!pending || !is_too_late(*pending)) return;
+  if (!too_late) return;
   revert_pending(*pending);
   catch_up();
 }

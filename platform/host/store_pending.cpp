@@ -44,10 +44,9 @@ void Store::Impl::revert_when_too_late() {
   if (pending && is_too_late(*pending)) revert_pending(*pending);
 }
 
-/// Writes the opposite of the pending change, which is the newest one because no other was let in.
-/// Nobody asked for this write now, so it leaves a damaged file as it is.
-void Store::Impl::revert_pending(const PendingRow& row) {
-  Transaction transaction(file->database(), Transaction::kWrite);
+/// The opposite of the pending change, which is the newest one because no other was let in. Nobody
+/// asked for this write now, so that of a damaged file is refused.
+RowChanges Store::Impl::revert_of(const PendingRow& row) {
   file->require_sound();
   const std::optional<std::vector<Change>> changes = file->changes_after(row.generation - 1);
   if (!changes || changes->size() != 1) {
@@ -56,6 +55,12 @@ void Store::Impl::revert_pending(const PendingRow& row) {
   RowChanges rows = reversed(changes->front().rows);
   keep_counters(rows);
   require_tree(file->rows(), rows);
+  return rows;
+}
+
+void Store::Impl::revert_pending(const PendingRow& row) {
+  Transaction transaction(file->database(), Transaction::kWrite);
+  const RowChanges rows = revert_of(row);
   file->clear_pending();
   land(transaction, {row.generation + 1, std::time(nullptr), "reverted: " + row.label, rows});
   report(store_path + ": reverted, because it was not confirmed: " + row.label);

@@ -63,6 +63,16 @@ TEST_F(StorePending, LeavesAFileAsItIsWhoseRevertIsDamaged) {
   EXPECT_EQ(content_of(path_ + ".corrupt-1"), before);
 }
 
+TEST_F(StorePending, LeavesADamagedFileInItsMode) {
+  EXPECT_TRUE(accept(*store_, "x").ok());
+  store_.reset();
+  run_sql(path_, "PRAGMA journal_mode = DELETE; UPDATE change SET changes = X'00'");
+  pass(kMinute);
+  const std::string before = content_of(path_);
+  EXPECT_EQ(error_on_open(options_), StoreError::kCorrupt);
+  EXPECT_TRUE(content_of(path_) == before);  // too long to be printed
+}
+
 TEST_F(StorePending, StaysWhenAnyProcessConfirms) {
   EXPECT_TRUE(accept(*store_, "x").ok());
   EXPECT_TRUE(opened()->confirm().ok());
