@@ -77,7 +77,9 @@ class TextHash {
 
   static std::uint64_t mixed(std::uint64_t hash, std::uint64_t bytes) {
     constexpr unsigned kTurn = 29;  // low bits decide over high ones only, so they change places
-    const std::uint64_t turned = hash << kTurn | hash >> (2 * kHalfBits - kTurn);
+    constexpr unsigned kStaying = 2 * kHalfBits - kTurn;
+    const std::uint64_t low = hash & ((std::uint64_t{1} << kStaying) - 1);
+    const std::uint64_t turned = low << kTurn | hash >> kStaying;
     return wrapped_product(turned ^ bytes, kFactor);
   }
 
