@@ -28,6 +28,7 @@ prepare() {
 # Compares what the words of a command show with golden/<words>-<columns>.txt.
 is_golden() {
   local words=$1 columns golden shown=$BATS_TEST_TMPDIR/shown
+  needs_pseudo_terminal
   export NO_COLOR=1 LC_ALL=C.UTF-8
   prepare
   for columns in "${widths[@]}"; do

@@ -35,6 +35,11 @@ has_not() {
   [[ $text != *"$1"* ]] || { printf '"%s" in:\n%s\n' "$1" "$text" >&2; return 1; }
 }
 
+# Roots without /dev/pts have none.
+needs_pseudo_terminal() {
+  script -qec true /dev/null </dev/null >/dev/null 2>&1 || skip "no pseudo-terminal can be made here"
+}
+
 # What igdctl shows on a pseudo-terminal of so many columns, carriage returns taken out.
 shown_on_terminal() {
   local columns=$1

@@ -1,11 +1,14 @@
 # What people see: a terminal with colours, its width, and a prompt that does not echo.
 load helper
 
-on_terminal() { output=$(shown_on_terminal "$@"); }
+on_terminal() {
+  needs_pseudo_terminal
+  output=$(shown_on_terminal "$@")
+}
 
 @test "a terminal gets colour, a pipe does not" {
   make_three_connections
-  on_terminal 120 wan list
+  TERM=xterm on_terminal 120 wan list
   has $'\e[1mNAME'
   expect 0 wan list
   has_not $'\e['
@@ -13,7 +16,7 @@ on_terminal() { output=$(shown_on_terminal "$@"); }
 
 @test "NO_COLOR and a dumb terminal get none" {
   make_three_connections
-  NO_COLOR=1 on_terminal 120 wan list
+  TERM=xterm NO_COLOR=1 on_terminal 120 wan list
   has_not $'\e['
   TERM=dumb on_terminal 120 wan list
   has_not $'\e['
@@ -47,6 +50,7 @@ on_terminal() { output=$(shown_on_terminal "$@"); }
 }
 
 @test "a prompt asks for the password and does not show it" {
+  needs_pseudo_terminal
   output=$( (sleep 0.5; printf 'hush-hush\n'; sleep 0.5) | script -qec \
     "'$IGDCTL' wan create --name Internet --mode pppoe --user u --password-prompt" /dev/null)
   has "Password: "
