@@ -102,7 +102,7 @@ void write_object(Database& database, std::string_view path, const Changed& chan
 void StoreFile::write_rows(const RowChanges& changes) {
   std::map<std::string_view, Changed> objects;
   for (const RowChange& change : changes) objects[object_of(change.name)].push_back(&change);
-  for (const auto& [path, changed] : objects) write_object(database_, path, changed);
+  for (const auto& [path, of_object] : objects) write_object(database_, path, of_object);
 }
 
 void StoreFile::for_each_row(

@@ -89,9 +89,9 @@ struct Store::Impl final : TreeObserver {
   StoreResult end_pending(bool keep);
   std::optional<PendingChange> pending_change();
   bool is_too_late(const PendingRow& row) const;
-  void revert_when_too_late();  ///< throws StoreFailure
-  RowChanges revert_of(const PendingRow& row);
-  void revert_pending(const PendingRow& row);  ///< throws StoreFailure; needs the turn
+  void revert_when_too_late();                  ///< throws StoreFailure
+  RowChanges revert_of(const PendingRow& row);  ///< throws StoreFailure, also for a damaged file
+  void revert_pending(const PendingRow& row);   ///< throws StoreFailure; needs the turn
 
   // Checkpoints.
   StoreResult make_checkpoint(const std::string& name);

@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "dump_format.h"
 #include "row_codec.h"
 #include "store_bench.h"
 
@@ -17,13 +18,8 @@ using StoreOpen = StoreBench;
 
 /// A statement that gives an object these bytes.
 std::string object_put(const std::string& path, const std::string& bytes) {
-  constexpr const char* kDigits = "0123456789abcdef";
-  std::string hexadecimal;
-  for (const char byte : bytes) {
-    const auto code = static_cast<unsigned char>(byte);
-    hexadecimal.append({kDigits[code / 16], kDigits[code % 16]});
-  }
-  return "INSERT OR REPLACE INTO object(path, rows) VALUES('" + path + "', x'" + hexadecimal + "')";
+  return "INSERT OR REPLACE INTO object(path, rows) VALUES('" + path + "', x'" +
+         host::hexadecimal(bytes) + "')";
 }
 
 TEST_F(StoreOpen, MakesAFileInFactoryStateForItsOwnerAlone) {
