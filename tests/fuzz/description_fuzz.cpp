@@ -9,13 +9,13 @@
 #include <iostream>
 #include <sstream>
 
-#include "command_line.h"
+#include "cli/command_line.h"
+#include "cli/session.h"
 #include "harness.h"
 #include "host_store.h"
 #include "igd_api.h"
 #include "input.h"
-#include "session.h"
-#include "wan_commands.h"
+#include "wan/wan_commands.h"
 
 namespace {
 

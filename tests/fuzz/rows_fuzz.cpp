@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "harness.h"
-#include "row_codec.h"
-#include "tree_rows.h"
+#include "rows/row_codec.h"
+#include "rows/tree_rows.h"
 
 namespace {
 

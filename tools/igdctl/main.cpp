@@ -1,9 +1,9 @@
 // igdctl: parses, runs, and maps what came of it to an exit code.
 #include <exception>
 
-#include "command_line.h"
-#include "session.h"
-#include "trace.h"
+#include "cli/command_line.h"
+#include "cli/session.h"
+#include "cli/trace.h"
 
 int main(int argc, char** argv) {
   try {

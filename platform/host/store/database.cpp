@@ -1,0 +1,194 @@
+#include "store/database.h"
+
+#include <cerrno>
+
+namespace host {
+namespace {
+
+constexpr int kKindOfError = 0xff;  // the rest of a code is detail
+
+StoreError error_of(int code) {
+  switch (code & kKindOfError) {
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+    case SQLITE_FORMAT:
+    case SQLITE_ERROR:  // the statements are right, so the tables are not
+    case SQLITE_CONSTRAINT:
+      return StoreError::kCorrupt;
+    case SQLITE_READONLY:
+      return StoreError::kReadOnly;
+    case SQLITE_FULL:
+      return StoreError::kFull;
+    case SQLITE_CANTOPEN:
+    case SQLITE_PERM:
+      return StoreError::kNotOpened;
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return StoreError::kLocked;
+    default:
+      return StoreError::kIo;
+  }
+}
+
+/// To make a file or to lengthen the log's index fails on a full disk in the words of any failure.
+bool ran_out_of_space(sqlite3* connection, int code) {
+  const int kind = code & kKindOfError;
+  if (connection == nullptr || (kind != SQLITE_IOERR && kind != SQLITE_CANTOPEN)) return false;
+  return error_of_system(sqlite3_system_errno(connection)) == StoreError::kFull;
+}
+
+[[noreturn]] void fail(sqlite3* connection, int code) {
+  const char* text = connection != nullptr ? sqlite3_errmsg(connection) : sqlite3_errstr(code);
+  throw ran_out_of_space(connection, code)
+      ? StoreFailure(StoreError::kFull, "the disk is full: " + std::string(text))
+      : StoreFailure(error_of(code), text);
+}
+
+}  // namespace
+
+StoreError error_of_system(int number) {
+  if (number == EROFS) return StoreError::kReadOnly;
+  if (number == ENOSPC || number == EDQUOT) return StoreError::kFull;
+  return StoreError::kNotOpened;
+}
+
+Statement::Statement(sqlite3* connection, const char* sql) : connection_(connection) {
+  check(sqlite3_prepare_v3(connection, sql, -1, SQLITE_PREPARE_PERSISTENT, &statement_, nullptr));
+}
+
+void Statement::check(int code) {
+  if (code != SQLITE_OK) fail(connection_, code);
+}
+
+Statement& Statement::reset() {
+  (void)sqlite3_reset(statement_);  // repeats the error of the last run, which is known
+  return *this;
+}
+
+Statement& Statement::bind(int place, std::int64_t number) {
+  check(sqlite3_bind_int64(statement_, place + 1, number));
+  return *this;
+}
+
+Statement& Statement::bind_text(int place, std::string_view text) {
+  check(sqlite3_bind_text64(statement_, place + 1, text.data(), text.size(), SQLITE_STATIC,
+                            SQLITE_UTF8));
+  return *this;
+}
+
+Statement& Statement::bind_bytes(int place, std::string_view bytes) {
+  const char* data = bytes.empty() ? "" : bytes.data();
+  check(sqlite3_bind_blob64(statement_, place + 1, data, bytes.size(), SQLITE_STATIC));
+  return *this;
+}
+
+bool Statement::next() {
+  const int code = sqlite3_step(statement_);
+  if (code == SQLITE_ROW) return true;
+  reset();  // a statement that stands on its end would keep its transaction open
+  if (code != SQLITE_DONE) fail(connection_, code);
+  return false;
+}
+
+void Statement::run() {
+  while (next()) {
+  }
+}
+
+std::int64_t Statement::number(int column) { return sqlite3_column_int64(statement_, column); }
+
+std::string_view Statement::view(int column) {
+  const auto* data = static_cast<const char*>(sqlite3_column_blob(statement_, column));
+  const int size = sqlite3_column_bytes(statement_, column);
+  return data != nullptr ? std::string_view(data, static_cast<std::size_t>(size))
+                         : std::string_view();
+}
+
+Database::Database(const std::string& path, const StoreOptions& options) {
+  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_EXRESCODE |
+                    SQLITE_OPEN_NOMUTEX;  // one thread at a time, as a store is used
+  const char* vfs = options.vfs.empty() ? nullptr : options.vfs.c_str();
+  const int code = sqlite3_open_v2(path.c_str(), &connection_, flags, vfs);
+  if (code == SQLITE_OK) {
+    (void)sqlite3_busy_timeout(connection_, options.lock_timeout_ms);
+    return;
+  }
+  try {
+    fail(connection_, code);
+  } catch (const StoreFailure&) {
+    (void)sqlite3_close(connection_);
+    throw;
+  }
+}
+
+Database::~Database() {
+  statements_.clear();
+  (void)sqlite3_close(connection_);
+}
+
+void Database::leave_log() {
+  (void)sqlite3_db_config(connection_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+}
+
+void Database::empty_log() {
+  try {
+    run("PRAGMA wal_checkpoint(TRUNCATE)");
+  } catch (const StoreFailure&) {
+    // The disk fails at this too; the next commit that succeeds is written over what is there.
+  }
+}
+
+void Database::run(const char* sql) {
+  const int code = sqlite3_exec(connection_, sql, nullptr, nullptr, nullptr);
+  if (code != SQLITE_OK) fail(connection_, code);
+}
+
+std::int64_t Database::number(const char* sql) {
+  Statement statement(connection_, sql);
+  return statement.next() ? statement.number(0) : 0;
+}
+
+std::string Database::text(const char* sql) {
+  Statement statement(connection_, sql);
+  return statement.next() ? statement.text(0) : std::string();
+}
+
+Statement& Database::statement(const char* sql) {
+  auto& statement = statements_[sql];
+  if (!statement) statement = std::make_unique<Statement>(connection_, sql);
+  return statement->reset();
+}
+
+Transaction::Transaction(Database& database, Kind kind) : database_(database) {
+  static constexpr const char* kBeginWrite = "BEGIN IMMEDIATE";
+  static constexpr const char* kBeginRead = "BEGIN";
+  database.statement(kind == kWrite ? kBeginWrite : kBeginRead).run();
+}
+
+Transaction::~Transaction() {
+  if (open_) roll_back();
+}
+
+void Transaction::roll_back() {
+  open_ = false;
+  try {
+    static constexpr const char* kRollback = "ROLLBACK";
+    database_.statement(kRollback).run();
+  } catch (const StoreFailure&) {
+    // SQLite rolls back by itself on the errors that prevent this.
+  }
+}
+
+void Transaction::commit() {
+  try {
+    static constexpr const char* kCommit = "COMMIT";
+    database_.statement(kCommit).run();
+    open_ = false;
+  } catch (const StoreFailure& failure) {
+    roll_back();
+    if (failure.result().error == StoreError::kIo) database_.empty_log();
+    throw;
+  }
+}
+
+}  // namespace host

@@ -1,0 +1,145 @@
+#include "store/shared_state.h"
+
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <thread>
+
+#include "store/database.h"
+
+namespace host {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
+constexpr std::chrono::milliseconds kPause{1};
+// A batch locks the byte of its number, so that others can tell whether its process still lives.
+constexpr std::uint32_t kBatchBytes = 1U << 30U;
+
+std::uint32_t byte_of(SharedState::Batch batch) { return 1 + batch % kBatchBytes; }
+
+/// A lock of the open file, not of the process: two stores in one process exclude each other too.
+struct flock byte_lock(std::uint32_t byte, short type) {
+  struct flock lock = {};
+  lock.l_type = type;
+  lock.l_whence = SEEK_SET;
+  lock.l_start = static_cast<off_t>(byte);
+  lock.l_len = 1;
+  return lock;
+}
+
+[[noreturn]] void fail(const std::string& path, int number) {
+  throw StoreFailure(error_of_system(number), path + ": " + std::strerror(number));
+}
+
+void wait_a_little(SharedState::Deadline deadline) {
+  if (Clock::now() >= deadline) {
+    throw StoreFailure(StoreError::kLocked, "another process keeps the store locked");
+  }
+  std::this_thread::sleep_for(kPause);
+}
+
+}  // namespace
+
+SharedState::Deadline deadline_of(const StoreOptions& options) {
+  return Clock::now() + std::chrono::milliseconds(options.lock_timeout_ms);
+}
+
+SharedState::SharedState(const std::string& store_path) {
+  if (store_path == ":memory:") {
+    words_ = &own_words_;
+    return;
+  }
+  const std::string path = store_path + "-shared";
+  file_ = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kOwnerOnly);
+  if (file_ < 0) fail(path, errno);
+  void* mapped = MAP_FAILED;
+  if (ftruncate(file_, sizeof(SharedWords)) == 0) {
+    mapped = mmap(nullptr, sizeof(SharedWords), PROT_READ | PROT_WRITE, MAP_SHARED, file_, 0);
+  }
+  if (mapped == MAP_FAILED) {
+    const int number = errno;
+    (void)close(file_);
+    fail(path, number);
+  }
+  words_ = static_cast<SharedWords*>(mapped);
+}
+
+SharedState::~SharedState() {
+  if (file_ < 0) return;
+  (void)munmap(words_, sizeof(SharedWords));
+  (void)close(file_);
+}
+
+void SharedState::reserve() {
+  if (file_ < 0) return;
+  int number = EINTR;
+  while (number == EINTR) number = posix_fallocate(file_, 0, sizeof(SharedWords));
+  // Where the C library does not stand in for a file system that cannot, it goes without.
+  if (number != 0 && number != EOPNOTSUPP) fail("the file that processes share", number);
+}
+
+bool SharedState::try_lock(std::uint32_t byte) {
+  if (file_ < 0) return true;
+  struct flock lock = byte_lock(byte, F_WRLCK);
+  return fcntl(file_, F_OFD_SETLK, &lock) == 0;
+}
+
+bool SharedState::is_locked_by_others(std::uint32_t byte) const {
+  struct flock lock = byte_lock(byte, F_WRLCK);
+  return file_ >= 0 && fcntl(file_, F_OFD_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
+}
+
+void SharedState::unlock(std::uint32_t byte) {
+  if (file_ < 0) return;
+  struct flock lock = byte_lock(byte, F_UNLCK);
+  (void)fcntl(file_, F_OFD_SETLK, &lock);
+}
+
+SharedState::Batch SharedState::begin_batch(const StoreOptions& options) {
+  const Deadline deadline = deadline_of(options);
+  const std::chrono::milliseconds longest_silence(options.longest_silence_ms);
+  Batch silent_owner = 0;
+  std::uint32_t silent_activity = 0;
+  Clock::time_point silent_since;
+  while (true) {
+    {
+      const Turn turn(*this, deadline);
+      const Batch owner = words_->owner.load();
+      const std::uint32_t activity = words_->activity.load();
+      if (owner == 0 || !is_locked_by_others(byte_of(owner))) return take_over();
+      if (owner != silent_owner || activity != silent_activity) {
+        silent_owner = owner;
+        silent_activity = activity;
+        silent_since = Clock::now();
+      }
+      if (Clock::now() - silent_since >= longest_silence) return take_over();
+    }
+    wait_a_little(deadline);
+  }
+}
+
+SharedState::Batch SharedState::take_over() {
+  Batch batch = words_->last_batch.fetch_add(1) + 1;
+  if (batch == 0) batch = words_->last_batch.fetch_add(1) + 1;  // 0 means nobody
+  (void)try_lock(byte_of(batch));
+  words_->owner.store(batch, std::memory_order_release);
+  return batch;
+}
+
+void SharedState::end_batch(Batch batch) {
+  Batch mine = batch;  // another batch that took over stays
+  (void)words_->owner.compare_exchange_strong(mine, 0);
+  unlock(byte_of(batch));
+}
+
+Turn::Turn(SharedState& shared, SharedState::Deadline deadline) : shared_(shared), taken_(false) {
+  while (!(taken_ = shared.try_lock(0))) wait_a_little(deadline);
+}
+
+}  // namespace host

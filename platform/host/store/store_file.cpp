@@ -1,0 +1,223 @@
+#include "store/store_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <ctime>
+#include <utility>
+
+#include "rows/row_codec.h"
+#include "rows/tree_rows.h"
+#include "tree/tree_access.h"
+
+namespace host {
+namespace {
+
+constexpr std::int64_t kApplicationId = 0x49474453;
+constexpr std::int64_t kFormat = 2;
+constexpr std::int64_t kPageSize = 4096;
+constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
+constexpr const char* kLog = "-wal";
+
+constexpr const char* kTables = R"(
+  CREATE TABLE object(number INTEGER PRIMARY KEY, path TEXT NOT NULL UNIQUE, rows BLOB NOT NULL);
+  CREATE TABLE change(place INTEGER PRIMARY KEY, generation INTEGER NOT NULL,
+                      time INTEGER NOT NULL, label TEXT NOT NULL, changes BLOB NOT NULL);
+  CREATE TABLE checkpoint(name TEXT PRIMARY KEY, generation INTEGER NOT NULL,
+                          time INTEGER NOT NULL, entries BLOB NOT NULL);
+  CREATE TABLE pending(only INTEGER PRIMARY KEY CHECK (only = 1), generation INTEGER NOT NULL,
+                       label TEXT NOT NULL, boot TEXT NOT NULL, started INTEGER NOT NULL,
+                       deadline INTEGER NOT NULL);
+  PRAGMA application_id = 1229407315;
+  PRAGMA user_version = 2;
+)";
+
+bool is_in_memory(const std::string& path) { return path == ":memory:"; }
+
+/// Size of a file, none when it is not there.
+std::optional<std::int64_t> size_of(const std::string& path) {
+  struct stat status = {};
+  if (stat(path.c_str(), &status) != 0) return std::nullopt;
+  return status.st_size;
+}
+
+/// Sees to it that the file is there with the right mode, and that one that SQLite takes for new
+/// really is: it would throw the log of a database away that lost its main file, and write over a
+/// single byte.
+std::string prepared(const std::string& path, const StoreOptions& options) {
+  if (is_in_memory(path) || !options.vfs.empty()) return path;
+  const std::int64_t size = size_of(path).value_or(0);
+  if (size == 1) throw StoreFailure(StoreError::kCorrupt, "the file is cut off");
+  if (size == 0 && size_of(path + kLog).value_or(0) > 0) {
+    throw StoreFailure(StoreError::kCorrupt, "the file is empty, but its log is not");
+  }
+  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kOwnerOnly);
+  if (file >= 0) {
+    (void)close(file);
+  } else if (errno != EEXIST) {
+    throw StoreFailure(error_of_system(errno), std::strerror(errno));
+  }
+  return path;
+}
+
+/// Renames a file that is there, durably.
+bool renamed(const std::string& from, const std::string& to) {
+  if (!size_of(from)) return true;
+  if (std::rename(from.c_str(), to.c_str()) != 0) return false;
+  const int folder = ::open(from.substr(0, from.rfind('/') + 1).c_str(), O_RDONLY | O_CLOEXEC);
+  if (folder < 0) return false;
+  const bool synced = fsync(folder) == 0;
+  (void)close(folder);
+  return synced;
+}
+
+/// Where a change stands among those that are kept.
+std::int64_t place_of(Generation generation) {
+  return static_cast<std::int64_t>(generation % kChangesKept);
+}
+
+RowChanges checked(const std::string& bytes) {
+  std::optional<RowChanges> changes = decoded(bytes);
+  if (!changes) throw StoreFailure(StoreError::kCorrupt, "a change is damaged");
+  return std::move(*changes);
+}
+
+}  // namespace
+
+StoreFile::StoreFile(const std::string& path, const StoreOptions& options)
+    : database_(prepared(path, options), options) {
+  if (database_.is_read_only()) {
+    throw StoreFailure(StoreError::kReadOnly, "the file cannot be written");
+  }
+  if (options.size_limit_bytes > 0) {
+    const auto pages = static_cast<std::int64_t>(options.size_limit_bytes) / kPageSize;
+    const std::string limit =
+        "PRAGMA max_page_count = " + std::to_string(std::max<std::int64_t>(pages, 1));
+    database_.run(limit.c_str());
+  }
+  if (database_.number("PRAGMA page_count") == 0) make_new();
+  check_owner();
+}
+
+/// A file that is in another mode, as a copy may be, is changed by this.
+void StoreFile::keep_log() {
+  const std::string mode = database_.text("PRAGMA journal_mode = WAL");
+  if (mode != "wal" && mode != "memory") {
+    throw StoreFailure(StoreError::kIo, "the file system cannot hold a write-ahead log");
+  }
+  // Durable at every commit with one sync; the log is written back at 4 MiB and cut to that.
+  database_.run("PRAGMA synchronous = FULL");
+  database_.run("PRAGMA wal_autocheckpoint = 1024");
+  database_.run("PRAGMA journal_size_limit = 4194304");
+}
+
+void StoreFile::check_owner() {
+  if (database_.number("PRAGMA application_id") != kApplicationId) {
+    throw StoreFailure(StoreError::kForeign, "the file is a database of something else");
+  }
+  const std::int64_t format = database_.number("PRAGMA user_version");
+  if (format == kFormat) return;
+  throw StoreFailure(StoreError::kUnknownFormat, "the store has format " + std::to_string(format) +
+                                                     ", this program knows " +
+                                                     std::to_string(kFormat));
+}
+
+/// One transaction, so that the file is a whole store or still empty whatever happens.
+void StoreFile::make_new() {
+  Transaction transaction(database_, Transaction::kWrite);
+  if (database_.number("PRAGMA page_count") > 0 &&
+      database_.number("SELECT count(*) FROM sqlite_master") > 0) {
+    return;  // another process was faster
+  }
+  database_.run(kTables);
+  Tree factory = Tree::factory();
+  const RowSet rows = rows_of(TreeAccess::store(factory));
+  write({1, std::time(nullptr), "factory state", changes_between({}, rows)});
+  transaction.commit();
+}
+
+void StoreFile::require_sound() {
+  const std::string verdict = database_.text("PRAGMA quick_check(1)");
+  if (verdict == "ok") return;
+  // A page that the disk does not give is among the findings.
+  const bool unreadable = verdict.find("error code") != std::string::npos;
+  throw StoreFailure(unreadable ? StoreError::kIo : StoreError::kCorrupt, verdict);
+}
+
+Generation StoreFile::generation() {
+  Statement& newest = database_.statement("SELECT max(generation) FROM change");
+  const auto generation = newest.next() ? static_cast<Generation>(newest.number(0)) : 0;
+  newest.reset();
+  if (generation == 0) throw StoreFailure(StoreError::kCorrupt, "the store has no generation");
+  return generation;
+}
+
+std::int64_t StoreFile::generation_in_place_of(Generation generation) {
+  Statement& kept = database_.statement("SELECT generation FROM change WHERE place = ?");
+  kept.bind(0, place_of(generation));
+  const std::int64_t found = kept.next() ? kept.number(0) : 0;
+  kept.reset();
+  return found;
+}
+
+bool StoreFile::is_newest(Generation generation) {
+  const auto wanted = static_cast<std::int64_t>(generation);
+  return generation != 0 && generation_in_place_of(generation) == wanted &&
+         generation_in_place_of(generation + 1) < wanted;
+}
+
+std::vector<Change> StoreFile::read_changes(Generation after) {
+  std::vector<Change> changes;
+  Statement& kept = database_.statement(
+      "SELECT generation, time, label, changes FROM change WHERE generation > ?"
+      " ORDER BY generation");
+  kept.bind(0, static_cast<std::int64_t>(after));
+  while (kept.next()) {
+    changes.push_back({static_cast<Generation>(kept.number(0)), kept.number(1), kept.text(2),
+                       checked(kept.text(3))});
+  }
+  return changes;
+}
+
+std::optional<std::vector<Change>> StoreFile::changes_after(Generation generation) {
+  std::vector<Change> changes = read_changes(generation);
+  if (!changes.empty() && changes.front().generation != generation + 1) return std::nullopt;
+  return changes;
+}
+
+void StoreFile::write(const Change& change) {
+  write_rows(change.rows);
+  // In the place of the one that is too old now, so that a commit writes no other pages for it.
+  database_
+      .statement(
+          "INSERT OR REPLACE INTO change(place, generation, time, label, changes)"
+          " VALUES(?, ?, ?, ?, ?)")
+      .bind(0, place_of(change.generation))
+      .bind(1, static_cast<std::int64_t>(change.generation))
+      .bind(2, change.time)
+      .bind_text(3, change.label)
+      .bind_bytes(4, encoded(change.rows))
+      .run();
+}
+
+/// The file goes before its log, and for good: a file without the log that belongs to it would look
+/// like a store that is whole, only older. A log without its file is refused.
+void keep_aside(const std::string& path) {
+  std::string aside;
+  for (int n = 1; aside.empty() || size_of(aside) || size_of(aside + kLog); ++n) {
+    aside = path + ".corrupt-" + std::to_string(n);
+  }
+  const bool moved = renamed(path, aside) && renamed(path + kLog, aside + kLog);
+  (void)unlink((path + "-shm").c_str());  // the log's index; made anew from it
+  if (!moved) {
+    throw StoreFailure(StoreError::kNotOpened,
+                       "the damaged file cannot be renamed: " + std::string(std::strerror(errno)));
+  }
+}
+
+}  // namespace host

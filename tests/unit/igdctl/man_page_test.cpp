@@ -1,0 +1,34 @@
+#include "help/man_page.h"
+
+#include <gtest/gtest.h>
+
+#include "term/exit_codes.h"
+
+namespace igdctl {
+namespace {
+
+TEST(ManPage, TextIsShownLetterByLetter) {
+  EXPECT_EQ(roff_text(".TH"), "\\&.TH");
+  EXPECT_EQ(roff_text("a.b\n.c"), "a.b\n\\&.c");
+  EXPECT_EQ(roff_text("'x' \"y\""), "\\&\\(aqx\\(aq \\(dqy\\(dq");
+  EXPECT_EQ(roff_text("--json \\n"), "\\-\\-json \\en");
+}
+
+TEST(ManPage, HasASectionForEveryCommandAndARowForEveryExitCode) {
+  CLI::App root("A tool", "igdctl");
+  CLI::App& group = *root.add_subcommand("wan", "Connections");
+  CLI::App& command = *group.add_subcommand("list", "All of them");
+  command.footer("Example:\n  igdctl wan list");
+  root.add_subcommand("__hidden")->group("");
+  EXPECT_EQ(man_page_names(root), std::vector<std::string>({"igdctl", "igdctl-wan"}));
+  const std::string page = man_page(root, "igdctl-wan");
+  EXPECT_NE(page.find(".SS \"igdctl wan list\"\nAll of them.\n"), std::string::npos);
+  EXPECT_NE(page.find("\n.nf\n.RS 4\nigdctl wan list\n"), std::string::npos) << page;
+  for (const ExitCodeMeaning& row : exit_code_meanings()) {
+    EXPECT_NE(page.find(roff_text(row.meaning)), std::string::npos) << row.meaning;
+  }
+  EXPECT_EQ(man_page(root, "igdctl-nothing"), "");
+}
+
+}  // namespace
+}  // namespace igdctl

@@ -1,0 +1,129 @@
+// Descriptions as they come in, and what is wrong with them.
+#include "wan/wan_wish.h"
+
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+namespace {
+
+using namespace igdctl;
+
+std::vector<Fault> faults_in(const char* json) {
+  std::vector<Fault> faults;
+  (void)read_wish(Json::parse(json), &faults);
+  return faults;
+}
+
+TEST(WanWish, TakesEveryField) {
+  std::vector<Fault> faults;
+  const WanWish wish = read_wish(Json::parse(R"({
+      "access": "ethernet", "name": "Internet", "class": "Routed", "mode": "PPPoE", "vlan": 4094,
+      "priority": 7, "service": ["INTERNET", "VOIP"], "bind_lan": ["LAN1"], "bind_wan": [],
+      "nat": true, "user": "u", "password": "p", "address": "192.0.2.10",
+      "mask": "255.255.255.0", "gateway": "192.0.2.1", "dns": ["192.0.2.53", "2001:db8::53"],
+      "mtu": 1492, "option60": "box", "port_option60": {"LAN4": "tv"}, "enable": "on",
+      "remote_management": false, "stp": false})"),
+                                 &faults);
+  EXPECT_TRUE(faults.empty()) << faults.front().what;
+  EXPECT_EQ(wish.access, "Ethernet");
+  EXPECT_EQ(wish.connection_class, 1);
+  EXPECT_EQ(wish.mode, 3);
+  EXPECT_EQ(wish.vlan, 4094);
+  EXPECT_EQ(wish.service, (Names{"INTERNET", "VOIP"}));
+  EXPECT_EQ(wish.bind_wan, Names{});
+  EXPECT_EQ(wish.dns->size(), 2U);
+  EXPECT_EQ(wish.enable, true);
+  EXPECT_EQ(wish.port_option60->at("LAN4"), "tv");
+}
+
+TEST(WanWish, NullNamesNothingButAnUntaggedVlan) {
+  std::vector<Fault> faults;
+  const WanWish wish =
+      read_wish(Json::parse(R"({"vlan": null, "mode": null, "mtu": null, "name": null})"), &faults);
+  EXPECT_TRUE(faults.empty());
+  EXPECT_EQ(wish.vlan, 0);
+  EXPECT_FALSE(wish.mode.has_value());
+  EXPECT_FALSE(wish.mtu.has_value());
+  EXPECT_FALSE(wish.name.has_value());
+}
+
+TEST(WanWish, RefusesWhatIsWrongByItself) {
+  const char* const kWrong[] = {R"({"vlan": 4095})",
+                                R"({"vlan": -1})",
+                                R"({"vlan": 100.5})",
+                                R"({"vlan": "100"})",
+                                R"({"vlan": 18446744073709551615})",
+                                R"({"vlan": true})",
+                                R"({"priority": 8})",
+                                R"({"mtu": 575})",
+                                R"({"mtu": 1541})",
+                                R"({"class": "router"})",
+                                R"({"class": 1})",
+                                R"({"mode": "dialup"})",
+                                R"({"access": "Wifi"})",
+                                R"({"nat": "maybe"})",
+                                R"({"nat": 1})",
+                                R"({"name": 5})",
+                                R"({"name": "a\nb"})",
+                                R"({"name": "a\u0000b"})",
+                                R"({"nmae": "x"})",
+                                R"({"service": "INTERNET"})",
+                                R"({"service": ["A B"]})",
+                                R"({"service": ["A,B"]})",
+                                R"({"service": [""]})",
+                                R"({"bind_lan": [1]})",
+                                R"({"bind_lan": {"a": "b"}})",
+                                R"({"address": "192.0.2"})",
+                                R"({"address": "192.0.2.256"})",
+                                R"({"address": "::1"})",
+                                R"({"mask": "255.0.255.0"})",
+                                R"({"dns": ["a"]})",
+                                R"({"dns": ["192.0.2.1", "192.0.2.2", "192.0.2.3"]})",
+                                R"({"dns": [""]})",
+                                R"({"port_option60": ["LAN4"]})",
+                                R"({"port_option60": {"LAN4": 1}})",
+                                R"({"password": "a\nb"})",
+                                "[]",
+                                "\"x\"",
+                                "null",
+                                "7"};
+  for (const char* json : kWrong) EXPECT_EQ(faults_in(json).size(), 1U) << json;
+}
+
+TEST(WanWish, RefusesTextsThatTheLibraryWouldCut) {
+  const std::string longest(255, 'x');
+  EXPECT_TRUE(faults_in(("{\"name\": \"" + longest + "\"}").c_str()).empty());
+  EXPECT_EQ(faults_in(("{\"name\": \"" + longest + "x\"}").c_str()).size(), 1U);
+  EXPECT_EQ(faults_in(("{\"user\": \"" + longest + "x\"}").c_str()).size(), 1U);
+  EXPECT_EQ(faults_in(("{\"password\": \"" + longest + "x\"}").c_str()).size(), 1U);
+}
+
+TEST(WanWish, TellsAllFaultsAtOnce) {
+  EXPECT_EQ(faults_in(R"({"vlan": 5000, "priority": 9, "colour": "red"})").size(), 3U);
+}
+
+TEST(WanWish, PassesOverWhatOnlyShowAdds) {
+  EXPECT_TRUE(
+      faults_in(R"({"path": "x", "id": "1.1", "bridge": null, "password_set": true})").empty());
+}
+
+TEST(WanWish, TakesDeepAndLargeValuesAsFaults) {
+  const std::size_t depth = 1000;
+  const std::string deep = std::string(depth, '[') + std::string(depth, ']');
+  for (const char* key : {"vlan", "name", "bind_lan", "nat", "port_option60", "class", "colour"}) {
+    EXPECT_EQ(faults_in(("{\"" + std::string(key) + "\": " + deep + "}").c_str()).size(), 1U)
+        << key;
+  }
+  std::string many = "\"LAN1\"";
+  for (int i = 0; i < 64; ++i) many += ", \"LAN1\"";
+  EXPECT_EQ(faults_in(("{\"bind_lan\": [" + many + "]}").c_str()).size(), 1U);
+}
+
+TEST(WanWish, NeverShowsAPassword) {
+  for (const Fault& fault : faults_in(R"({"password": "hush\u0001"})")) {
+    EXPECT_EQ(fault.what.find("hush"), std::string::npos);
+  }
+}
+
+}  // namespace

@@ -1,0 +1,277 @@
+// Several users of one store: what each of them sees, and when.
+//
+// Two Store objects in one process are as strange to each other as two processes: nothing but the
+// files connects them.
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <optional>
+#include <thread>
+
+#include "client.h"
+#include "store/shared_state.h"
+#include "store_bench.h"
+
+namespace {
+
+using namespace store_tests;
+using host::ReadHold;
+using host::SharedState;
+using host::Tree;
+
+class StoreSharing : public StoreBench {
+ protected:
+  StoreSharing() {
+    options_.longest_silence_ms = 100000;
+    one_ = opened();
+    other_ = opened();
+  }
+
+  // Another user that does not wait long, for a lock that is taken.
+  std::unique_ptr<Store> impatient() {
+    options_.lock_timeout_ms = 20;
+    return opened();
+  }
+
+  // Another user that takes the lock over from whoever is silent.
+  std::unique_ptr<Store> successor() {
+    options_.longest_silence_ms = 20;
+    return opened();
+  }
+
+  static void write(Store& store, const std::string& name, const std::string& text) {
+    EXPECT_EQ(store.tree().set_value(name, text), 0);
+  }
+
+  static void write_and_commit(Store& store, const std::string& name, const std::string& text) {
+    write(store, name, text);
+    const StoreResult result = store.commit();
+    EXPECT_TRUE(result.ok()) << result.text;
+  }
+
+  std::unique_ptr<Store> one_, other_;
+};
+
+TEST_F(StoreSharing, ShowsACommitToTheNextReadOfOthersAndNothingBefore) {
+  write(*one_, kUrl, "x");
+  EXPECT_EQ(other_->tree().value(kUrl), "");
+  EXPECT_TRUE(one_->commit().ok());
+  EXPECT_EQ(other_->tree().value(kUrl), "x");
+  EXPECT_EQ(other_->generation(), 2U);
+}
+
+TEST_F(StoreSharing, CatchesUpOverMoreChangesThanAreKept) {
+  for (int i = 0; i < 25; ++i) write_and_commit(*one_, kUrl, std::to_string(i));
+  added(one_->tree(), kBridges);
+  one_->tree().delete_object(kBridges + "1.");
+  EXPECT_TRUE(one_->commit().ok());
+  EXPECT_EQ(lines_of(other_->tree()), lines_of(one_->tree()));
+}
+
+TEST_F(StoreSharing, CatchesUpChangeByChange) {
+  added(one_->tree(), kBridges);
+  EXPECT_TRUE(one_->commit().ok());
+  one_->tree().set_value(kBridges + "2.BridgeName", "second");
+  EXPECT_TRUE(one_->commit().ok());
+  one_->tree().delete_object(kBridges + "1.");
+  EXPECT_TRUE(one_->commit().ok());
+  EXPECT_EQ(lines_of(other_->tree()), lines_of(one_->tree()));
+  EXPECT_EQ(added(other_->tree(), kBridges), kBridges + "3.");
+}
+
+TEST_F(StoreSharing, ANameThatAnotherOneMadeCanBeWrittenAtOnce) {
+  Tree& tree = other_->tree();
+  added(one_->tree(), kBridges);
+  EXPECT_TRUE(one_->commit().ok());
+  EXPECT_EQ(other_->tree().set_value(kBridges + "2.BridgeName", "x"), 0);
+  EXPECT_TRUE(other_->commit().ok());
+  EXPECT_EQ(&tree, &other_->tree());
+}
+
+TEST_F(StoreSharing, AHoldFreezesTheView) {
+  {
+    const ReadHold hold(*other_);
+    write_and_commit(*one_, kUrl, "x");
+    EXPECT_EQ(other_->tree().value(kUrl), "");
+  }
+  EXPECT_EQ(other_->tree().value(kUrl), "x");
+}
+
+TEST_F(StoreSharing, TheFirstWriteBuildsOnTheNewestStateEvenUnderAHold) {
+  const ReadHold hold(*other_);
+  const std::string bridge_path = added(one_->tree(), kBridges);
+  EXPECT_TRUE(one_->commit().ok());
+  EXPECT_EQ(added(other_->tree(), kBridges), kBridges + "3.");
+  EXPECT_TRUE(other_->commit().ok());
+  EXPECT_TRUE(one_->tree().has_object(bridge_path));
+  EXPECT_TRUE(one_->tree().has_object(kBridges + "3."));
+}
+
+TEST_F(StoreSharing, ALockedStoreRefusesTheWholeBatchAtOnceAndSaysSo) {
+  auto late = impatient();
+  write(*one_, kUrl, "x");
+  EXPECT_NE(late->tree().set_value(kUser, "y"), 0);
+  EXPECT_EQ(late->tree().refusals().size(), 1U);
+  one_->discard();
+  EXPECT_NE(late->tree().set_value(kUser, "y"), 0);  // though the lock is free now
+  EXPECT_EQ(late->commit().error, StoreError::kLocked);
+  EXPECT_TRUE(is_reported("discarded"));
+  EXPECT_EQ(late->tree().value(kUser), "");
+  write_and_commit(*late, kUser, "y");
+  EXPECT_EQ(one_->tree().value(kUser), "y");
+}
+
+TEST_F(StoreSharing, LaterWritesOfASpoiltBatchDoNotWait) {
+  options_.lock_timeout_ms = 300;
+  auto late = opened();
+  write(*one_, kUrl, "x");
+  EXPECT_NE(late->tree().set_value(kUser, "y"), 0);
+  const auto start = std::chrono::steady_clock::now();
+  for (int i = 0; i < 100; ++i) EXPECT_NE(late->tree().set_value(kUser, "y"), 0);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(15));  // not 100 waits
+}
+
+TEST_F(StoreSharing, ASilentBatchIsSpoiltAsAWholeWhenAnotherOneWaits) {
+  auto next = successor();
+  added(one_->tree(), kBridges);
+  write(*one_, kUrl, "forgotten");
+  write_and_commit(*next, kUser, "next");
+  EXPECT_NE(one_->tree().set_value(kUrl, "more"), 0);
+  EXPECT_EQ(one_->commit().error, StoreError::kMovedOn);
+  EXPECT_EQ(lines_of(one_->tree()), lines_of(next->tree()));
+  EXPECT_EQ(one_->tree().value(kUser), "next");
+  EXPECT_EQ(one_->tree().value(kUrl), "");
+}
+
+TEST_F(StoreSharing, ASilentBatchThatCommitsTooLateLandsNothing) {
+  auto next = successor();
+  write(*one_, kUrl, "forgotten");
+  write_and_commit(*next, kUser, "next");
+  EXPECT_EQ(one_->commit().error, StoreError::kMovedOn);
+  EXPECT_EQ(other_->tree().value(kUrl), "");
+  EXPECT_EQ(other_->tree().value(kUser), "next");
+}
+
+TEST_F(StoreSharing, ASilentBatchIsGoneFromReadsOnceAnotherOneCommitted) {
+  auto next = successor();
+  write(*one_, kUrl, "forgotten");
+  write_and_commit(*next, kUser, "next");
+  EXPECT_EQ(one_->tree().value(kUrl), "");
+  EXPECT_EQ(one_->tree().value(kUser), "next");
+  EXPECT_EQ(one_->commit().error, StoreError::kMovedOn);
+}
+
+TEST_F(StoreSharing, ASilentBatchThatNobodyWaitsForStays) {
+  options_.longest_silence_ms = 0;
+  auto quiet = opened();
+  write(*quiet, kUrl, "x");
+  EXPECT_TRUE(quiet->commit().ok());
+  EXPECT_EQ(one_->tree().value(kUrl), "x");
+}
+
+TEST_F(StoreSharing, AnOddCounterSendsReadersToTheDatabase) {
+  SharedState shared(path_);
+  write_and_commit(*one_, kUrl, "x");
+  shared.set_counter(3);  // as if that commit's process had died before it told anybody
+  EXPECT_EQ(other_->tree().value(kUrl), "x");
+  EXPECT_EQ(shared.counter(), 4U);
+}
+
+TEST_F(StoreSharing, ACounterIsPutRightByWhoeverOpens) {
+  SharedState shared(path_);
+  shared.set_counter(77);
+  opened();
+  EXPECT_EQ(shared.counter(), 2U);
+}
+
+TEST_F(StoreSharing, TheDatabaseRefusesABatchThatDoesNotFollowTheLastOne) {
+  write(*one_, kUrl, "x");
+  std::filesystem::remove(path_ + "-shared");  // the worst that can happen to the lock
+  auto next = opened();
+  write_and_commit(*next, kUser, "next");
+  EXPECT_EQ(one_->commit().error, StoreError::kMovedOn);
+  EXPECT_EQ(opened()->tree().value(kUser), "next");
+  write_and_commit(*one_, kUrl, "after it");
+  EXPECT_EQ(one_->tree().value(kUser), "next");
+}
+
+class Processes : public StoreBench {
+ protected:
+  Words environment() const { return {"IGD_STORE=" + path_}; }
+  std::string ran(Words words) const { return Client(environment(), std::move(words)).finish(); }
+};
+
+TEST_F(Processes, OneThatDiesWithTheLockDelaysNobody) {
+  auto store = opened();
+  EXPECT_EQ(ran({"set", kUrl, "lost", "die"}), "0\nkilled");
+  store->tree().set_value(kUser, "next");
+  EXPECT_TRUE(store->commit().ok());
+  EXPECT_EQ(store->tree().value(kUrl), "");
+}
+
+TEST_F(Processes, OneThatDiesBetweenTheDatabaseAndTheCounterHasCommitted) {
+  auto reader = opened();
+  const pid_t child = fork();
+  if (child == 0) {
+    options_.between_commit_and_counter = [] { (void)raise(SIGKILL); };
+    auto store = opened();
+    (void)store->tree().set_value(kUrl, "x");
+    (void)store->commit();
+    _exit(0);
+  }
+  int status = 0;
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  ASSERT_TRUE(WIFSIGNALED(status));
+  EXPECT_EQ(SharedState(path_).counter() % 2, 1U);
+  EXPECT_EQ(reader->tree().value(kUrl), "x");
+  reader->tree().set_value(kUser, "next");
+  EXPECT_TRUE(reader->commit().ok());
+  EXPECT_EQ(ran({"get", kUrl, "get", kUser}), "x\nnext\n");
+}
+
+TEST_F(Processes, AnOpenWalkFreezesTheView) {
+  Client client(environment(),
+                {"get", kUrl, "walk", "make", folder_ + "/walking", "wait-for", folder_ + "/done",
+                 "get", kUrl, "set", kUser, "u", "get", kUrl, "commit"});
+  while (!std::filesystem::exists(folder_ + "/walking")) usleep(1000);
+  auto store = opened();
+  store->tree().set_value(kUrl, "x");
+  EXPECT_TRUE(store->commit().ok());
+  write_file(folder_ + "/done", "");
+  EXPECT_EQ(client.finish(), "\n\n0\nx\n0\n");
+}
+
+TEST_F(Processes, AChildAfterForkOpensAnewWithoutItsParentsBatch) {
+  const std::string printed = ran({"set", kUrl, "parents", "fork", "get", kUrl, "commit"});
+  EXPECT_EQ(printed.substr(0, 8), "0\n\n0\nlog") << printed;
+  EXPECT_NE(printed.find("1 writes were not committed"), std::string::npos);  // the parent's
+  EXPECT_EQ(printed.find("not committed"), printed.rfind("not committed"));
+}
+
+TEST_F(Processes, AChildAfterForkWritesWhenItsParentHasCommitted) {
+  EXPECT_EQ(ran({"set", kUrl, "x", "commit", "fork", "get", kUrl, "set", kUser, "y", "commit"}),
+            "0\n0\nx\n0\n0\n");
+  EXPECT_EQ(ran({"get", kUser}), "y\n");
+}
+
+TEST_F(Processes, LoseNoCommitWhenTheyWriteAtTheSameTime) {
+  constexpr int kWriters = 4;
+  constexpr int kCommits = 25;
+  Words words = {"wait-for", folder_ + "/go"};
+  for (int i = 0; i < kCommits; ++i) words.insert(words.end(), {"add", kRoutes, "commit"});
+  std::vector<std::unique_ptr<Client>> writers;
+  for (int i = 0; i < kWriters; ++i) {
+    writers.push_back(std::make_unique<Client>(environment(), words));
+  }
+  write_file(folder_ + "/go", "");
+  for (const auto& writer : writers) {
+    const std::string printed = writer->finish();
+    EXPECT_EQ(std::count(printed.begin(), printed.end(), '\n'), 2 * kCommits) << printed;
+    EXPECT_EQ(printed.find("log"), std::string::npos) << printed;
+  }
+  auto store = opened();
+  EXPECT_EQ(store->tree().instances(kForwardingInterface).size(), kWriters * kCommits);
+  EXPECT_EQ(store->generation(), 1U + kWriters * kCommits);
+}
+
+}  // namespace

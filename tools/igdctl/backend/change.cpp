@@ -1,0 +1,121 @@
+#include "backend/change.h"
+
+#include <CLI/App.hpp>
+#include <nlohmann/json.hpp>
+
+#include "backend/platform.h"
+#include "cli/session.h"
+#include "term/text.h"
+
+namespace igdctl {
+
+namespace {
+
+constexpr long kLongestConfirmation = 86400;
+
+int seconds_from(const std::string& text) {
+  long seconds = 0;
+  if (parse_number(text, 1, kLongestConfirmation, &seconds)) return static_cast<int>(seconds);
+  throw CLI::ValidationError("--confirm", "give a whole number of seconds from 1 to " +
+                                              std::to_string(kLongestConfirmation));
+}
+
+Json report_of(ChangeOutcome outcome, const std::string& what, const std::string& path,
+               const std::vector<std::string>& overridden, const Json* shown) {
+  Json data = {{"result", name_of(outcome)}, {"what", what}, {"overridden", overridden}};
+  if (!path.empty()) data["path"] = path;
+  if (shown != nullptr) data.update(*shown);
+  return data;
+}
+
+}  // namespace
+
+void add_change_options(CLI::App& command, ChangeOptions& options) {
+  const std::string without = has_store() ? "" : " (not in this build)";
+  command.add_flag("--dry-run", options.dry_run,
+                   "Show every write in order and the difference, change nothing" + without);
+  command
+      .add_option_function<std::string>(  // numbers of CLI11 may be octal, "true" is one, too
+          "--confirm",
+          [&options](const std::string& text) { options.confirm = seconds_from(text); },
+          "Take the change back unless it is confirmed in time" + without)
+      ->type_name("SECONDS");
+  command.add_flag("--yes", options.yes, "Go on also where the gateway's management is at stake");
+}
+
+void add_force_option(CLI::App& command, ChangeOptions& options) {
+  command.add_flag("--force", options.force,
+                   "Go on over checks that say no, where that is safe for data");
+}
+
+const char* name_of(ChangeOutcome outcome) {
+  switch (outcome) {
+    case ChangeOutcome::kNothing:
+      return "no-change";
+    case ChangeOutcome::kDone:
+      return "done";
+    case ChangeOutcome::kPending:
+      return "pending";
+    case ChangeOutcome::kShown:
+      break;
+  }
+  return "dry-run";
+}
+
+Change::Change(Session& session, const ChangeOptions& options)
+    : session_(session), options_(options) {}
+
+void Change::override_or_fail(const std::string& what, const std::string& todo) {
+  override_or_fail({{what, todo}});
+}
+
+void Change::override_or_fail(const std::vector<Fault>& reasons) {
+  if (!options_.force && !reasons.empty()) {
+    std::vector<Fault> faults = reasons;
+    for (Fault& fault : faults) fault.todo += "; or go on all the same with --force";
+    throw Failure(ExitCode::kRefused, faults);
+  }
+  for (const Fault& reason : reasons) {
+    session_.output().warn("--force goes over this: " + reason.what);
+    overridden_.push_back(reason.what);
+  }
+}
+
+void Change::fail_without_consent() const {
+  throw Failure(ExitCode::kNeedsConsent, consent_,
+                has_store()
+                    ? "add --confirm SECONDS, then igdctl store confirm when the gateway can "
+                      "still be reached; or go on at once with --yes"
+                    : "go on with --yes");
+}
+
+void Change::add_detail(const std::string& key, const Json& value) {
+  if (shown_json_ == nullptr) shown_json_ = std::make_shared<Json>(Json::object());
+  (*shown_json_)[key] = value;
+}
+
+void Change::report(ChangeOutcome outcome, const std::string& what, const std::string& path) {
+  Output& output = session_.output();
+  if (output.json()) {
+    output.document("change", report_of(outcome, what, path, overridden_, shown_json_.get()));
+    return;
+  }
+  output.raw(shown_text_);
+  switch (outcome) {
+    case ChangeOutcome::kNothing:
+      output.done("No change: all is as asked for");
+      break;
+    case ChangeOutcome::kShown:
+      output.done("Dry run: nothing was changed");
+      break;
+    case ChangeOutcome::kDone:
+      output.done(what);
+      break;
+    case ChangeOutcome::kPending:
+      output.done(what + "; taken back in " + std::to_string(options_.confirm) +
+                  " seconds unless you run: igdctl store confirm");
+      break;
+  }
+}
+
+}  // namespace igdctl

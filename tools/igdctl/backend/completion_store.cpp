@@ -1,0 +1,49 @@
+// Completion from the store.
+#include <sys/stat.h>
+
+#include "cli/session.h"
+#include "gateway/tree_reader.h"
+#include "help/completion.h"
+#include "host_store.h"
+#include "store/store_commands.h"
+#include "tree/assignments.h"
+
+namespace igdctl {
+
+namespace {
+
+// The path level by level, so that a list stays short: up to and with the next dot.
+std::string next_level(const std::string& name, std::size_t begun) {
+  const std::size_t dot = name.find('.', begun);
+  return dot == std::string::npos ? name : name.substr(0, dot + 1);
+}
+
+}  // namespace
+
+bool has_tree_to_read(const Session& session) {
+  struct stat status {};
+  return stat(store_path_of(session).c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+std::vector<Candidate> checkpoint_words() {
+  std::vector<Candidate> words;
+  for (const host::Checkpoint& checkpoint : host::process_store()->checkpoints()) {
+    std::string description = local_time_text(checkpoint.time);
+    if (!checkpoint.label.empty()) description = "before " + checkpoint.label;
+    words.push_back({checkpoint.name, description});
+  }
+  return words;
+}
+
+std::vector<Candidate> parameter_words(const std::string& begun) {
+  const bool from_root = begins_with(begun, "InternetG") || begun.empty();
+  const std::string root = from_root ? "" : full_name_of("");
+  std::vector<Candidate> words;
+  for (const host::Parameter& parameter : host::active_tree().parameters(root + begun)) {
+    std::string word = next_level(parameter.name.substr(root.size()), begun.size());
+    if (words.empty() || words.back().word != word) words.push_back({std::move(word), ""});
+  }
+  return words;
+}
+
+}  // namespace igdctl

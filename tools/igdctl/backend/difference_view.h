@@ -1,0 +1,28 @@
+/// Writes and differences of the store, shown to people and programs. Secrets are stars unless
+/// `show_secrets`.
+#ifndef IGDCTL_DIFFERENCE_VIEW_H
+#define IGDCTL_DIFFERENCE_VIEW_H
+
+#include <string>
+#include <vector>
+
+#include "host_changes.h"
+#include "term/output.h"
+
+namespace igdctl {
+
+/// One line for each write, in order: "  3  set     <name> = "110", was "100"".
+std::string text_of(const std::vector<host::WriteStep>& plan, bool show_secrets);
+
+/// Lines with "+" for objects that came, "-" for those that went, "~" for changed values.
+std::string text_of(const host::Difference& difference, bool show_secrets);
+
+/// [{"do": "set", "name": ..., "before": ..., "after": ...}, {"do": "add", "name": ...}, ...]
+Json json_of(const std::vector<host::WriteStep>& plan, bool show_secrets);
+
+/// {"added": [...], "deleted": [...], "values": [{"name", "before", "after"}, ...]}
+Json json_of(const host::Difference& difference, bool show_secrets);
+
+}  // namespace igdctl
+
+#endif  // IGDCTL_DIFFERENCE_VIEW_H

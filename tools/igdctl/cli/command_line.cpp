@@ -1,0 +1,184 @@
+#include "cli/command_line.h"
+
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <memory>
+#include <vector>
+
+#include "backend/platform.h"
+#include "cli/session.h"
+#include "term/text.h"
+#include "version.h"
+
+namespace igdctl {
+
+namespace {
+
+constexpr std::size_t kColumn = 30;
+constexpr std::size_t kRootColumn = 18;
+constexpr char kDefaultTrace[] = "igdctl.trace";
+
+// The root's help fits one screen: a line for each group and each global option.
+class HelpFormatter : public CLI::Formatter {
+ public:
+  std::string make_help(const CLI::App* app, std::string name,
+                        CLI::AppFormatMode mode) const override {
+    if (app->get_parent() != nullptr) return CLI::Formatter::make_help(app, name, mode);
+    std::string text = "Usage: igdctl [OPTION]... GROUP COMMAND [ARGUMENT]...\n\n";
+    for (const CLI::App* group : app->get_subcommands([](const CLI::App* sub) {
+           return !sub->get_group().empty();  // hidden ones have none
+         })) {
+      text += row(group->get_name(), group->get_description());
+    }
+    text += '\n';
+    for (const CLI::Option* option : app->get_options()) {
+      text += row(option->get_name(false, true) + type_of(*option), option->get_description());
+    }
+    return text + '\n' + app->get_footer() + '\n';
+  }
+
+ private:
+  static std::string row(const std::string& left, const std::string& right) {
+    const std::size_t blanks = left.size() < kRootColumn ? kRootColumn - left.size() : 1;
+    return "  " + left + std::string(blanks, ' ') + right + '\n';
+  }
+  static std::string type_of(const CLI::Option& option) {
+    if (option.get_expected_max() == 0) return {};
+    const std::string type = option.get_type_name();
+    return type.front() == '[' ? "[=" + type.substr(1) : '=' + type;
+  }
+};
+
+void add_global_options(CLI::App& root, Session& session) {
+  GlobalOptions& options = session.options;
+  root.set_help_flag("-h,--help", "This help, or that of a group or command");
+  root.set_version_flag("--version", std::string("igdctl ") + kVersion)
+      ->description("The version of igdctl");
+  add_store_option(root, session);
+  root.add_flag("--json", options.output.json, "Results as one JSON document");
+  root.add_flag("--show-secrets", options.show_secrets, "Passwords in clear instead of stars");
+  root.add_option("--trace", options.trace,
+                  "Keep the library's trace, passwords and all, in a file")
+      ->type_name("[FILE]");
+  root.add_flag("-q,--quiet", options.output.quiet, "No sentences and warnings, only data");
+  root.add_flag("-v,--verbose", options.output.verbose, "Also tell what is going on");
+}
+
+// "--bind-lan=" gives an empty value, as "--bind-lan ''" does; CLI11 would miss one.
+bool gives_empty_value(const std::string& argument) {
+  return argument.rfind("--", 0) == 0 && argument.find('=') == argument.size() - 1;
+}
+
+// "--trace" alone names the usual file; as an argument of its own a file would be ambiguous.
+std::vector<std::string> arguments_of(int argc, const char* const* argv) {
+  std::vector<std::string> arguments;
+  bool options_over = false;
+  for (int i = 1; i < argc; ++i) {
+    std::string argument = argv[i];
+    options_over = options_over || argument == "--";
+    const bool empty_value = !options_over && gives_empty_value(argument);
+    if (empty_value) argument.pop_back();
+    const bool bare_trace = !options_over && !empty_value && argument == "--trace";
+    if (bare_trace) argument += std::string("=") + kDefaultTrace;
+    arguments.push_back(argument);
+    if (empty_value) arguments.emplace_back();
+  }
+  return {arguments.rbegin(), arguments.rend()};  // as CLI11 takes them
+}
+
+const CLI::App& chosen_command(const CLI::App& root) {
+  const CLI::App* command = &root;
+  while (!command->get_subcommands().empty()) command = command->get_subcommands().back();
+  return *command;
+}
+
+std::string words_of(const CLI::App& command) {
+  const CLI::App* const parent = command.get_parent();
+  return parent == nullptr ? "igdctl" : words_of(*parent) + ' ' + command.get_name();
+}
+
+// A word where a command should be; CLI11 only says that a command is missing.
+bool find_unknown_command(const CLI::App& root, const CLI::App& command, Fault* fault) {
+  const std::vector<std::string> words = root.remaining(true);
+  const std::vector<const CLI::App*> known = command.get_subcommands(
+      [](const CLI::App* sub) { return !sub->get_group().empty(); });  // hidden ones have none
+  if (known.empty() || words.empty() || words.front().rfind('-', 0) == 0) return false;
+  std::vector<std::string> names;
+  for (const CLI::App* sub : known) names.push_back(sub->get_name());
+  const std::vector<std::string> near = near_names(words.front(), names);
+  fault->what = words_of(command) + " has no command " + in_quotes(words.front());
+  fault->todo =
+      near.empty() ? "it has " + joined(names, ", ") : "did you mean " + joined(near, " or ") + "?";
+  return true;
+}
+
+std::string one_line(std::string text) {
+  for (char& letter : text) {
+    if (letter == '\n') letter = ' ';
+  }
+  return std::string(trimmed(text));
+}
+
+}  // namespace
+
+void build_command_line(CLI::App& root, Session& session) {
+  root.name("igdctl");
+  root.description("The WAN connections of a home gateway, and the bridges that carry them");
+  auto formatter = std::make_shared<HelpFormatter>();
+  formatter->column_width(kColumn);
+  root.formatter(formatter);
+  root.footer("igdctl GROUP --help lists commands, igdctl GROUP COMMAND --help tells of one.");
+  root.require_subcommand(1);
+  add_global_options(root, session);
+  root.fallthrough();  // global options may stand anywhere; groups inherit this
+  add_wan_commands(root, session);
+  add_bridge_commands(root, session);
+  add_vlan_commands(root, session);
+  add_route_commands(root, session);
+  add_acs_commands(root, session);
+  add_lan_commands(root, session);
+  add_topology_command(root, session);
+  add_doctor_command(root, session);
+  add_tree_commands(root, session);
+  add_store_commands(root, session);
+  add_completion_commands(root, session);
+}
+
+bool parse_command_line(CLI::App& root, int argc, const char* const* argv, int* exit_code) {
+  std::vector<std::string> arguments = arguments_of(argc, argv);
+  try {
+    root.parse(arguments);
+    return true;
+  } catch (const CLI::ParseError& error) {
+    if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
+      *exit_code = root.exit(error);
+      return false;
+    }
+    const CLI::App& command = chosen_command(root);
+    Fault fault{one_line(error.what()), "see " + words_of(command) + " --help"};
+    (void)find_unknown_command(root, command, &fault);
+    report(Failure(ExitCode::kBadInput, {fault}));
+  }
+  *exit_code = static_cast<int>(ExitCode::kBadInput);
+  return false;
+}
+
+CLI::App& add_group(CLI::App& root, const std::string& name, const std::string& description) {
+  CLI::App& group = *root.add_subcommand(name, description);
+  group.require_subcommand(1);
+  return group;
+}
+
+CLI::App& add_command(CLI::App& group, const std::string& name, const std::string& description,
+                      const std::string& example) {
+  CLI::App& command = *group.add_subcommand(name, description);
+  command.footer("Example:\n  igdctl " + example);
+  return command;
+}
+
+void add_connection_argument(CLI::App& command, std::string& words) {
+  command.add_option("CONNECTION", words, "Its name, its path, or <d>.<c> as in the list")
+      ->required();
+}
+
+}  // namespace igdctl

@@ -1,0 +1,159 @@
+#include <algorithm>
+
+#include "doctor/doctor_rules.h"
+#include "gateway/bridge_names.h"
+#include "term/text.h"
+
+namespace igdctl {
+
+namespace {
+
+std::string quoted_title(const Bridge& bridge) { return in_quotes(title_of(bridge)); }
+
+std::string quoted_title(const Connection& connection) { return in_quotes(title_of(connection)); }
+
+Finding orphan(const Snapshot& snapshot, const Bridge& bridge) {
+  const std::string whose =
+      bridge.wan_path.empty()
+          ? "names no connection"
+          : "names the connection " + in_quotes(bridge.wan_path) + ", which is not there";
+  return {"orphan-bridge",
+          bridge.path,
+          "the bridge " + quoted_title(bridge) + ' ' + whose,
+          "its ports serve nobody, and its VLAN counts as taken",
+          {"bridge remove " + word_of(snapshot, bridge)}};
+}
+
+Finding linked_lan_bridge(const Bridge& bridge) {
+  return {"misnamed-bridge",
+          bridge.path,
+          "the LAN bridge names the connection " + in_quotes(bridge.wan_path),
+          "every port of the household counts as that connection's",
+          {"tree set " + bridge.path + "X_ZYN_WANName ''"}};
+}
+
+// A second bridge beside the right one has no use; the only one needs its name.
+Finding misnamed(const Snapshot& snapshot, const Bridge& bridge, const Connection& connection) {
+  const std::string what = "the bridge " + quoted_title(bridge) + " names connection " +
+                           quoted_title(connection) + ", whose bridge is " +
+                           in_quotes(connection.bridge_name);
+  const std::string mend = connection.has_bridge() ? "bridge remove " + word_of(snapshot, bridge)
+                                                   : "tree set " + bridge.path + "BridgeName " +
+                                                         shell_word(connection.bridge_name);
+  return {"misnamed-bridge",
+          bridge.path,
+          what,
+          "a bridge counts as a connection's own only when link and name agree",
+          {mend}};
+}
+
+// Of several bridges under the wrong name only the first can get the right one.
+bool is_spare(const Snapshot& snapshot, const Bridge& bridge) {
+  for (const Bridge& other : snapshot.bridges) {
+    if (other.path == bridge.path) return false;
+    if (other.wan_path == bridge.wan_path) return true;
+  }
+  return false;
+}
+
+// Where a port most likely belongs: with the connection that owns a bridge it is in, else in the
+// LAN bridge.
+const Bridge& best_bridge(const Snapshot& snapshot, const std::vector<const Bridge*>& bridges) {
+  for (const Bridge* const bridge : bridges) {
+    const ConnectionState* const state = find_path(snapshot, bridge->wan_path);
+    if (state != nullptr && state->connection.bridge_path == bridge->path) return *bridge;
+  }
+  const Bridge* const lan = find_lan_bridge(snapshot.bridges);
+  return lan != nullptr ? *lan : *bridges.front();
+}
+
+bool is_shared_node(const std::string& node) {
+  return node.empty() || is_uplink_node(node) || node == "LAN_DEFAULT1";
+}
+
+std::string consent_of(const Snapshot& snapshot, const std::vector<const Bridge*>& bridges) {
+  for (const Bridge* const bridge : bridges) {
+    const ConnectionState* const state = find_path(snapshot, bridge->wan_path);
+    if (state != nullptr && carries_management(*state)) return consent_for(snapshot, *state);
+  }
+  return {};
+}
+
+// The bridges that hold a port, once for each time that they do.
+std::vector<const Bridge*> bridges_with(const Snapshot& snapshot, const std::string& node) {
+  std::vector<const Bridge*> bridges;
+  for (const Bridge& bridge : snapshot.bridges) {
+    for (const Port& port : bridge.ports) {
+      if (port.node == node) bridges.push_back(&bridge);
+    }
+  }
+  return bridges;
+}
+
+// The same for every finding about a port, so that none undoes what another mended.
+std::string mend_of(const Snapshot& snapshot, const std::string& node) {
+  const std::vector<const Bridge*> bridges = bridges_with(snapshot, node);
+  return "bridge move " + shell_word(node) + ' ' +
+         word_of(snapshot, best_bridge(snapshot, bridges)) + consent_of(snapshot, bridges);
+}
+
+void examine_node(const Snapshot& snapshot, const Port& port, Findings* findings) {
+  const std::vector<const Bridge*> bridges = bridges_with(snapshot, port.node);
+  if (bridges.size() < 2) return;
+  std::vector<std::string> titles;
+  for (const Bridge* const bridge : bridges) titles.push_back(quoted_title(*bridge));
+  findings->push_back(
+      {"port-in-two-bridges",
+       port.path,
+       "the port " + in_quotes(port.node) + " is in the bridges " + joined(titles, " and "),
+       "checks look at the first only, and frames pass between the bridges",
+       {mend_of(snapshot, port.node)}});
+}
+
+void examine_binding(const Snapshot& snapshot, const Port& port, Findings* findings) {
+  if (port.depend_wan.empty() || find_path(snapshot, port.depend_wan) != nullptr) return;
+  const bool can_move = find_lan_bridge(snapshot.bridges) != nullptr && !is_shared_node(port.node);
+  findings->push_back({"stale-binding",
+                       port.path,
+                       "the port " + in_quotes(port.node) + " is bound to the connection " +
+                           in_quotes(port.depend_wan) + ", which is not there",
+                       "it reaches nothing, and no connection can have it",
+                       {can_move ? mend_of(snapshot, port.node)
+                                 : "tree set " + port.path + "X_ZYN_DependWanName ''"}});
+}
+
+}  // namespace
+
+void examine_bridges(const Snapshot& snapshot, Findings* findings) {
+  for (const Bridge& bridge : snapshot.bridges) {
+    if (bridge.name == kLanBridge) {
+      if (!bridge.wan_path.empty()) findings->push_back(linked_lan_bridge(bridge));
+      continue;
+    }
+    const ConnectionState* const state = find_path(snapshot, bridge.wan_path);
+    if (state == nullptr) {
+      findings->push_back(orphan(snapshot, bridge));
+    } else if (state->connection.bridge_path != bridge.path) {
+      findings->push_back(misnamed(snapshot, bridge, state->connection));
+      if (state->connection.has_bridge() || !is_spare(snapshot, bridge)) continue;
+      findings->back().mend = {"bridge remove " + word_of(snapshot, bridge)};
+    }
+  }
+}
+
+void examine_ports(const Snapshot& snapshot, Findings* findings) {
+  std::vector<std::string> seen;
+  for (const Bridge& bridge : snapshot.bridges) {
+    for (const Port& port : bridge.ports) {
+      const bool known = std::find(seen.begin(), seen.end(), port.node) != seen.end();
+      if (known || is_shared_node(port.node)) continue;
+      seen.push_back(port.node);
+      examine_node(snapshot, port, findings);
+    }
+  }
+  for (const Bridge& bridge : snapshot.bridges) {
+    for (const Port& port : bridge.ports) examine_binding(snapshot, port, findings);
+  }
+}
+
+}  // namespace igdctl

@@ -1,0 +1,78 @@
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "cli/command_line.h"
+#include "cli/session.h"
+#include "doctor/doctor.h"
+#include "doctor/doctor_rules.h"
+
+namespace igdctl {
+
+namespace {
+
+// The commands are for the store that was looked at.
+std::string program_of(const Session& session) {
+  const std::string& store = session.options.store;
+  return store.empty() ? "igdctl " : "igdctl --store " + shell_word(store) + ' ';
+}
+
+Json json_of(const Finding& finding, const std::string& program) {
+  Json mend = Json::array();
+  for (const std::string& command : finding.mend) mend.push_back(program + command);
+  return {{"finding", finding.code},
+          {"where", finding.where},
+          {"what", finding.what},
+          {"why", finding.why},
+          {"mend", mend}};
+}
+
+Table table_of(const Finding& finding, const std::string& program) {
+  Table table{{}, {{"where", finding.where}, {"why", finding.why}}};
+  for (const std::string& command : finding.mend) {
+    table.rows.push_back({"mend", {program + command, Style::kGood}});
+  }
+  return table;
+}
+
+std::string counts_of(const Snapshot& snapshot) {
+  return std::to_string(snapshot.connections.size()) + " connections, " +
+         std::to_string(snapshot.bridges.size()) + " bridges and " +
+         std::to_string(snapshot.routes.size()) + " routes";
+}
+
+void show(Session& session, const std::vector<Finding>& findings) {
+  const std::string program = program_of(session);
+  Output& output = session.output();
+  for (const Finding& finding : findings) {
+    output.heading(finding.code + ": " + finding.what);
+    output.raw(rendered(table_of(finding, program), {0, output.page().colour}));
+    output.line("");
+  }
+}
+
+void examine_tree(Session& session) {
+  const Snapshot snapshot = read_snapshot(session.tree());
+  const std::vector<Finding> findings = examine(snapshot);
+  if (!findings.empty()) session.set_exit_code(ExitCode::kFindings);
+  Output& output = session.output();
+  if (output.json()) {
+    Json data = Json::array();
+    for (const Finding& finding : findings) data.push_back(json_of(finding, program_of(session)));
+    output.document("doctor", data);
+    return;
+  }
+  show(session, findings);
+  output.done(findings.empty()
+                  ? "All is well with " + counts_of(snapshot)
+                  : std::to_string(findings.size()) + " found in " + counts_of(snapshot));
+}
+
+}  // namespace
+
+void add_doctor_command(CLI::App& root, Session& session) {
+  CLI::App& command = add_command(
+      root, "doctor", "What contradicts itself or will surprise, and what mends it", "doctor");
+  command.callback([&session] { session.on_run([&session] { examine_tree(session); }); });
+}
+
+}  // namespace igdctl

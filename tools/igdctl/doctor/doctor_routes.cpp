@@ -1,0 +1,109 @@
+#include <algorithm>
+
+#include "doctor/doctor_rules.h"
+#include "gateway/addresses.h"
+#include "gateway/subnet.h"
+#include "term/text.h"
+
+namespace igdctl {
+
+namespace {
+
+bool is_missing(const Snapshot& snapshot, const std::string& wan_path) {
+  return !wan_path.empty() && find_path(snapshot, wan_path) == nullptr;
+}
+
+// As igdctl route remove takes it, also when the texts are no addresses.
+std::string destination_words(const RouteState& route) {
+  Subnet subnet;
+  return parse_subnet(route.destination, route.mask, &subnet)
+             ? text_of(subnet)
+             : shell_word(route.destination) + ' ' + shell_word(route.mask);
+}
+
+std::string quoted_destination(const RouteState& route) {
+  Subnet subnet;
+  return in_quotes(parse_subnet(route.destination, route.mask, &subnet)
+                       ? text_of(subnet)
+                       : route.destination + ' ' + route.mask);
+}
+
+std::string removal_of(const RouteState& route) {
+  return "route remove " + destination_words(route);
+}
+
+// A route by a gateway only carries the link; one by a connection has nothing else.
+void examine_link(const Snapshot& snapshot, const RouteState& route, Findings* findings) {
+  const std::string what = "the route to " + quoted_destination(route);
+  const bool by_gateway = !route.gateway.empty();
+  const bool stale = is_missing(snapshot, route.interface);
+  const std::string missing = stale ? route.interface : route.table;
+  if (stale || (route.interface.empty() && is_missing(snapshot, route.table))) {
+    const std::string parameter = stale ? "Interface" : "X_ZYN_RouteTable";
+    findings->push_back(
+        {"route-to-missing-connection",
+         route.path,
+         what + " names the connection " + in_quotes(missing) + ", which is not there",
+         by_gateway ? "a connection made at that path later would take it over"
+                    : "it leads nowhere",
+         {by_gateway ? "tree set " + route.path + parameter + " ''" : removal_of(route)}});
+  } else if (!by_gateway && route.interface.empty() && route.table.empty()) {
+    findings->push_back({"route-to-nowhere",
+                         route.path,
+                         what + " has neither a gateway nor a connection",
+                         "it leads nowhere",
+                         {removal_of(route)}});
+  }
+}
+
+bool has_twin(const Snapshot& snapshot, const std::string& address, const std::string& mask) {
+  return std::any_of(snapshot.routes.begin(), snapshot.routes.end(), [&](const RouteState& route) {
+    return route.destination == address && route.mask == mask;
+  });
+}
+
+std::string addition_of(const Snapshot& snapshot, const RouteState& route, const Subnet& network) {
+  const ConnectionState* const state = find_path(snapshot, route.interface);
+  if (route.gateway.empty() && state == nullptr) return {};
+  const std::string next = route.gateway.empty()
+                               ? "--connection " + word_of(snapshot, state->connection)
+                               : "--gateway " + shell_word(route.gateway);
+  return "route add " + text_of(network) + ' ' + next + (route.enabled ? "" : " --disabled");
+}
+
+void examine_host_bits(const Snapshot& snapshot, const RouteState& route, const Subnet& subnet,
+                       Findings* findings) {
+  if (!subnet.has_host_bits()) return;
+  const Subnet network = {subnet.network(), subnet.mask};
+  std::vector<std::string> mend = {removal_of(route)};
+  const bool twin = has_twin(snapshot, text_of_ipv4(network.address), text_of_ipv4(network.mask));
+  const std::string addition = twin ? std::string() : addition_of(snapshot, route, network);
+  if (!addition.empty()) mend.push_back(addition);
+  findings->push_back({"route-with-host-bits", route.path,
+                       "the route to " + quoted_destination(route) + " names a host, not the " +
+                           "network " + text_of(network),
+                       "the system refuses such a route, so it is not in effect", mend});
+}
+
+}  // namespace
+
+void examine_routes(const Snapshot& snapshot, Findings* findings) {
+  for (const RouteState& route : snapshot.routes) {
+    const std::size_t before = findings->size();
+    examine_link(snapshot, route, findings);
+    const bool goes = findings->size() > before && route.gateway.empty();  // it is to be removed
+    Subnet subnet;
+    if (goes) continue;
+    if (parse_subnet(route.destination, route.mask, &subnet)) {
+      examine_host_bits(snapshot, route, subnet, findings);
+      continue;
+    }
+    findings->push_back({"malformed-route",
+                         route.path,
+                         "the route to " + quoted_destination(route) + " has no valid network",
+                         "the system refuses such a route, so it is not in effect",
+                         {removal_of(route)}});
+  }
+}
+
+}  // namespace igdctl

@@ -1,0 +1,73 @@
+#include "gateway/bridges.h"
+
+#include <algorithm>
+
+#include "gateway/tree_reader.h"
+
+namespace igdctl {
+
+namespace {
+
+constexpr const char* kUplinks[] = {"LAN0", "3G0", "WIFIW0"};
+constexpr const char* kUsualNodes[] = {"LAN1",  "LAN2",  "LAN3",  "LAN4",
+                                       "WLAN1", "WLAN2", "WLAN3", "WLAN4"};
+
+Bridge read_bridge(MibAccess& tree, const std::string& path) {
+  Bridge bridge;
+  bridge.path = path;
+  bridge.name = value_in(tree, path, "BridgeName");
+  bridge.wan_path = value_in(tree, path, "X_ZYN_WANName");
+  bridge.standard = value_in(tree, path, "BridgeStandard");
+  bridge.vlan = value_in(tree, path, "VLANID");
+  bridge.priority = value_in(tree, path, "X_ZYN_VLANPriority");
+  bridge.enabled = value_in(tree, path, "BridgeEnable") == "true";
+  return bridge;
+}
+
+Port read_port(MibAccess& tree, const std::string& path) {
+  Port port;
+  port.path = path;
+  port.bridge_path = parent_of(parent_of(path));
+  port.node = value_in(tree, path, "PortInterface");
+  port.depend_wan = value_in(tree, path, "X_ZYN_DependWanName");
+  port.pvid = value_in(tree, path, "PVID");
+  port.enabled = value_in(tree, path, "PortEnable") == "true";
+  return port;
+}
+
+}  // namespace
+
+std::vector<Bridge> read_bridges(MibAccess& tree) {
+  std::vector<Bridge> bridges;
+  for (const std::string& name : instances_below(kBridgeTable, kBridgeName)) {
+    bridges.push_back(read_bridge(tree, parent_of(name)));
+  }
+  for (const std::string& name : instances_below(kBridgeTable, kPortInterface)) {
+    Port port = read_port(tree, parent_of(name));
+    for (Bridge& bridge : bridges) {
+      if (bridge.path == port.bridge_path) bridge.ports.push_back(port);
+    }
+  }
+  return bridges;
+}
+
+bool is_uplink_node(const std::string& node) {
+  return std::find(std::begin(kUplinks), std::end(kUplinks), node) != std::end(kUplinks);
+}
+
+std::vector<std::string> assignable_nodes(const std::vector<Bridge>& bridges) {
+  std::vector<std::string> nodes;
+  for (const Bridge& bridge : bridges) {
+    for (const Port& port : bridge.ports) {
+      const bool other = port.node.empty() || is_uplink_node(port.node) ||
+                         port.node == "LAN_DEFAULT1" ||
+                         std::find(nodes.begin(), nodes.end(), port.node) != nodes.end();
+      if (!other) nodes.push_back(port.node);
+    }
+  }
+  std::sort(nodes.begin(), nodes.end());
+  if (nodes.empty()) nodes.assign(std::begin(kUsualNodes), std::end(kUsualNodes));
+  return nodes;
+}
+
+}  // namespace igdctl

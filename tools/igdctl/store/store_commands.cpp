@@ -1,0 +1,100 @@
+#include "store/store_commands.h"
+
+#include <ctime>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+
+#include "backend/platform.h"
+#include "backend/store_failure.h"
+#include "cli/command_line.h"
+#include "cli/session.h"
+#include "term/text.h"
+
+namespace igdctl {
+
+namespace {
+
+constexpr std::size_t kTimeSize = 32;
+
+void show_path(Session& session) {
+  const std::string path = store_path_of(session);
+  std::error_code error;
+  const bool exists = std::filesystem::exists(path, error);
+  Output& output = session.output();
+  if (output.json()) {
+    output.document("store.path", {{"path", path}, {"exists", exists}});
+  } else {
+    output.line(path);
+  }
+}
+
+void add_path(CLI::App& group, Session& session) {
+  CLI::App& command =
+      add_command(group, "path", "Where the store is; it is not opened", "store path");
+  command.callback([&session] { session.on_run([&session] { show_path(session); }); });
+}
+
+}  // namespace
+
+void add_store_commands(CLI::App& root, Session& session) {
+  CLI::App& group =
+      add_group(root, "store", "The store: dumps, checkpoints, history, confirmation");
+  add_path(group, session);
+  add_store_import(group, session);
+  add_store_export(group, session);
+  add_store_checkpoint(group, session);
+  add_store_restore(group, session);
+  add_store_diff(group, session);
+  add_store_history(group, session);
+  add_store_confirm(group, session);
+  add_store_revert(group, session);
+}
+
+host::Store& store_of(Session& session) {
+  (void)session.tree();
+  end_read_hold();
+  return *host::process_store();
+}
+
+std::string store_path_of(const Session& session) {
+  std::string path = session.options.store;
+  if (path.empty()) path = host::default_store_path();
+  if (!path.empty()) return path;
+  throw Failure(ExitCode::kStore, "nothing says where the store is",
+                "name it with --store, or set HOME");
+}
+
+void report_done(Output& output, const std::string& what) {
+  if (!output.json()) return output.done(what);
+  output.document("change", {{"result", "done"}, {"what", what}, {"overridden", Json::array()}});
+}
+
+Failure unknown_checkpoint(host::Store& store, const std::string& name) {
+  std::vector<std::string> names;
+  for (const host::Checkpoint& checkpoint : store.checkpoints()) names.push_back(checkpoint.name);
+  std::vector<std::string> near = near_names(name, names);
+  for (std::string& candidate : near) candidate = in_quotes(candidate);
+  return {ExitCode::kNotFound, "there is no checkpoint " + in_quotes(name),
+          near.empty() ? "igdctl store history lists them"
+                       : "did you mean " + joined(near, " or ") + "?"};
+}
+
+std::string local_time_text(std::int64_t seconds) {
+  const auto time = static_cast<std::time_t>(seconds);
+  std::tm parts{};
+  char text[kTimeSize] = "";
+  (void)localtime_r(&time, &parts);
+  (void)std::strftime(text, sizeof(text), "%Y-%m-%d %H:%M:%S", &parts);
+  return text;
+}
+
+std::string utc_time_text(std::int64_t seconds) {
+  const auto time = static_cast<std::time_t>(seconds);
+  std::tm parts{};
+  char text[kTimeSize] = "";
+  (void)gmtime_r(&time, &parts);
+  (void)std::strftime(text, sizeof(text), "%Y-%m-%dT%H:%M:%SZ", &parts);
+  return text;
+}
+
+}  // namespace igdctl

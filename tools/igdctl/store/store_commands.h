@@ -1,0 +1,51 @@
+/// The parts of the group "store", for store_commands.cpp.
+#ifndef IGDCTL_STORE_COMMANDS_H
+#define IGDCTL_STORE_COMMANDS_H
+
+#include <CLI/App.hpp>
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "host_store.h"
+#include "term/failure.h"
+
+namespace igdctl {
+
+class Change;
+class Output;
+class Session;
+
+void add_store_import(CLI::App& group, Session& session);
+void add_store_export(CLI::App& group, Session& session);
+void add_store_checkpoint(CLI::App& group, Session& session);
+void add_store_restore(CLI::App& group, Session& session);
+void add_store_diff(CLI::App& group, Session& session);
+void add_store_history(CLI::App& group, Session& session);
+void add_store_confirm(CLI::App& group, Session& session);
+void add_store_revert(CLI::App& group, Session& session);
+
+/// The opened store of this run, in its newest state. Throws Failure (kStore).
+host::Store& store_of(Session& session);
+
+/// Where the store of this run is. Throws Failure (kStore) when nothing says where.
+std::string store_path_of(const Session& session);
+
+/// The work of a change that replaces the tree: asks for consent when the difference touches the
+/// connection that carries the management service.
+void replace_tree(Session& session, Change& change,
+                  const std::function<void(host::Store&)>& replace);
+
+/// Tells that something was done which is no change of the tree: a sentence, or {"result": "done",
+/// "what": ..., "overridden": []}.
+void report_done(Output& output, const std::string& what);
+
+/// For the result kNoCheckpoint of a call: names that were meant.
+Failure unknown_checkpoint(host::Store& store, const std::string& name);
+
+std::string local_time_text(std::int64_t seconds);  ///< "2024-02-29 12:30:00", for people
+std::string utc_time_text(std::int64_t seconds);    ///< "2024-02-29T12:30:00Z", for programs
+
+}  // namespace igdctl
+
+#endif  // IGDCTL_STORE_COMMANDS_H

@@ -1,0 +1,46 @@
+#include <nlohmann/json.hpp>
+
+#include "backend/parameter_facts.h"
+#include "cli/secrets.h"
+#include "term/text.h"
+
+namespace igdctl {
+
+namespace {
+
+std::string hexadecimal(const std::string& bytes) {
+  constexpr char kDigits[] = "0123456789abcdef";
+  constexpr unsigned kLowHalf = 0x0f;
+  std::string text;
+  for (const char byte : bytes) {
+    const auto value = static_cast<unsigned char>(byte);
+    text += {kDigits[value >> 4U], kDigits[value & kLowHalf]};
+  }
+  return text;
+}
+
+}  // namespace
+
+Json json_of(const std::string& name, const std::string& value, const ParameterFacts& facts,
+             bool show_secrets) {
+  Json data = {{"name", name}};
+  if (is_secret_parameter(name)) {
+    data["secret"] = true;
+    data["set"] = !value.empty();
+  }
+  if (show_secrets || !is_secret_parameter(name)) {
+    if (is_utf8(value)) {
+      data["value"] = value;
+    } else {
+      data["value_hex"] = hexadecimal(value);
+    }
+  }
+  if (facts.type.empty()) return data;
+  data["type"] = facts.type;
+  data["writable"] = facts.writable;
+  data["derived"] = facts.derived;
+  data["extension"] = facts.extension;
+  return data;
+}
+
+}  // namespace igdctl

@@ -1,0 +1,35 @@
+#include "tree/tree_commands.h"
+
+#include "backend/parameter_facts.h"
+#include "cli/command_line.h"
+#include "cli/secrets.h"
+#include "term/text.h"
+#include "tree/assignments.h"
+
+namespace igdctl {
+
+void add_tree_commands(CLI::App& root, Session& session) {
+  CLI::App& group = add_group(root, "tree", "The configuration tree, parameter by parameter");
+  add_tree_get(group, session);
+  add_tree_set(group, session);
+  add_tree_model_commands(group, session);
+}
+
+Fault unknown_parameter(const std::string& name) {
+  if (is_object_path(name)) {
+    return {in_quotes(name) + " is an object and has no value",
+            "igdctl tree list shows what it has"};
+  }
+  std::vector<std::string> near = names_near(name);
+  for (std::string& candidate : near) candidate = in_quotes(candidate);
+  return {"there is no parameter " + in_quotes(name),
+          near.empty() ? "igdctl tree find looks for names, igdctl tree list lists them"
+                       : "did you mean " + joined(near, " or ") + "?"};
+}
+
+std::string parameter_line(const std::string& name, const std::string& value, bool show_secrets) {
+  const std::string shown = shown_value(name, value, show_secrets);
+  return (shown == value ? "" : "# ") + line_of({name, shown});
+}
+
+}  // namespace igdctl

@@ -1,0 +1,232 @@
+#include <algorithm>
+#include <memory>
+#include <set>
+
+#include "backend/change.h"
+#include "backend/parameter_facts.h"
+#include "backend/platform.h"
+#include "cli/command_line.h"
+#include "cli/input_file.h"
+#include "cli/secrets.h"
+#include "cli/session.h"
+#include "gateway/management.h"
+#include "term/text.h"
+#include "tree/assignments.h"
+#include "tree/parameter_types.h"
+#include "tree/tree_commands.h"
+
+namespace igdctl {
+
+namespace {
+
+struct SetOptions {
+  std::vector<std::string> words;
+  std::string from;
+  std::string value_file;
+  bool prompt = false;
+  ChangeOptions change;
+};
+
+bool takes_value_from_elsewhere(const SetOptions& options) {
+  return options.prompt || !options.value_file.empty();
+}
+
+// What people may read over one's shoulder, and other users in the list of processes.
+void refuse_secret(const Assignment& assignment, std::vector<Fault>& faults) {
+  if (!is_secret_parameter(assignment.name) || assignment.value.empty()) return;
+  faults.push_back({in_quotes(assignment.name) + " is a secret, and a command line is none",
+                    "give its value with --value-file FILE or --prompt"});
+}
+
+void read_words(const std::vector<std::string>& words, std::vector<Assignment>& assignments,
+                std::vector<Fault>& faults) {
+  if (words.size() == 2 && words[0].find('=') == std::string::npos) {
+    assignments.push_back({full_name_of(words[0]), words[1]});
+    refuse_secret(assignments.back(), faults);
+    return;
+  }
+  for (const std::string& word : words) {
+    const std::size_t equals = word.find('=');
+    if (equals == std::string::npos || equals == 0) {
+      faults.push_back(
+          {in_quotes(word) + " is no NAME=VALUE", "give NAME VALUE, or NAME=VALUE ..."});
+      continue;
+    }
+    assignments.push_back({full_name_of(word.substr(0, equals)), word.substr(equals + 1)});
+    refuse_secret(assignments.back(), faults);
+  }
+}
+
+std::string value_from_elsewhere(const SetOptions& options, const std::string& name) {
+  if (options.prompt) return password_from_prompt("Value of " + printable(name));
+  if (is_secret_parameter(name)) return password_from_file(options.value_file);
+  std::string value = content_of_file(options.value_file);
+  if (!value.empty() && value.back() == '\n') value.pop_back();
+  return value;
+}
+
+std::vector<Assignment> assignments_of(const SetOptions& options, std::vector<Fault>& faults) {
+  std::vector<Assignment> assignments;
+  if (!options.from.empty()) {
+    assignments =
+        read_assignments(content_of_file(options.from), source_name_of(options.from), faults);
+  }
+  if (!takes_value_from_elsewhere(options)) {
+    read_words(options.words, assignments, faults);
+  } else if (options.words.size() == 1 && options.words[0].find('=') == std::string::npos) {
+    const std::string name = full_name_of(options.words[0]);
+    assignments.push_back({name, value_from_elsewhere(options, name)});
+  } else {
+    faults.push_back({"--value-file and --prompt give one parameter its value",
+                      "name that parameter, and nothing else"});
+  }
+  if (assignments.empty() && faults.empty()) {
+    faults.push_back({"there is nothing to set", "give NAME VALUE, NAME=VALUE ... or --from FILE"});
+  }
+  return assignments;
+}
+
+/// Checks assignments against the tree, all of them before the first is written.
+class SetCheck {
+ public:
+  SetCheck(MibAccess& tree, bool force) : tree_(tree), force_(force) {}
+
+  void look_at(const Assignment& assignment) {
+    const auto& [name, value] = assignment;
+    if (!names_.insert(name).second) {
+      faults_.push_back({in_quotes(name) + " is set twice", "say once what it shall be"});
+    }
+    const std::optional<ParameterFacts> facts = facts_of(name);
+    if (!facts) {
+      unknown_.push_back(unknown_parameter(name));
+    } else if (tree_.getValue(name) != value) {
+      look_at(assignment, *facts);
+      changes_.push_back(assignment);
+    }
+  }
+
+  /// Throws what was found. Bad values come before access: --force does not help them.
+  void finish() {
+    std::vector<Fault> all = faults_;
+    all.insert(all.end(), unknown_.begin(), unknown_.end());
+    if (all.empty()) return;
+    if (!force_) {
+      for (const std::string& name : read_only_) all.push_back({why_not(name), kForceIt});
+    }
+    throw Failure(faults_.empty() ? ExitCode::kNotFound : ExitCode::kBadInput, all);
+  }
+
+  const std::vector<Assignment>& changes() const { return changes_; }
+
+  void ask_for_force(Change& change) const {
+    if (read_only_.empty()) return;
+    std::vector<std::string> names;
+    for (const std::string& name : read_only_) names.push_back(why_not(name));
+    change.override_or_fail(joined(names, "; "), "leave it out");
+  }
+
+ private:
+  static constexpr char kForceIt[] = "leave it out, or set it all the same with --force";
+
+  static std::string why_not(const std::string& name) { return in_quotes(name) + " is read-only"; }
+
+  void look_at(const Assignment& assignment, const ParameterFacts& facts) {
+    const auto& [name, value] = assignment;
+    if (facts.derived) {
+      faults_.push_back({in_quotes(name) + " is a count of instances", "the tree computes it"});
+      return;
+    }
+    if (!facts.writable) read_only_.push_back(name);
+    const std::string wanted = wanted_by_type(facts.type, name, value);
+    if (wanted.empty() || value == facts.initial) return;
+    faults_.push_back({in_quotes(name) + " cannot be " +
+                           in_quotes(shown_value(name, value, false)) + ", it is of the type " +
+                           facts.type,
+                       "give " + wanted});
+  }
+
+  MibAccess& tree_;
+  bool force_;
+  std::set<std::string> names_;
+  std::vector<Fault> faults_;
+  std::vector<Fault> unknown_;
+  std::vector<std::string> read_only_;
+  std::vector<Assignment> changes_;
+};
+
+void write(MibAccess& tree, const std::vector<Assignment>& assignments) {
+  for (const Assignment& assignment : assignments) {
+    const int result = tree.setValue(assignment.name, assignment.value, 0);
+    // With a store the refusal is known with its reason, and ends the change later.
+    if (result == 0 || has_store()) continue;
+    throw Failure(ExitCode::kPlatform, "the platform refused to set " + in_quotes(assignment.name),
+                  "nothing was committed; values that were set before it may stand");
+  }
+}
+
+void check_and_write(Session& session, const SetOptions& options,
+                     const std::vector<Assignment>& assignments, Change& change) {
+  MibAccess& tree = session.tree();
+  SetCheck check(tree, options.change.force);
+  for (const Assignment& assignment : assignments) check.look_at(assignment);
+  check.finish();
+  check.ask_for_force(change);
+  if (check.changes().empty()) return change.makes_no_difference();
+  const std::vector<ManagementPlace> places = management_places(tree);
+  for (const Assignment& assignment : check.changes()) {
+    const std::string why = why_at_stake(places, assignment.name);
+    if (!why.empty()) change.needs_consent(why);
+  }
+  write(tree, check.changes());
+}
+
+std::string what_was_set(const std::vector<Assignment>& assignments, bool show_secrets) {
+  if (assignments.size() != 1) return "Set " + std::to_string(assignments.size()) + " parameters";
+  const auto& [name, value] = assignments.front();
+  return "Set " + name + " to " + in_quotes(shown_value(name, value, show_secrets));
+}
+
+void set(Session& session, const SetOptions& options) {
+  std::vector<Fault> faults;
+  const std::vector<Assignment> assignments = assignments_of(options, faults);
+  fail_on(faults);
+  Change change(session, options.change);
+  const std::string label =
+      "tree set " + (assignments.size() == 1 ? assignments.front().name
+                                             : std::to_string(assignments.size()) + " parameters");
+  const ChangeOutcome outcome =
+      change.run(label, [&] { check_and_write(session, options, assignments, change); });
+  change.report(outcome, what_was_set(assignments, session.options.show_secrets));
+}
+
+}  // namespace
+
+void add_tree_set(CLI::App& group, Session& session) {
+  CLI::App& command =
+      add_command(group, "set", "Give parameters their values, all of them or none",
+                  "tree set InternetGatewayDevice.Layer2Bridging.Bridge.1.BridgeEnable true");
+  const auto options = std::make_shared<SetOptions>();
+  command
+      .add_option("ASSIGNMENT", options->words,
+                  "NAME VALUE, or NAME=VALUE once or several times; InternetGatewayDevice. may be "
+                  "left out")
+      ->type_name("PARAMETER");
+  CLI::Option* const value_file = command.add_option(
+      "--value-file", options->value_file, "The value of one parameter, - for standard input");
+  value_file->type_name("FILE");
+  CLI::Option* const prompt =
+      command.add_flag("--prompt", options->prompt, "Ask for the value of one parameter, unseen");
+  prompt->excludes(value_file);
+  command
+      .add_option("--from", options->from,
+                  "Lines NAME=VALUE as tree dump writes them, - for standard input")
+      ->type_name("FILE")
+      ->excludes(value_file)
+      ->excludes(prompt);
+  add_change_options(command, options->change);
+  add_force_option(command, options->change);
+  command.callback(
+      [&session, options] { session.on_run([&session, options] { set(session, *options); }); });
+}
+
+}  // namespace igdctl

@@ -1,0 +1,97 @@
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "cli/command_line.h"
+#include "cli/session.h"
+#include "term/text.h"
+#include "wan/wan_change.h"
+#include "wan/wan_commands.h"
+#include "wan/wan_options.h"
+
+namespace igdctl {
+
+namespace {
+
+// What the three commands take from the command line.
+struct Request {
+  std::string connection;
+  WanOptions wan;
+  ChangeOptions change;
+};
+
+void create(Session& session, const Request& request) {
+  std::vector<Fault> faults;
+  const WanWish wish = read_wish(description_of(request.wan, &faults), &faults);
+  const std::string name = wish.name.value_or("");
+  Change change(session, request.change);
+  std::string path;
+  const ChangeOutcome outcome = change.run(
+      "wan create " + name, [&] { path = WanChanger(session, change).create(wish, faults); });
+  change.report(outcome, "Made connection " + in_quotes(name) + ", " + id_of_path(path), path);
+}
+
+void set(Session& session, const Request& request) {
+  std::vector<Fault> faults;
+  const WanWish wish = read_wish(description_of(request.wan, &faults), &faults);
+  Change change(session, request.change);
+  Connection connection;
+  const ChangeOutcome outcome = change.run("wan set " + request.connection, [&] {
+    connection = find_connection(session.tree(), request.connection);
+    if (!WanChanger(session, change).set(connection, wish, faults)) change.makes_no_difference();
+  });
+  change.report(outcome, "Changed connection " + in_quotes(title_of(connection)), connection.path);
+}
+
+void remove(Session& session, const Request& request) {
+  Change change(session, request.change);
+  Connection connection;
+  const ChangeOutcome outcome = change.run("wan remove " + request.connection, [&] {
+    connection = find_connection(session.tree(), request.connection);
+    WanChanger(session, change).remove(connection);
+  });
+  change.report(outcome, "Removed connection " + in_quotes(title_of(connection)), connection.path);
+}
+
+using Work = void (*)(Session&, const Request&);
+
+void add_work(CLI::App& command, Session& session, const std::shared_ptr<Request>& request,
+              Work work) {
+  add_change_options(command, request->change);
+  add_force_option(command, request->change);
+  command.callback([&session, request, work] {
+    session.on_run([&session, request, work] { work(session, *request); });
+  });
+}
+
+}  // namespace
+
+void add_wan_create(CLI::App& group, Session& session) {
+  CLI::App& command =
+      add_command(group, "create", "Make a connection",
+                  "wan create --name Internet --mode pppoe --user household@example.net "
+                  "--password-prompt --vlan 100 --bind-lan LAN1,LAN2");
+  const auto request = std::make_shared<Request>();
+  add_wan_options(command, request->wan);
+  add_work(command, session, request, create);
+}
+
+void add_wan_set(CLI::App& group, Session& session) {
+  CLI::App& command = add_command(group, "set", "Change what is named of a connection",
+                                  "wan set Internet --vlan 110 --dry-run");
+  const auto request = std::make_shared<Request>();
+  add_connection_argument(command, request->connection);
+  add_wan_options(command, request->wan);
+  add_work(command, session, request, set);
+}
+
+void add_wan_remove(CLI::App& group, Session& session) {
+  CLI::App& command =
+      add_command(group, "remove", "Remove a connection; its ports go back to the LAN bridge",
+                  "wan remove Television");
+  const auto request = std::make_shared<Request>();
+  add_connection_argument(command, request->connection);
+  add_work(command, session, request, remove);
+}
+
+}  // namespace igdctl

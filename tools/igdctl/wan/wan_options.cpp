@@ -1,0 +1,233 @@
+#include "wan/wan_options.h"
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <nlohmann/json.hpp>
+
+#include "cli/secrets.h"
+#include "term/text.h"
+
+namespace igdctl {
+
+namespace {
+
+enum class Kind { kText, kNumber, kList, kMap };
+
+struct OptionRow {
+  const char* key;
+  Kind kind;
+  const char* option;
+  const char* value;
+  const char* help;
+};
+
+constexpr OptionRow kOptions[] = {
+    {"access", Kind::kText, "--access", "TYPE", "Uplink: Ethernet, 3G or Repeator; to create only"},
+    {"name", Kind::kText, "--name", "NAME", "Its name, which no other connection has"},
+    {"class", Kind::kText, "--class", "CLASS", "routed, bridged or routed-bridged"},
+    {"mode", Kind::kText, "--mode", "MODE", "dhcp, static or pppoe"},
+    {"vlan", Kind::kNumber, "--vlan", "VLAN", "1 to 4094; 0 for untagged"},
+    {"priority", Kind::kNumber, "--priority", "NUMBER", "802.1p priority of a VLAN, 0 to 7"},
+    {"service", Kind::kList, "--service", "LIST", "What it carries: INTERNET, TR069, VOIP, ..."},
+    {"bind_lan", Kind::kList, "--bind-lan", "PORTS", "Ports of the LAN bridge bound to it"},
+    {"bind_wan", Kind::kList, "--bind-wan", "PORTS", "Ports in its own bridge"},
+    {"nat", Kind::kText, "--nat", "on|off", "Network address translation"},
+    {"user", Kind::kText, "--user", "NAME", "User name of a PPPoE account"},
+    {"address", Kind::kText, "--address", "ADDRESS", "Address of mode static"},
+    {"mask", Kind::kText, "--mask", "MASK", "Its subnet mask"},
+    {"gateway", Kind::kText, "--gateway", "ADDRESS", "Its default gateway"},
+    {"dns", Kind::kList, "--dns", "ADDRESSES", "At most two DNS servers"},
+    {"mtu", Kind::kNumber, "--mtu", "OCTETS", "576 to 1540, of PPPoE at most 1492"},
+    {"option60", Kind::kText, "--option60", "TEXT", "Vendor class that DHCP sends"},
+    {"port_option60", Kind::kMap, "--port-option60", "PORT=TEXT",
+     "Vendor class of a port in its own bridge"},
+    {"enable", Kind::kText, "--enable", "on|off", "Whether it is in use"},
+    {"remote_management", Kind::kText, "--remote-management", "on|off",
+     "Whether the gateway can be managed through it"},
+    {"stp", Kind::kText, "--stp", "on|off", "Spanning tree protocol"},
+};
+
+Json number_of(const std::string& text) {
+  constexpr long kLargest = 999999999;
+  long number = 0;
+  return parse_number(text, 0, kLargest, &number) ? Json(number) : Json(text);
+}
+
+Json list_of(const std::vector<std::string>& values) {
+  Json list = Json::array();
+  for (const std::string& value : values) {
+    for (const std::string& part : split_list(value)) list.push_back(part);
+  }
+  return list;
+}
+
+Json map_of(const std::vector<std::string>& values, std::vector<Fault>* faults) {
+  Json map = Json::object();
+  for (const std::string& value : values) {
+    const std::size_t equals = value.find('=');
+    if (equals == std::string::npos) {
+      faults->push_back({"--port-option60 is " + in_quotes(value), "give PORT=TEXT"});
+    } else {
+      map[value.substr(0, equals)] = value.substr(equals + 1);
+    }
+  }
+  return map;
+}
+
+Json value_of(const OptionRow& row, const std::vector<std::string>& values,
+              std::vector<Fault>* faults) {
+  switch (row.kind) {
+    case Kind::kNumber:
+      return number_of(values.back());
+    case Kind::kList:
+      return list_of(values);
+    case Kind::kMap:
+      return map_of(values, faults);
+    case Kind::kText:
+      break;
+  }
+  return values.back();
+}
+
+void lay_options_over(const WanOptions& options, Json* description, std::vector<Fault>* faults) {
+  for (const OptionRow& row : kOptions) {
+    const auto given = options.values.find(row.key);
+    if (given == options.values.end() || given->second.empty()) continue;
+    (*description)[row.key] = value_of(row, given->second, faults);
+  }
+  if (!options.password_file.empty()) {
+    (*description)["password"] = password_from_file(options.password_file);
+  } else if (options.password_prompt) {
+    (*description)["password"] = password_from_prompt("Password");
+  }
+}
+
+bool has_options(const WanOptions& options) {
+  for (const auto& entry : options.values) {
+    if (!entry.second.empty()) return true;
+  }
+  return options.password_prompt || !options.password_file.empty();
+}
+
+std::string read_file(const std::string& file) {
+  constexpr std::streamsize kLargest = 1 << 20;
+  std::ifstream opened;
+  if (file != "-") opened.open(file, std::ios::binary);
+  std::istream& input = file == "-" ? std::cin : opened;
+  std::string text(static_cast<std::size_t>(kLargest) + 1, '\0');
+  if (input) input.read(text.data(), kLargest + 1);
+  const std::streamsize size = input.gcount();
+  if ((file != "-" && !opened.is_open()) || input.bad()) {
+    throw Failure(ExitCode::kBadInput,
+                  "cannot read " + in_quotes(file) + ": " + std::strerror(errno),
+                  "name a file that you can read, or - for standard input");
+  }
+  if (size > kLargest) {
+    throw Failure(ExitCode::kBadInput, in_quotes(file) + " is larger than 1 MiB",
+                  "name a file with a description of a connection");
+  }
+  text.resize(static_cast<std::size_t>(size));
+  return text;
+}
+
+// What `wan show --json` printed is read with its envelope, or without.
+Json without_envelope(Json json) {
+  if (!json.is_object() || !json.contains("format") || !json.contains("data")) return json;
+  if (json["format"] != kJsonFormat) {
+    throw Failure(ExitCode::kBadInput, "the document has a format that is not 1",
+                  "use the version of igdctl that wrote it");
+  }
+  const Json& kind = json["kind"];
+  if (kind != "wan.show" && kind != "wan.list") {
+    throw Failure(ExitCode::kBadInput, "the document describes no connections",
+                  "give what igdctl wan show --json prints");
+  }
+  return json["data"];
+}
+
+// Values are copied and freed by recursion, so depth costs stack.
+bool refuse_depth(int depth, Json::parse_event_t, Json&) {
+  constexpr int kDeepest = 16;
+  if (depth <= kDeepest) return true;
+  throw Failure(ExitCode::kBadInput, "the JSON is nested more deeply than a description is",
+                "igdctl wan show --json prints a description to start from");
+}
+
+Json read_json(const std::string& file) {
+  const std::string text = read_file(file);
+  try {
+    return without_envelope(Json::parse(text, refuse_depth));
+  } catch (const Json::parse_error& error) {
+    throw Failure(ExitCode::kBadInput,
+                  in_quotes(file) + " is no JSON, at byte " + std::to_string(error.byte),
+                  "igdctl wan show --json prints a description to start from");
+  } catch (const Json::out_of_range&) {
+    throw Failure(ExitCode::kBadInput, in_quotes(file) + " has a number that is too large",
+                  "igdctl wan show --json prints a description to start from");
+  }
+}
+
+}  // namespace
+
+void add_wan_options(CLI::App& command, WanOptions& options) {
+  for (const OptionRow& row : kOptions) {
+    CLI::Option& option =
+        *command.add_option(row.option, options.values[row.key], row.help)->type_name(row.value);
+    option.allow_extra_args(false);  // one value each time, so that no CONNECTION is taken for one
+    option.group("Description");
+  }
+  CLI::Option* const file =
+      command
+          .add_option("--password-file", options.password_file,
+                      "Password of the account, from a file; - for standard input")
+          ->type_name("FILE")
+          ->group("Description");
+  command
+      .add_flag("--password-prompt", options.password_prompt,
+                "Ask for the password on the terminal")
+      ->excludes(file)
+      ->group("Description");
+  command
+      .add_option("--from", options.from,
+                  "A description in JSON, which options go over; - for standard input")
+      ->type_name("FILE")
+      ->group("Description");
+}
+
+std::vector<Json> descriptions_of(const WanOptions& options, std::vector<Fault>* faults) {
+  if (options.from == "-" && options.password_file == "-") {
+    throw Failure(ExitCode::kBadInput, "--from and --password-file both want standard input",
+                  "put one of them into a file");
+  }
+  Json read = options.from.empty() ? Json::object() : read_json(options.from);
+  std::vector<Json> descriptions;
+  if (read.is_array()) {
+    descriptions.assign(read.begin(), read.end());
+  } else {
+    descriptions.push_back(std::move(read));
+  }
+  if (!has_options(options)) return descriptions;
+  if (descriptions.size() != 1) {
+    throw Failure(ExitCode::kBadInput, "options cannot go over a file with several descriptions",
+                  "leave the options away, or give a file with one description");
+  }
+  if (descriptions.front().is_object()) lay_options_over(options, &descriptions.front(), faults);
+  return descriptions;
+}
+
+Json description_of(const WanOptions& options, std::vector<Fault>* faults) {
+  std::vector<Json> descriptions = descriptions_of(options, faults);
+  if (descriptions.size() == 1) return std::move(descriptions.front());
+  throw Failure(
+      ExitCode::kBadInput,
+      in_quotes(options.from) + " holds " + std::to_string(descriptions.size()) + " descriptions",
+      "give one, or use igdctl wan ensure for several");
+}
+
+}  // namespace igdctl

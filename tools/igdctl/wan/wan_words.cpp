@@ -1,0 +1,84 @@
+#include "wan/wan_words.h"
+
+#include "igd_types.h"
+#include "term/text.h"
+#include "wan/wan_wish.h"
+
+namespace igdctl {
+
+namespace {
+
+struct Word {
+  const char* text;
+  int code;
+};
+
+constexpr Word kClasses[] = {
+    {"routed", kIgdRouted}, {"bridged", kIgdBridged}, {"routed-bridged", kIgdRoutedAndBridged}};
+constexpr Word kModes[] = {{"dhcp", kIgdDhcp}, {"static", kIgdStatic}, {"pppoe", kIgdPppoe}};
+constexpr Word kSwitches[] = {{"on", 1},  {"true", 1},  {"yes", 1}, {"1", 1},
+                              {"off", 0}, {"false", 0}, {"no", 0},  {"0", 0}};
+constexpr const char* kAccessTypes[] = {"Ethernet", "3G", "Repeator"};
+
+template <std::size_t N>
+const Word* find_word(const Word (&words)[N], std::string_view text) {
+  const std::string wanted = lower_case(text);
+  for (const Word& word : words) {
+    if (wanted == word.text) return &word;
+  }
+  return nullptr;
+}
+
+template <std::size_t N>
+std::string word_of(const Word (&words)[N], int code) {
+  for (const Word& word : words) {
+    if (word.code == code) return word.text;
+  }
+  return {};
+}
+
+}  // namespace
+
+std::string word_of_class(int connection_class) { return word_of(kClasses, connection_class); }
+
+std::string word_of_mode(int connect_mode) { return word_of(kModes, connect_mode); }
+
+int class_of_word(std::string_view word) {
+  const Word* const found = find_word(kClasses, word);
+  return found == nullptr ? 0 : found->code;
+}
+
+int mode_of_word(std::string_view word) {
+  const Word* const found = find_word(kModes, word);
+  return found == nullptr ? 0 : found->code;
+}
+
+std::string access_of_word(std::string_view word) {
+  for (const char* const access : kAccessTypes) {
+    if (lower_case(access) == lower_case(word)) return access;
+  }
+  return {};
+}
+
+bool parse_switch(std::string_view word, bool* on) {
+  const Word* const found = find_word(kSwitches, word);
+  if (found != nullptr) *on = found->code != 0;
+  return found != nullptr;
+}
+
+std::string words_for_faults(std::string_view kind) {
+  if (kind == "class") return "routed, bridged or routed-bridged";
+  if (kind == "mode") return "dhcp, static or pppoe";
+  return "Ethernet, 3G or Repeator";
+}
+
+const Names& wan_keys() {
+  static const Names keys = {
+      "access",   "name",     "class", "mode",     "vlan",          "priority", "service",
+      "bind_lan", "bind_wan", "nat",   "user",     "password",      "address",  "mask",
+      "gateway",  "dns",      "mtu",   "option60", "port_option60", "enable",   "remote_management",
+      "stp"};
+  return keys;
+}
+
+}  // namespace igdctl
