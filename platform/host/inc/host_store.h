@@ -3,9 +3,9 @@
 ///
 /// Reads are answered from memory. Writes go to the tree in memory and belong to a batch, which
 /// begins with the first write and ends with commit or discard: it lands in the file whole or not
-/// at all. A write that the store cannot take (it is locked, its disk fails) is refused and spoils
+/// at all. A write that the store cannot take (it is locked, its disk fails) is refused and poisons
 /// its batch: the writes after it fail at once, and the next commit discards all of it and says so.
-/// Refusals of names, which libigd relies on, spoil nothing.
+/// Refusals of names, which libigd relies on, poison nothing.
 ///
 /// Several processes can share a store. The next read of each shows what another one committed. One
 /// batch at a time is open in all of them together: the first write of the next one waits.
@@ -143,23 +143,23 @@ class HOST_EXPORT Store {
   /// with one that comes to nothing, it is done and no generation begins.
   ///
   /// @param label  what people see as the reason of the change
-  /// @return kNone: it is on disk. kMovedOn, kPending, kLocked, what spoilt the batch, or what
+  /// @return kNone: it is on disk. kMovedOn, kPending, kLocked, what poisoned the batch, or what
   ///         writing the file failed with (kFull, kIo, kReadOnly, kCorrupt): all of the batch is
   ///         discarded, the tree is as it was at the last commit, and the debug sink has a line
   StoreResult commit(const std::string& label = {});
 
-  /// Undoes every write of the batch, spoilt or not, and ends the trial when one is open.
+  /// Undoes every write of the batch, poisoned or not, and ends the trial when one is open.
   void discard();
 
   /// Starts a batch that no commit ends, for operations that commit in their midst: until accept()
   /// or discard(), commit() is done at once and writes nothing. Takes the write lock, so that
-  /// checks made in the trial still hold when it is accepted. A trial that was spoilt fails each
+  /// checks made in the trial still hold when it is accepted. A trial that was poisoned fails each
   /// commit() from then on.
   ///
   /// @return kTrialOpen, kBatchOpen, kLocked, kPending, or what reading the file failed with: then
   ///         no trial is open that was not before
   StoreResult begin_trial();
-  bool in_trial() const;  ///< @return whether a trial is open, spoilt or not
+  bool in_trial() const;  ///< @return whether a trial is open, poisoned or not
 
   /// @return the writes of the batch, trial or not, in their order; refused ones are not among
   ///         them. The reference shows later writes too
@@ -230,7 +230,7 @@ class HOST_EXPORT Store {
 
   /// Undoes every write of the batch, and reports that to the debug sink when there was one. The
   /// process's own store does it when the process exits.
-  void let_go();
+  void abandon();
 
   /// @return number of the last committed change that the tree contains; a new store has 1. Asks no
   ///         file: tree() fetches what others committed

@@ -12,7 +12,7 @@ std::size_t StoredText::block_size(std::size_t length) {
 }
 
 void StoredText::put_into_block(std::string_view text) {
-  const bool fits = form_ == kInBlock && block_size(view().size()) == block_size(text.size());
+  const bool fits = tag_ == kInBlock && block_size(view().size()) == block_size(text.size());
   if (!fits) {
     char* const bigger = new char[block_size(text.size())];
     clear();

@@ -19,18 +19,18 @@ class StoredText {
   StoredText& operator=(const StoredText&) = delete;
   ~StoredText() { clear(); }
 
-  bool has_text() const { return form_ != kNone; }
+  bool has_text() const { return tag_ != kNone; }
   std::string_view view() const {  ///< only when there is one; good until the next write
-    if (form_ != kInBlock) return {room_, short_length()};
+    if (tag_ != kInBlock) return {inline_, short_length()};
     Length length = 0;
     std::memcpy(&length, block(), sizeof length);
     return {block() + sizeof length, length};
   }
   std::string copy() const {  ///< only when there is one
-    return form_ != kInBlock ? short_copy() : std::string(view());
+    return tag_ != kInBlock ? short_copy() : std::string(view());
   }
   void assign(std::string_view text) {
-    if (text.size() <= sizeof room_) {
+    if (text.size() <= sizeof inline_) {
       clear();
       put_short(text);
     } else {
@@ -38,8 +38,8 @@ class StoredText {
     }
   }
   void clear() {
-    if (form_ == kInBlock) delete[] block();
-    form_ = kNone;
+    if (tag_ == kInBlock) delete[] block();
+    tag_ = kNone;
   }
 
  private:
@@ -50,32 +50,32 @@ class StoredText {
   static constexpr unsigned char kShort = 1;  ///< and one more for each byte of it
   static constexpr unsigned char kInBlock = 0xff;
 
-  std::size_t short_length() const { return static_cast<std::size_t>(form_ - kShort); }
+  std::size_t short_length() const { return static_cast<std::size_t>(tag_ - kShort); }
   char* block() const {
     char* block = nullptr;
-    std::memcpy(&block, room_, sizeof block);
+    std::memcpy(&block, inline_, sizeof block);
     return block;
   }
   void set_block(char* block) {
-    std::memcpy(room_, &block, sizeof block);
-    form_ = kInBlock;
+    std::memcpy(inline_, &block, sizeof block);
+    tag_ = kInBlock;
   }
 
   std::string short_copy() const {
-    std::string text(room_, sizeof room_);  // a fixed number of bytes is copied without a call
+    std::string text(inline_, sizeof inline_);  // a fixed number of bytes is copied without a call
     text.erase(short_length());
     return text;
   }
 
   static std::size_t block_size(std::size_t length);
   void put_short(std::string_view text) {
-    for (std::size_t at = 0; at < text.size(); ++at) room_[at] = text[at];
-    form_ = static_cast<unsigned char>(kShort + text.size());
+    for (std::size_t at = 0; at < text.size(); ++at) inline_[at] = text[at];
+    tag_ = static_cast<unsigned char>(kShort + text.size());
   }
   void put_into_block(std::string_view text);
 
-  char room_[kSize - 1] = {};   ///< a short text, or the pointer to a block
-  unsigned char form_ = kNone;  ///< which of them
+  char inline_[kSize - 1] = {};  ///< a short text, or the pointer to a block
+  unsigned char tag_ = kNone;    ///< which of them
 };
 
 }  // namespace host

@@ -74,7 +74,7 @@ Store* process_store(StoreResult* result) {
   const bool may_try = !process.tried || Clock::now() - process.last_try >= kBetweenTries;
   if (process.store == nullptr && may_try) {
     try_to_open(process);
-    if (process.store != nullptr) (void)std::atexit([] { the_store().store->let_go(); });
+    if (process.store != nullptr) (void)std::atexit([] { the_store().store->abandon(); });
   }
   if (result != nullptr) *result = process.result;
   return process.store.get();

@@ -65,7 +65,7 @@ void ChangeLog::undo(TreeStore& store) {
   clear();
 }
 
-Difference in_words(const RowChanges& changes) {
+Difference difference_of(const RowChanges& changes) {
   Difference difference;
   std::string gone;  // the topmost deleted object at this place; what was in it follows
   for (const RowChange& change : changes) {

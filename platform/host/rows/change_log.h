@@ -48,7 +48,7 @@ class ChangeLog {
 };
 
 /// Row changes in words.
-Difference in_words(const RowChanges& changes);
+Difference difference_of(const RowChanges& changes);
 
 }  // namespace host
 

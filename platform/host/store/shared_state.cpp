@@ -109,7 +109,7 @@ SharedState::Batch SharedState::begin_batch(const StoreOptions& options) {
   Clock::time_point silent_since;
   while (true) {
     {
-      const Turn turn(*this, deadline);
+      const CommitLock lock(*this, deadline);
       const Batch owner = words_->owner.load();
       const std::uint32_t activity = words_->activity.load();
       if (owner == 0 || !is_locked_by_others(byte_of(owner))) return take_over();
@@ -138,7 +138,8 @@ void SharedState::end_batch(Batch batch) {
   unlock(byte_of(batch));
 }
 
-Turn::Turn(SharedState& shared, SharedState::Deadline deadline) : shared_(shared), taken_(false) {
+CommitLock::CommitLock(SharedState& shared, SharedState::Deadline deadline)
+    : shared_(shared), taken_(false) {
   while (!(taken_ = shared.try_lock(0))) wait_a_little(deadline);
 }
 

@@ -37,7 +37,7 @@ class SharedState {
   ~SharedState();
 
   /// Sees to it that the file has its place on the disk: the first write to a mapped file that has
-  /// none kills the process when the disk is full. Needs the turn, because file systems that
+  /// none kills the process when the disk is full. Needs the commit lock, because file systems that
   /// cannot reserve get a byte of the file written anew. Throws StoreFailure.
   void reserve();
 
@@ -54,7 +54,7 @@ class SharedState {
   void end_batch(Batch batch);
 
  private:
-  friend class Turn;
+  friend class CommitLock;
   bool try_lock(std::uint32_t byte);
   bool is_locked_by_others(std::uint32_t byte) const;
   void unlock(std::uint32_t byte);
@@ -67,14 +67,14 @@ class SharedState {
 
 /// Holds the short lock under which batches change hands, commits are made and stores are opened.
 /// It ends with its process, whatever happens to it.
-class Turn {
+class CommitLock {
  public:
-  Turn(SharedState& shared, SharedState::Deadline deadline);
+  CommitLock(SharedState& shared, SharedState::Deadline deadline);
   /// Does not wait.
-  explicit Turn(SharedState& shared) : shared_(shared), taken_(shared.try_lock(0)) {}
-  Turn(const Turn&) = delete;
-  Turn& operator=(const Turn&) = delete;
-  ~Turn() {
+  explicit CommitLock(SharedState& shared) : shared_(shared), taken_(shared.try_lock(0)) {}
+  CommitLock(const CommitLock&) = delete;
+  CommitLock& operator=(const CommitLock&) = delete;
+  ~CommitLock() {
     if (taken_) shared_.unlock(0);
   }
   bool taken() const { return taken_; }

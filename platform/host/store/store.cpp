@@ -59,7 +59,7 @@ Store::Impl::Impl(std::string its_path, StoreOptions its_options)
 }
 
 Store::Impl::~Impl() {
-  let_go();
+  abandon();
   TreeAccess::observe(tree, nullptr);
   if (is_forked()) leave_file_to_parent();
   all_stores().erase(this);
@@ -76,7 +76,7 @@ void Store::Impl::leave_batch_to_parent() {
   log.undo(content());
   batch = 0;
   trial = false;
-  spoilt = {};
+  poisoned = {};
 }
 
 /// In a child SQLite would go on to count the parent's locks as held and take none, and others
@@ -97,7 +97,7 @@ void Store::Impl::open_anew_after_fork() {
   open();
 }
 
-void Store::Impl::let_go() {
+void Store::Impl::abandon() {
   if (is_forked()) return;
   if (!log.empty()) {
     report(store_path + ": " + std::to_string(log.size()) +
@@ -109,7 +109,7 @@ void Store::Impl::let_go() {
 void Store::Impl::open() {
   leave_files_to_parent();
   shared = std::make_unique<SharedState>(store_path);
-  const Turn turn(*shared, deadline_of(options));
+  const CommitLock lock(*shared, deadline_of(options));
   shared->reserve();
   try {
     load();
@@ -169,11 +169,11 @@ bool Store::in_trial() const { return impl_->trial; }
 
 const std::vector<WriteStep>& Store::plan() const { return impl_->log.steps(); }
 
-Difference Store::difference() const { return in_words(impl_->log.net(impl_->content())); }
+Difference Store::difference() const { return difference_of(impl_->log.net(impl_->content())); }
 
 StoreResult Store::accept(const std::string& label) { return impl_->accept(label); }
 
-void Store::let_go() { impl_->let_go(); }
+void Store::abandon() { impl_->abandon(); }
 
 std::uint64_t Store::generation() const { return impl_->generation; }
 

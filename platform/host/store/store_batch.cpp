@@ -11,7 +11,7 @@ TreeObserver::Admission Store::Impl::admit() {
   bool moved = is_forked();
   try {
     if (moved) open_anew_after_fork();
-    if (!spoilt.ok()) return {spoilt.text.c_str(), false};
+    if (!poisoned.ok()) return {poisoned.text.c_str(), false};
     if (batch == 0) {
       begin_batch();
       moved = true;
@@ -20,8 +20,8 @@ TreeObserver::Admission Store::Impl::admit() {
                          "the batch was silent for too long and another one went on");
     }
   } catch (const StoreFailure& failure) {
-    spoil(failure.result());
-    return {spoilt.text.c_str(), false};
+    poison(failure.result());
+    return {poisoned.text.c_str(), false};
   }
   shared->note_activity();
   return {nullptr, moved};
@@ -41,16 +41,16 @@ void Store::Impl::begin_batch() {
   }
 }
 
-void Store::Impl::spoil(const StoreResult& reason) {
+void Store::Impl::poison(const StoreResult& reason) {
   drop_batch();
-  spoilt = reason;
+  poisoned = reason;
 }
 
 StoreResult Store::Impl::commit(const std::string& label) {
   StoreResult result;
   try {
     if (is_forked()) open_anew_after_fork();
-    result = spoilt;
+    result = poisoned;
     if (trial) return result;
     if (result.ok() && batch != 0) write_batch(label);
   } catch (const StoreFailure& failure) {
@@ -67,7 +67,7 @@ StoreResult Store::Impl::commit(const std::string& label) {
 void Store::Impl::write_batch(const std::string& label) {
   RowChanges rows = log.net(content());
   if (!rows.empty()) {
-    const Turn turn(*shared, deadline_of(options));
+    const CommitLock lock(*shared, deadline_of(options));
     if (!shared->owns(batch)) {
       throw StoreFailure(StoreError::kMovedOn,
                          "the batch was silent for too long and another one went on");
@@ -95,7 +95,7 @@ void Store::Impl::write_batch(const std::string& label) {
   log.clear();
 }
 
-/// Commits a change and tells the other processes. Needs the turn.
+/// Commits a change and tells the other processes. Needs the commit lock.
 void Store::Impl::land(Transaction& transaction, const Change& change) {
   const auto counter = static_cast<std::uint32_t>(2 * change.generation);
   shared->set_counter(counter - 1);
@@ -123,7 +123,7 @@ void Store::Impl::discard() {
 /// Undoes what was written and gives the write lock back.
 void Store::Impl::drop_batch() {
   log.undo(content());
-  spoilt = {};
+  poisoned = {};
   if (batch != 0) shared->end_batch(batch);
   batch = 0;
 }

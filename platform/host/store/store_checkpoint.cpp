@@ -46,10 +46,10 @@ Generation generation_in(const std::string& name) {
 StoreResult Store::Impl::make_checkpoint(const std::string& name) {
   if (!is_good_name(name)) return bad_name();
   refresh();
-  if (batch != 0 || !spoilt.ok()) return batch_open();
+  if (batch != 0 || !poisoned.ok()) return batch_open();
   try {
     require_own_file();
-    const Turn turn(*shared, deadline_of(options));
+    const CommitLock lock(*shared, deadline_of(options));
     Transaction transaction(file->database(), Transaction::kWrite);
     if (file->named_rows(name)) {
       return {StoreError::kNameTaken, "there is a checkpoint " + name + " already"};
@@ -67,7 +67,7 @@ StoreResult Store::Impl::delete_checkpoint(const std::string& name) {
   refresh();
   try {
     require_own_file();
-    const Turn turn(*shared, deadline_of(options));
+    const CommitLock lock(*shared, deadline_of(options));
     Transaction transaction(file->database(), Transaction::kWrite);
     if (!file->delete_named(name)) no_checkpoint(name);
     transaction.commit();
@@ -126,7 +126,7 @@ StoreResult Store::Impl::difference(const std::string& from, const std::string& 
   refresh();
   try {
     const RowSet before = rows_at(from);
-    Difference found = in_words(changes_between(before, rows_at(to)));
+    Difference found = difference_of(changes_between(before, rows_at(to)));
     if (difference != nullptr) *difference = std::move(found);
   } catch (const StoreFailure& failure) {
     return failure.result();
@@ -136,7 +136,7 @@ StoreResult Store::Impl::difference(const std::string& from, const std::string& 
 
 StoreResult Store::Impl::restore(const std::string& name) {
   refresh();
-  if (!trial && (batch != 0 || !spoilt.ok())) return batch_open();
+  if (!trial && (batch != 0 || !poisoned.ok())) return batch_open();
   try {
     if (name.empty()) no_checkpoint(name);
     const RowSet target = rows_at(name);
@@ -148,7 +148,7 @@ StoreResult Store::Impl::restore(const std::string& name) {
     const std::string reason = apply_changes(content(), changes);
     log.replaced(before, rows_of(content()));
     if (!reason.empty()) {
-      spoil({StoreError::kCorrupt, reason});
+      poison({StoreError::kCorrupt, reason});
       return commit({});
     }
   } catch (const StoreFailure& failure) {

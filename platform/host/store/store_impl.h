@@ -44,14 +44,14 @@ struct Store::Impl final : TreeObserver {
     if (is_forked()) open_anew_after_fork();
   }
   bool is_forked() const { return forks != forks_so_far(); }
-  void let_go();
+  void abandon();
 
   // The view. A read costs three comparisons while nothing happened.
   bool is_current() const { return !is_forked() && shared->counter() == seen_counter; }
   void refresh() {
-    if (!is_current() || pending) look_around();
+    if (!is_current() || pending) poll();
   }
-  void look_around();
+  void poll();
   void catch_up();  ///< throws StoreFailure
   void reload();    ///< throws StoreFailure
   std::uint32_t repaired_counter();
@@ -71,7 +71,7 @@ struct Store::Impl final : TreeObserver {
   }
   void replaced(const RowSet& before, const RowSet& after) override { log.replaced(before, after); }
   void begin_batch();  ///< throws StoreFailure
-  void spoil(const StoreResult& reason);
+  void poison(const StoreResult& reason);
   StoreResult commit(const std::string& label);
   void write_batch(const std::string& label);                 ///< throws StoreFailure
   void land(Transaction& transaction, const Change& change);  ///< throws StoreFailure
@@ -91,7 +91,7 @@ struct Store::Impl final : TreeObserver {
   bool is_too_late(const PendingRow& row) const;
   void revert_when_too_late();                  ///< throws StoreFailure
   RowChanges revert_of(const PendingRow& row);  ///< throws StoreFailure, also for a damaged file
-  void revert_pending(const PendingRow& row);   ///< throws StoreFailure; needs the turn
+  void revert_pending(const PendingRow& row);   ///< throws StoreFailure; needs the commit lock
 
   // Checkpoints.
   StoreResult make_checkpoint(const std::string& name);
@@ -113,7 +113,7 @@ struct Store::Impl final : TreeObserver {
   std::uint32_t seen_counter = 1;     ///< odd: the database has to be asked
   SharedState::Batch batch = 0;       ///< 0: no batch is open
   bool trial = false;                 ///< commits are held back
-  StoreResult spoilt;                 ///< why the batch cannot land
+  StoreResult poisoned;               ///< why the batch cannot land
   int seconds_to_confirm = 0;         ///< of the batch that is being committed; 0: it just stays
   std::optional<PendingRow> pending;  ///< as last read; it may be confirmed meanwhile
   int holds = 0;                      ///< what freezes the view: holds and open walks

@@ -39,7 +39,7 @@ bool Store::Impl::is_too_late(const PendingRow& row) const {
 
 /// The first one past the deadline reverts; the others find nothing pending any more.
 void Store::Impl::revert_when_too_late() {
-  const Turn turn(*shared, deadline_of(options));
+  const CommitLock lock(*shared, deadline_of(options));
   pending = file->pending();
   if (pending && is_too_late(*pending)) revert_pending(*pending);
 }
@@ -71,7 +71,7 @@ StoreResult Store::Impl::end_pending(bool keep) {
   try {
     if (is_forked()) open_anew_after_fork();
     {
-      const Turn turn(*shared, deadline_of(options));
+      const CommitLock lock(*shared, deadline_of(options));
       pending = file->pending();
       if (!pending) return nothing_pending();
       const bool too_late = is_too_late(*pending);

@@ -5,7 +5,7 @@ namespace host {
 
 StoreResult Store::Impl::begin_trial() {
   if (trial) return {StoreError::kTrialOpen, "a trial is open already"};
-  const bool has_batch = !is_forked() && (batch != 0 || !spoilt.ok());
+  const bool has_batch = !is_forked() && (batch != 0 || !poisoned.ok());
   if (has_batch) return {StoreError::kBatchOpen, "there are writes that are not committed"};
   try {
     if (is_forked()) open_anew_after_fork();

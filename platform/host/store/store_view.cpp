@@ -7,7 +7,7 @@
 namespace host {
 
 /// Something may have happened: a commit, a fork, the loss of the write lock.
-void Store::Impl::look_around() {
+void Store::Impl::poll() {
   try {
     if (is_forked()) {
       open_anew_after_fork();
@@ -16,7 +16,7 @@ void Store::Impl::look_around() {
     if (pending && is_too_late(*pending)) revert_when_too_late();
     if (is_current()) return;
     if (batch != 0 && !shared->owns(batch)) {
-      spoil({StoreError::kMovedOn, "the batch was silent for too long and another one went on"});
+      poison({StoreError::kMovedOn, "the batch was silent for too long and another one went on"});
     }
     if (batch != 0 || holds > 0) return;
     const std::uint32_t counter = repaired_counter();
@@ -29,12 +29,12 @@ void Store::Impl::look_around() {
 }
 
 /// The shared counter. A commit that its process did not live to finish leaves it odd; nobody
-/// commits while this one has the turn, so then the database tells what it should be.
+/// commits while this one has the commit lock, so then the database tells what it should be.
 std::uint32_t Store::Impl::repaired_counter() {
   const std::uint32_t counter = shared->counter();
   if (counter % 2 == 0) return counter;
-  const Turn turn(*shared);
-  if (!turn.taken()) return counter;
+  const CommitLock lock(*shared);
+  if (!lock.taken()) return counter;
   const auto repaired = static_cast<std::uint32_t>(2 * file->generation());
   shared->set_counter(repaired);
   return repaired;

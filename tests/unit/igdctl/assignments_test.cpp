@@ -8,9 +8,9 @@ namespace {
 constexpr char kName[] = "InternetGatewayDevice.A.B";
 
 std::string read_back(const std::string& value) {
-  std::vector<Fault> faults;
-  const auto read = read_assignments(line_of({kName, value}) + '\n', "f", faults);
-  EXPECT_TRUE(faults.empty());
+  std::vector<Problem> problems;
+  const auto read = read_assignments(line_of({kName, value}) + '\n', "f", problems);
+  EXPECT_TRUE(problems.empty());
   return read.size() == 1 && read[0].name == kName ? read[0].value : "not one assignment";
 }
 
@@ -28,9 +28,9 @@ TEST(Assignments, ALineIsSafeForATerminal) {
 }
 
 TEST(Assignments, CommentsAndEmptyLinesSayNothing) {
-  std::vector<Fault> faults;
-  const auto read = read_assignments("# a=b\r\n\n\r\nA.B=1\r\nC=", "f", faults);
-  EXPECT_TRUE(faults.empty());
+  std::vector<Problem> problems;
+  const auto read = read_assignments("# a=b\r\n\n\r\nA.B=1\r\nC=", "f", problems);
+  EXPECT_TRUE(problems.empty());
   ASSERT_EQ(read.size(), 2U);
   EXPECT_EQ(read[0].name, kName);
   EXPECT_EQ(read[0].value, "1");
@@ -38,13 +38,13 @@ TEST(Assignments, CommentsAndEmptyLinesSayNothing) {
 }
 
 TEST(Assignments, FaultsNameTheirLines) {
-  std::vector<Fault> faults;
-  const auto read = read_assignments("nothing\nA=\\q\n=1\nA=\\x4\nA=\\", "f", faults);
+  std::vector<Problem> problems;
+  const auto read = read_assignments("nothing\nA=\\q\n=1\nA=\\x4\nA=\\", "f", problems);
   EXPECT_TRUE(read.empty());
-  ASSERT_EQ(faults.size(), 5U);
-  EXPECT_EQ(faults[0].what, "f:1: this is no NAME=VALUE");
-  EXPECT_EQ(faults[1].what, "f:2: a backslash in the value begins no escape");
-  EXPECT_EQ(faults[4].what.substr(0, 4), "f:5:");
+  ASSERT_EQ(problems.size(), 5U);
+  EXPECT_EQ(problems[0].message, "f:1: this is no NAME=VALUE");
+  EXPECT_EQ(problems[1].message, "f:2: a backslash in the value begins no escape");
+  EXPECT_EQ(problems[4].message.substr(0, 4), "f:5:");
 }
 
 TEST(Assignments, NamesMayLeaveTheRootOut) {

@@ -60,7 +60,7 @@ TEST_F(CompleteLine, OffersTheValuesOfAnOption) {
 TEST_F(CompleteLine, KnowsWhatAnArgumentIs) {
   EXPECT_EQ(at({"wan", "set", ""}).kind, WordKind::kConnection);
   EXPECT_EQ(at({"wan", "set", "--nat", "on", "Int"}).kind, WordKind::kConnection);
-  EXPECT_EQ(at({"wan", "set", "--nat", "on", "Int"}).begun, "Int");
+  EXPECT_EQ(at({"wan", "set", "--nat", "on", "Int"}).prefix, "Int");
   EXPECT_EQ(at({"wan", "set", "Internet", ""}).kind, WordKind::kNothing);
   EXPECT_EQ(at({"wan", "set", "--", "-x"}).kind, WordKind::kConnection);
 }
@@ -69,7 +69,7 @@ TEST_F(CompleteLine, GoesOnWithinAListOfPorts) {
   const Completion completion = at({"wan", "set", "--bind-lan=LAN1,LA"});
   EXPECT_EQ(completion.kind, WordKind::kPort);
   EXPECT_EQ(completion.before, "--bind-lan=LAN1,");
-  EXPECT_EQ(completion.begun, "LA");
+  EXPECT_EQ(completion.prefix, "LA");
 }
 
 TEST_F(CompleteLine, TakesTheStoreFromTheLine) {

@@ -25,7 +25,7 @@ TEST_F(Doctor, FindsABridgeThatNamesNoConnection) {
   EXPECT_EQ(finding.code, "orphan-bridge");
   EXPECT_EQ(finding.where, path);
   EXPECT_NE(finding.what.find("names no connection"), std::string::npos);
-  EXPECT_EQ(finding.mend, Words{"bridge remove br_7_7"});
+  EXPECT_EQ(finding.fixes, Words{"bridge remove br_7_7"});
 }
 
 TEST_F(Doctor, FindsABridgeThatNamesAConnectionWhichIsNotThere) {
@@ -37,7 +37,7 @@ TEST_F(Doctor, FindsABridgeThatNamesAConnectionWhichIsNotThere) {
 
 TEST_F(Doctor, NamesABridgeByItsPathWhenItsNameIsNoPlainWord) {
   const std::string path = add_bridge("two words", "");
-  EXPECT_EQ(only().mend, Words{"bridge remove " + path});
+  EXPECT_EQ(only().fixes, Words{"bridge remove " + path});
 }
 
 TEST_F(Doctor, FindsABridgeWhoseNameDoesNotFitItsConnection) {
@@ -46,16 +46,16 @@ TEST_F(Doctor, FindsABridgeWhoseNameDoesNotFitItsConnection) {
   const std::vector<Finding> findings = found();
   ASSERT_EQ(codes(), (Words{"misnamed-bridge", "connection-without-bridge"}));
   EXPECT_EQ(findings[0].where, path);
-  EXPECT_EQ(findings[0].mend, Words{"tree set " + path + "BridgeName br_1_1"});
+  EXPECT_EQ(findings[0].fixes, Words{"tree set " + path + "BridgeName br_1_1"});
   EXPECT_EQ(findings[1].where, internet_);
-  EXPECT_EQ(findings[1].mend, findings[0].mend);
+  EXPECT_EQ(findings[1].fixes, findings[0].fixes);
 }
 
 TEST_F(Doctor, FindsASecondBridgeForOneConnection) {
   add_bridge("br_9_9", internet_, "9", "802.1Q");
   const Finding finding = only();
   EXPECT_EQ(finding.code, "misnamed-bridge");
-  EXPECT_EQ(finding.mend, Words{"bridge remove br_9_9"});
+  EXPECT_EQ(finding.fixes, Words{"bridge remove br_9_9"});
 }
 
 TEST_F(Doctor, NeverRenamesTheLanBridge) {
@@ -63,7 +63,7 @@ TEST_F(Doctor, NeverRenamesTheLanBridge) {
   set(path + "X_ZYN_WANName", internet_);
   const Finding finding = only();
   EXPECT_EQ(finding.code, "misnamed-bridge");
-  EXPECT_EQ(finding.mend, Words{"tree set " + path + "X_ZYN_WANName ''"});
+  EXPECT_EQ(finding.fixes, Words{"tree set " + path + "X_ZYN_WANName ''"});
 }
 
 TEST_F(Doctor, FindsAPortInTwoBridges) {
@@ -71,12 +71,12 @@ TEST_F(Doctor, FindsAPortInTwoBridges) {
   const Finding finding = only();
   EXPECT_EQ(finding.code, "port-in-two-bridges");
   EXPECT_NE(finding.what.find("LAN3"), std::string::npos);
-  EXPECT_EQ(finding.mend, Words{"bridge move LAN3 br_1_1"});
+  EXPECT_EQ(finding.fixes, Words{"bridge move LAN3 br_1_1"});
 }
 
 TEST_F(Doctor, AsksForConsentWhereTheManagementIsAtStake) {
   add_port(bridge_named("br_1_2"), "LAN3", "", "46");
-  EXPECT_EQ(only().mend, Words{"bridge move LAN3 br_1_2 --confirm 300"});
+  EXPECT_EQ(only().fixes, Words{"bridge move LAN3 br_1_2 --confirm 300"});
 }
 
 TEST_F(Doctor, TakesUplinksInSeveralBridgesAsTheyAre) {
@@ -92,7 +92,7 @@ TEST_F(Doctor, FindsAPortBoundToAConnectionWhichIsNotThere) {
   const Finding finding = only();
   EXPECT_EQ(finding.code, "stale-binding");
   EXPECT_EQ(finding.where, port);
-  EXPECT_EQ(finding.mend, Words{"bridge move LAN1 internet"});
+  EXPECT_EQ(finding.fixes, Words{"bridge move LAN1 internet"});
 }
 
 TEST_F(Doctor, FindsAConnectionWithoutABridge) {
@@ -100,21 +100,21 @@ TEST_F(Doctor, FindsAConnectionWithoutABridge) {
   const Finding finding = only();
   EXPECT_EQ(finding.code, "connection-without-bridge");
   EXPECT_EQ(finding.where, internet_);
-  EXPECT_EQ(finding.mend, Words{"bridge create Internet"});
+  EXPECT_EQ(finding.fixes, Words{"bridge create Internet"});
 }
 
 TEST_F(Doctor, FindsAConnectionWithoutAnEnabledObject) {
   set(internet_ + "WANPPPConnection.1.Enable", "false");
   const Finding finding = only();
   EXPECT_EQ(finding.code, "no-enabled-object");
-  EXPECT_EQ(finding.mend, Words{"wan set Internet --mode dhcp"});
+  EXPECT_EQ(finding.fixes, Words{"wan set Internet --mode dhcp"});
 }
 
 TEST_F(Doctor, FindsAConnectionWithSeveralEnabledObjects) {
   set(internet_ + "WANIPConnection.1.Enable", "true");
   const Finding finding = only();
   EXPECT_EQ(finding.code, "several-enabled-objects");
-  EXPECT_EQ(finding.mend, Words{"wan set Internet --mode pppoe"});
+  EXPECT_EQ(finding.fixes, Words{"wan set Internet --mode pppoe"});
 }
 
 TEST_F(Doctor, FindsTwoConnectionsWithOneVlan) {
@@ -123,7 +123,7 @@ TEST_F(Doctor, FindsTwoConnectionsWithOneVlan) {
   const Finding finding = only();
   EXPECT_EQ(finding.code, "vlan-twice");
   EXPECT_EQ(finding.where, bridge_named("br_1_2"));
-  EXPECT_EQ(finding.mend, Words{"wan set Management --vlan 1001 --confirm 300"});
+  EXPECT_EQ(finding.fixes, Words{"wan set Management --vlan 1001 --confirm 300"});
 }
 
 TEST_F(Doctor, GivesEachConnectionAVlanOfItsOwn) {
@@ -131,8 +131,8 @@ TEST_F(Doctor, GivesEachConnectionAVlanOfItsOwn) {
   create(support::bridged("Television", 100, {}));
   const std::vector<Finding> findings = found();
   ASSERT_EQ(codes(), (Words{"vlan-twice", "vlan-twice"}));
-  EXPECT_EQ(findings[0].mend, Words{"wan set Management --vlan 1000 --confirm 300"});
-  EXPECT_EQ(findings[1].mend, Words{"wan set Television --vlan 1001"});
+  EXPECT_EQ(findings[0].fixes, Words{"wan set Management --vlan 1000 --confirm 300"});
+  EXPECT_EQ(findings[1].fixes, Words{"wan set Television --vlan 1001"});
 }
 
 TEST_F(Doctor, FindsTwoConnectionsWithOneMark) {
@@ -146,7 +146,7 @@ TEST_F(Doctor, FindsTwoConnectionsWithOneMark) {
   ASSERT_EQ(findings.size(), 1U);
   EXPECT_EQ(findings[0].code, "mark-twice");
   EXPECT_EQ(findings[0].where, management_);
-  EXPECT_EQ(findings[0].mend, Words{"wan remove Management --confirm 300"});
+  EXPECT_EQ(findings[0].fixes, Words{"wan remove Management --confirm 300"});
 }
 
 TEST_F(Doctor, FindsTwoConnectionsWithOneName) {
@@ -158,7 +158,7 @@ TEST_F(Doctor, FindsTwoConnectionsWithOneName) {
   });
   const Finding finding = only();
   EXPECT_EQ(finding.code, "name-twice");
-  EXPECT_EQ(finding.mend, Words{"wan set 1.2 --name=Internet2 --confirm 300"});
+  EXPECT_EQ(finding.fixes, Words{"wan set 1.2 --name=Internet2 --confirm 300"});
 }
 
 TEST_F(Doctor, FindsSeveralConnectionsWithTheManagementService) {
@@ -167,7 +167,7 @@ TEST_F(Doctor, FindsSeveralConnectionsWithTheManagementService) {
   create(second);
   const Finding finding = only();
   EXPECT_EQ(finding.code, "management-twice");
-  EXPECT_EQ(finding.mend, Words{"wan set Spare --service VOIP --confirm 300"});
+  EXPECT_EQ(finding.fixes, Words{"wan set Spare --service VOIP --confirm 300"});
 }
 
 TEST_F(Doctor, OnAGatewayConsentIsGivenAtOnce) {
@@ -177,7 +177,7 @@ TEST_F(Doctor, OnAGatewayConsentIsGivenAtOnce) {
   snapshot.has_store = false;
   const std::vector<Finding> findings = examine(snapshot);
   ASSERT_EQ(findings.size(), 1U);
-  EXPECT_EQ(findings[0].mend, Words{"wan set Spare --service OTHER --yes"});
+  EXPECT_EQ(findings[0].fixes, Words{"wan set Spare --service OTHER --yes"});
 }
 
 TEST(ShellWord, QuotesWhatAShellWouldActOn) {
@@ -190,10 +190,10 @@ TEST(ShellWord, QuotesWhatAShellWouldActOn) {
 TEST_F(Doctor, NamesAConnectionByItsNumbersWhenItsNameIsNoPlainWord) {
   set(internet_ + "WANPPPConnection.1.Name", "$(reboot)");
   EXPECT_EQ(tree_.delete_object(bridge_named("br_1_1")), 0);
-  EXPECT_EQ(only().mend, Words{"bridge create 1.1"});
+  EXPECT_EQ(only().fixes, Words{"bridge create 1.1"});
   // A name that is the numbers of another leaves the path alone.
   set(management_ + "WANIPConnection.2.Name", "1.1");
-  EXPECT_EQ(only().mend, Words{"bridge create " + internet_});
+  EXPECT_EQ(only().fixes, Words{"bridge create " + internet_});
 }
 
 }  // namespace

@@ -11,9 +11,9 @@ TEST(StoreFailure, EveryErrorHasItsExitCodeAndSaysWhatToDo) {
   for (int number = 1; *host::name_of(static_cast<StoreError>(number)) != '\0'; ++number) {
     const auto error = static_cast<StoreError>(number);
     const Failure failure = store_failure({error, "It failed."});
-    ASSERT_EQ(failure.faults.size(), 1U);
-    EXPECT_EQ(failure.faults[0].what, "It failed");
-    EXPECT_FALSE(failure.faults[0].todo.empty()) << host::name_of(error);
+    ASSERT_EQ(failure.problems.size(), 1U);
+    EXPECT_EQ(failure.problems[0].message, "It failed");
+    EXPECT_FALSE(failure.problems[0].hint.empty()) << host::name_of(error);
     const bool misuse = error == StoreError::kBatchOpen || error == StoreError::kTrialOpen;
     EXPECT_EQ(failure.code == ExitCode::kFailed, misuse) << host::name_of(error);
   }

@@ -9,10 +9,10 @@ using namespace igdctl;
 
 std::string read(const std::string& destination, const std::string& mask) {
   Subnet subnet;
-  std::vector<Fault> faults;
-  const bool valid = read_subnet(destination, mask, &subnet, &faults);
-  EXPECT_EQ(valid, faults.empty()) << destination << ' ' << mask;
-  return valid ? text_of(subnet) : "fault: " + faults.front().what;
+  std::vector<Problem> problems;
+  const bool valid = read_subnet(destination, mask, &subnet, &problems);
+  EXPECT_EQ(valid, problems.empty()) << destination << ' ' << mask;
+  return valid ? text_of(subnet) : "fault: " + problems.front().message;
 }
 
 TEST(Subnet, TakesALengthOrAMask) {
@@ -46,9 +46,9 @@ TEST(Subnet, RefusesWhatIsNoNetwork) {
 
 TEST(Subnet, NamesEveryFaultAtOnce) {
   Subnet subnet;
-  std::vector<Fault> faults;
-  EXPECT_FALSE(read_subnet("nowhere/99", "", &subnet, &faults));
-  EXPECT_EQ(faults.size(), 2U);
+  std::vector<Problem> problems;
+  EXPECT_FALSE(read_subnet("nowhere/99", "", &subnet, &problems));
+  EXPECT_EQ(problems.size(), 2U);
 }
 
 TEST(Subnet, SeesHostBits) {

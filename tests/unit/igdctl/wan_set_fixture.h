@@ -32,8 +32,8 @@ inline api_wan_info read(const Connection& connection) {
   return quietly([&connection] { return read_description(host::mib_access(), connection); });
 }
 
-inline WanProposal propose(const Connection& connection, const WanWish& wish) {
-  return quietly([&] { return propose_change(host::mib_access(), connection, wish); });
+inline WanDraft propose(const Connection& connection, const WanPatch& patch) {
+  return quietly([&] { return draft_change(host::mib_access(), connection, patch); });
 }
 
 inline std::vector<Connection> all_connections() {
@@ -96,9 +96,9 @@ class WanSet : public ::testing::Test {
     return all.front();
   }
 
-  static void write(const Connection& connection, const WanWish& wish) {
-    WanProposal proposal = propose(connection, wish);
-    quietly([&] { write_over(host::mib_access(), connection, &proposal); });
+  static void write(const Connection& connection, const WanPatch& patch) {
+    WanDraft draft = propose(connection, patch);
+    quietly([&] { write_over(host::mib_access(), connection, &draft); });
   }
 
   host::Tree tree_ = host::Tree::factory();

@@ -68,12 +68,12 @@ TEST_F(WanSetOfMadeConnections, ChangesNothingWhenTheWholeDescriptionIsNamed) {
     const Values before = values();
     const Connection connection = only_connection();
     const Json shown = json_of(connection, read(connection), true);
-    std::vector<Fault> faults;
-    const WanWish wish = read_wish(shown, &faults);
-    EXPECT_TRUE(faults.empty()) << faults.front().what;
-    const WanProposal proposal = propose(connection, wish);
-    EXPECT_TRUE(proposal.changed.empty()) << title(made) << ": " << *proposal.changed.begin();
-    write(connection, wish);
+    std::vector<Problem> problems;
+    const WanPatch patch = read_patch(shown, &problems);
+    EXPECT_TRUE(problems.empty()) << problems.front().message;
+    const WanDraft draft = propose(connection, patch);
+    EXPECT_TRUE(draft.changed.empty()) << title(made) << ": " << *draft.changed.begin();
+    write(connection, patch);
     EXPECT_EQ(difference_since(before), "") << title(made);
   }
 }
@@ -82,9 +82,9 @@ TEST_F(WanSetOfMadeConnections, ChangesOnlyWhatIsNamed) {
   make({kIgdRouted, kIgdDhcp, 100, {"192.0.2.53"}});
   const Values before = values();
   const Connection connection = only_connection();
-  WanWish wish;
-  wish.mtu = 1300;
-  write(connection, wish);
+  WanPatch patch;
+  patch.mtu = 1300;
+  write(connection, patch);
   EXPECT_EQ(difference_since(before), connection.path + "WANIPConnection.2.MTU: 1400 -> 1300\n");
 }
 
@@ -94,10 +94,10 @@ TEST_F(WanSetOfMadeConnections, ANewModeKeepsTheServersOfItsOwnObject) {
   const std::string fixed = connection.path + "WANIPConnection.1.";
   set(fixed + "DNSEnabled", "true");
   set(fixed + "DNSServers", "198.51.100.53");
-  WanWish wish;
-  wish.mode = kIgdStatic;
-  const WanProposal proposal = propose(connection, wish);
-  EXPECT_EQ(dns_servers_of(proposal.info), (Names{"198.51.100.53"}));
+  WanPatch patch;
+  patch.mode = kIgdStatic;
+  const WanDraft draft = propose(connection, patch);
+  EXPECT_EQ(dns_servers_of(draft.info), (Names{"198.51.100.53"}));
 }
 
 }  // namespace

@@ -102,7 +102,7 @@ TEST_F(RecordedTree, NetDifferenceOfAnObjectThatCameAndWentIsItsCounter) {
   EXPECT_EQ(changes[0].name, kBridges);
   EXPECT_EQ(changes[0].before->text, "1");
   EXPECT_EQ(changes[0].after->text, "2");
-  EXPECT_TRUE(in_words(changes).empty());
+  EXPECT_TRUE(difference_of(changes).empty());
 }
 
 TEST_F(RecordedTree, NetDifferenceOfTextsThatComeBackIsEmpty) {
@@ -117,7 +117,7 @@ TEST_F(RecordedTree, SaysInWordsWhatBecameOfObjectsAndTexts) {
   tree_.set_value(bridge_path + "VLANID", "7");
   tree_.delete_object(kRoutes + "4.");
   tree_.set_value(kRoot + "X_Vendor.Colour", "blue");
-  const host::Difference difference = in_words(net());
+  const host::Difference difference = difference_of(net());
   EXPECT_EQ(difference.added, std::vector<std::string>{bridge_path});
   EXPECT_EQ(difference.deleted, std::vector<std::string>{kRoutes + "4."});
   ASSERT_EQ(difference.values.size(), 2U);

@@ -102,38 +102,40 @@ bool is_url(const std::string& text) {
   return false;
 }
 
-void check_text(const TextSetting& setting, const std::string& text, std::vector<Fault>* faults) {
+void check_text(const TextSetting& setting, const std::string& text,
+                std::vector<Problem>* problems) {
   const std::string what = std::string(setting.option) + " is " + in_quotes(text);
   if (text.size() > kLongest || printable(text) != text) {
-    faults->push_back({what, "write at most 255 bytes, and none that cannot be printed"});
+    problems->push_back({what, "write at most 255 bytes, and none that cannot be printed"});
   } else if (setting.is_url && !text.empty() && !is_url(text)) {
-    faults->push_back({what, "write an address like https://acs.example.net/cpe, or '' for none"});
+    problems->push_back(
+        {what, "write an address like https://acs.example.net/cpe, or '' for none"});
   }
 }
 
-void check_passwords(const SetOptions& options, std::vector<Fault>* faults) {
+void check_passwords(const SetOptions& options, std::vector<Problem>* problems) {
   for (const PasswordOptions* const one : {&options.password, &options.request_password}) {
     if (one->prompt && one->file_option->count() > 0) {
-      faults->push_back({"a password has a file and a prompt", "leave out one of them"});
+      problems->push_back({"a password has a file and a prompt", "leave out one of them"});
     }
   }
   if (options.password.file == "-" && options.request_password.file == "-") {
-    faults->push_back({"both passwords would come from standard input",
-                       "put one of them into a file that only you can read"});
+    problems->push_back({"both passwords would come from standard input",
+                         "put one of them into a file that only you can read"});
   }
 }
 
 void check(const SetOptions& options) {
-  std::vector<Fault> faults;
+  std::vector<Problem> problems;
   bool any = options.password.named() || options.request_password.named();
   for (std::size_t i = 0; i < kTextCount; ++i) {
     if (options.named[i]->count() == 0) continue;
     any = true;
-    check_text(kTexts[i], options.texts[i], &faults);
+    check_text(kTexts[i], options.texts[i], &problems);
   }
-  check_passwords(options, &faults);
-  if (!any) faults.push_back({"no setting is named", "see igdctl acs set --help"});
-  fail_on(faults);
+  check_passwords(options, &problems);
+  if (!any) problems.push_back({"no setting is named", "see igdctl acs set --help"});
+  fail_on(problems);
 }
 
 void read_password(const PasswordOptions& options, const std::string& question,

@@ -65,19 +65,19 @@ const char* name_of(ChangeOutcome outcome) {
 Change::Change(Session& session, const ChangeOptions& options)
     : session_(session), options_(options) {}
 
-void Change::override_or_fail(const std::string& what, const std::string& todo) {
-  override_or_fail({{what, todo}});
+void Change::override_or_fail(const std::string& what, const std::string& hint) {
+  override_or_fail({{what, hint}});
 }
 
-void Change::override_or_fail(const std::vector<Fault>& reasons) {
+void Change::override_or_fail(const std::vector<Problem>& reasons) {
   if (!options_.force && !reasons.empty()) {
-    std::vector<Fault> faults = reasons;
-    for (Fault& fault : faults) fault.todo += "; or go on all the same with --force";
-    throw Failure(ExitCode::kRefused, faults);
+    std::vector<Problem> problems = reasons;
+    for (Problem& problem : problems) problem.hint += "; or go on all the same with --force";
+    throw Failure(ExitCode::kRefused, problems);
   }
-  for (const Fault& reason : reasons) {
-    session_.output().warn("--force goes over this: " + reason.what);
-    overridden_.push_back(reason.what);
+  for (const Problem& reason : reasons) {
+    session_.output().warn("--force goes over this: " + reason.message);
+    overridden_.push_back(reason.message);
   }
 }
 

@@ -54,10 +54,10 @@ class Change {
 
   /// Goes on over a check, when it is one that --force may go over: then the user is told what was
   /// overridden, else Failure (kRefused) is thrown with `what` and `todo`.
-  void override_or_fail(const std::string& what, const std::string& todo);
+  void override_or_fail(const std::string& what, const std::string& hint);
 
   /// The same for several, which are thrown together.
-  void override_or_fail(const std::vector<Fault>& reasons);
+  void override_or_fail(const std::vector<Problem>& reasons);
 
   /// To be called inside the work, before its first write: the change may cut off who manages the
   /// gateway. If it makes a difference, it lands only with --confirm or --yes, else run() throws

@@ -36,14 +36,14 @@ bool is_expected(const host::Refusal& refusal) {
 }
 
 void look_at_refusals(const host::Tree& tree) {
-  std::vector<Fault> faults;
+  std::vector<Problem> problems;
   for (const host::Refusal& refusal : tree.refusals()) {
     if (is_expected(refusal)) continue;
-    faults.push_back(
+    problems.push_back(
         {refusal.call + " of " + in_quotes(refusal.name) + " was refused: " + refusal.reason,
          "nothing was changed; igdctl doctor tells whether the tree contradicts itself"});
   }
-  if (!faults.empty()) throw Failure(ExitCode::kPlatform, faults);
+  if (!problems.empty()) throw Failure(ExitCode::kPlatform, problems);
 }
 
 host::Store& open_store(Session& session) {

@@ -13,8 +13,8 @@ namespace igdctl {
 namespace {
 
 // The path level by level, so that a list stays short: up to and with the next dot.
-std::string next_level(const std::string& name, std::size_t begun) {
-  const std::size_t dot = name.find('.', begun);
+std::string next_level(const std::string& name, std::size_t prefix) {
+  const std::size_t dot = name.find('.', prefix);
   return dot == std::string::npos ? name : name.substr(0, dot + 1);
 }
 
@@ -35,12 +35,12 @@ std::vector<Candidate> checkpoint_words() {
   return words;
 }
 
-std::vector<Candidate> parameter_words(const std::string& begun) {
-  const bool from_root = begins_with(begun, "InternetG") || begun.empty();
+std::vector<Candidate> parameter_words(const std::string& prefix) {
+  const bool from_root = begins_with(prefix, "InternetG") || prefix.empty();
   const std::string root = from_root ? "" : full_name_of("");
   std::vector<Candidate> words;
-  for (const host::Parameter& parameter : host::active_tree().parameters(root + begun)) {
-    std::string word = next_level(parameter.name.substr(root.size()), begun.size());
+  for (const host::Parameter& parameter : host::active_tree().parameters(root + prefix)) {
+    std::string word = next_level(parameter.name.substr(root.size()), prefix.size());
     if (words.empty() || words.back().word != word) words.push_back({std::move(word), ""});
   }
   return words;

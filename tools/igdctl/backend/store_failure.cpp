@@ -9,7 +9,7 @@ namespace {
 struct Remedy {
   host::StoreError error;
   ExitCode code;
-  const char* todo;
+  const char* hint;
 };
 
 using host::StoreError;
@@ -44,7 +44,7 @@ constexpr std::array kRemedies = {
 };
 
 // The sentence as one line without its full stop.
-std::string as_fault(const host::StoreResult& result) {
+std::string as_problem(const host::StoreResult& result) {
   std::string text = result.text.empty() ? host::name_of(result.error) : result.text;
   while (!text.empty() && (text.back() == '.' || text.back() == '\n')) text.pop_back();
   return text;
@@ -54,9 +54,9 @@ std::string as_fault(const host::StoreResult& result) {
 
 Failure store_failure(const host::StoreResult& result) {
   for (const Remedy& remedy : kRemedies) {
-    if (remedy.error == result.error) return {remedy.code, as_fault(result), remedy.todo};
+    if (remedy.error == result.error) return {remedy.code, as_problem(result), remedy.hint};
   }
-  return {ExitCode::kFailed, as_fault(result), "report it with the command that led to it"};
+  return {ExitCode::kFailed, as_problem(result), "report it with the command that led to it"};
 }
 
 }  // namespace igdctl

@@ -5,7 +5,7 @@
 
 #include "backend/change.h"
 #include "bridge/bridge_commands.h"
-#include "bridge/bridge_mending.h"
+#include "bridge/bridge_repair.h"
 #include "cli/command_line.h"
 #include "cli/session.h"
 #include "gateway/bridge_names.h"

@@ -98,7 +98,7 @@ std::string words_of(const CLI::App& command) {
 }
 
 // A word where a command should be; CLI11 only says that a command is missing.
-bool find_unknown_command(const CLI::App& root, const CLI::App& command, Fault* fault) {
+bool find_unknown_command(const CLI::App& root, const CLI::App& command, Problem* problem) {
   const std::vector<std::string> words = root.remaining(true);
   const std::vector<const CLI::App*> known = command.get_subcommands(
       [](const CLI::App* sub) { return !sub->get_group().empty(); });  // hidden ones have none
@@ -106,8 +106,8 @@ bool find_unknown_command(const CLI::App& root, const CLI::App& command, Fault* 
   std::vector<std::string> names;
   for (const CLI::App* sub : known) names.push_back(sub->get_name());
   const std::vector<std::string> near = near_names(words.front(), names);
-  fault->what = words_of(command) + " has no command " + in_quotes(words.front());
-  fault->todo =
+  problem->message = words_of(command) + " has no command " + in_quotes(words.front());
+  problem->hint =
       near.empty() ? "it has " + joined(names, ", ") : "did you mean " + joined(near, " or ") + "?";
   return true;
 }
@@ -155,9 +155,9 @@ bool parse_command_line(CLI::App& root, int argc, const char* const* argv, int* 
       return false;
     }
     const CLI::App& command = chosen_command(root);
-    Fault fault{one_line(error.what()), "see " + words_of(command) + " --help"};
-    (void)find_unknown_command(root, command, &fault);
-    report(Failure(ExitCode::kBadInput, {fault}));
+    Problem problem{one_line(error.what()), "see " + words_of(command) + " --help"};
+    (void)find_unknown_command(root, command, &problem);
+    report(Failure(ExitCode::kBadInput, {problem}));
   }
   *exit_code = static_cast<int>(ExitCode::kBadInput);
   return false;

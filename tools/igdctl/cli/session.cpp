@@ -29,10 +29,10 @@ class LibraryMemory {
 }  // namespace
 
 void report(const Failure& failure) {
-  for (const Fault& fault : failure.faults) {
-    (void)std::fprintf(stderr, "igdctl: %s\n", printable(fault.what).c_str());
-    if (!fault.todo.empty()) {
-      (void)std::fprintf(stderr, "        %s\n", printable(fault.todo).c_str());
+  for (const Problem& problem : failure.problems) {
+    (void)std::fprintf(stderr, "igdctl: %s\n", printable(problem.message).c_str());
+    if (!problem.hint.empty()) {
+      (void)std::fprintf(stderr, "        %s\n", printable(problem.hint).c_str());
     }
   }
 }

@@ -52,7 +52,7 @@ class Session {
   ExitCode exit_code_ = ExitCode::kDone;
 };
 
-/// Prints a failure: of each fault a line with what is wrong, and one with what to do.
+/// Prints a failure: of each problem a line with what is wrong, and one with what to do.
 void report(const Failure& failure);
 
 }  // namespace igdctl

@@ -45,7 +45,7 @@ struct Finding {
   std::string why;    ///< why it matters
   /// The commands that mend it, in order, without "igdctl ": "bridge remove br_1_9". Each can be
   /// given to a shell as it is.
-  std::vector<std::string> mend;
+  std::vector<std::string> fixes;
 };
 
 /// Every finding, in the order of bridges, ports, connections, routes. Asks nothing but `snapshot`.

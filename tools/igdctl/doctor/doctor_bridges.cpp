@@ -37,14 +37,14 @@ Finding misnamed(const Snapshot& snapshot, const Bridge& bridge, const Connectio
   const std::string what = "the bridge " + quoted_title(bridge) + " names connection " +
                            quoted_title(connection) + ", whose bridge is " +
                            in_quotes(connection.bridge_name);
-  const std::string mend = connection.has_bridge() ? "bridge remove " + word_of(snapshot, bridge)
-                                                   : "tree set " + bridge.path + "BridgeName " +
-                                                         shell_word(connection.bridge_name);
+  const std::string fixes = connection.has_bridge() ? "bridge remove " + word_of(snapshot, bridge)
+                                                    : "tree set " + bridge.path + "BridgeName " +
+                                                          shell_word(connection.bridge_name);
   return {"misnamed-bridge",
           bridge.path,
           what,
           "a bridge counts as a connection's own only when link and name agree",
-          {mend}};
+          {fixes}};
 }
 
 // Of several bridges under the wrong name only the first can get the right one.
@@ -91,7 +91,7 @@ std::vector<const Bridge*> bridges_with(const Snapshot& snapshot, const std::str
 }
 
 // The same for every finding about a port, so that none undoes what another mended.
-std::string mend_of(const Snapshot& snapshot, const std::string& node) {
+std::string fix_of(const Snapshot& snapshot, const std::string& node) {
   const std::vector<const Bridge*> bridges = bridges_with(snapshot, node);
   return "bridge move " + shell_word(node) + ' ' +
          word_of(snapshot, best_bridge(snapshot, bridges)) + consent_of(snapshot, bridges);
@@ -107,7 +107,7 @@ void examine_node(const Snapshot& snapshot, const Port& port, Findings* findings
        port.path,
        "the port " + in_quotes(port.node) + " is in the bridges " + joined(titles, " and "),
        "checks look at the first only, and frames pass between the bridges",
-       {mend_of(snapshot, port.node)}});
+       {fix_of(snapshot, port.node)}});
 }
 
 void examine_binding(const Snapshot& snapshot, const Port& port, Findings* findings) {
@@ -118,7 +118,7 @@ void examine_binding(const Snapshot& snapshot, const Port& port, Findings* findi
                        "the port " + in_quotes(port.node) + " is bound to the connection " +
                            in_quotes(port.depend_wan) + ", which is not there",
                        "it reaches nothing, and no connection can have it",
-                       {can_move ? mend_of(snapshot, port.node)
+                       {can_move ? fix_of(snapshot, port.node)
                                  : "tree set " + port.path + "X_ZYN_DependWanName ''"}});
 }
 
@@ -136,7 +136,7 @@ void examine_bridges(const Snapshot& snapshot, Findings* findings) {
     } else if (state->connection.bridge_path != bridge.path) {
       findings->push_back(misnamed(snapshot, bridge, state->connection));
       if (state->connection.has_bridge() || !is_spare(snapshot, bridge)) continue;
-      findings->back().mend = {"bridge remove " + word_of(snapshot, bridge)};
+      findings->back().fixes = {"bridge remove " + word_of(snapshot, bridge)};
     }
   }
 }

@@ -17,18 +17,18 @@ std::string program_of(const Session& session) {
 }
 
 Json json_of(const Finding& finding, const std::string& program) {
-  Json mend = Json::array();
-  for (const std::string& command : finding.mend) mend.push_back(program + command);
+  Json fixes = Json::array();
+  for (const std::string& command : finding.fixes) fixes.push_back(program + command);
   return {{"finding", finding.code},
           {"where", finding.where},
           {"what", finding.what},
           {"why", finding.why},
-          {"mend", mend}};
+          {"mend", fixes}};
 }
 
 Table table_of(const Finding& finding, const std::string& program) {
   Table table{{}, {{"where", finding.where}, {"why", finding.why}}};
-  for (const std::string& command : finding.mend) {
+  for (const std::string& command : finding.fixes) {
     table.rows.push_back({"mend", {program + command, Style::kGood}});
   }
   return table;

@@ -19,7 +19,7 @@ std::string wan_set(const Snapshot& snapshot, const ConnectionState& state,
 }
 
 // A bridge that names the connection under another name can be its bridge again.
-std::string mend_of_missing_bridge(const Snapshot& snapshot, const ConnectionState& state) {
+std::string fix_of_missing_bridge(const Snapshot& snapshot, const ConnectionState& state) {
   for (const Bridge& bridge : snapshot.bridges) {
     if (bridge.wan_path != state.connection.path || bridge.name == kLanBridge) continue;
     return "tree set " + bridge.path + "BridgeName " + shell_word(state.connection.bridge_name);
@@ -34,7 +34,7 @@ void examine_bridge(const Snapshot& snapshot, const ConnectionState& state, Find
                        "connection " + quoted_title(state) + " has no bridge " +
                            in_quotes(state.connection.bridge_name),
                        "changing or removing it as it is would act on the ports of every bridge",
-                       {mend_of_missing_bridge(snapshot, state)}});
+                       {fix_of_missing_bridge(snapshot, state)}});
 }
 
 void examine_objects(const Snapshot& snapshot, const ConnectionState& state, Findings* findings) {

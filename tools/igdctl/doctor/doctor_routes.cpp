@@ -75,14 +75,14 @@ void examine_host_bits(const Snapshot& snapshot, const RouteState& route, const 
                        Findings* findings) {
   if (!subnet.has_host_bits()) return;
   const Subnet network = {subnet.network(), subnet.mask};
-  std::vector<std::string> mend = {removal_of(route)};
+  std::vector<std::string> fixes = {removal_of(route)};
   const bool twin = has_twin(snapshot, text_of_ipv4(network.address), text_of_ipv4(network.mask));
   const std::string addition = twin ? std::string() : addition_of(snapshot, route, network);
-  if (!addition.empty()) mend.push_back(addition);
+  if (!addition.empty()) fixes.push_back(addition);
   findings->push_back({"route-with-host-bits", route.path,
                        "the route to " + quoted_destination(route) + " names a host, not the " +
                            "network " + text_of(network),
-                       "the system refuses such a route, so it is not in effect", mend});
+                       "the system refuses such a route, so it is not in effect", fixes});
 }
 
 }  // namespace

@@ -18,10 +18,10 @@ constexpr long kHighestVlan = 4095;
   const bool found_near = !near.empty();
   if (!found_near) near = titles;
   for (std::string& name : near) name = in_quotes(name);
-  std::string todo = "there is none at all";
-  if (found_near) todo = "did you mean " + joined(near, " or ") + "?";
-  if (!found_near && !near.empty()) todo = "there are " + joined(near, ", ");
-  throw Failure(ExitCode::kNotFound, "there is no bridge " + in_quotes(words), todo);
+  std::string hint = "there is none at all";
+  if (found_near) hint = "did you mean " + joined(near, " or ") + "?";
+  if (!found_near && !near.empty()) hint = "there are " + joined(near, ", ");
+  throw Failure(ExitCode::kNotFound, "there is no bridge " + in_quotes(words), hint);
 }
 
 bool vlan_of(const Bridge& bridge, long* vlan) {

@@ -16,23 +16,23 @@ std::uint32_t mask_of_prefix(long length) {
   return static_cast<std::uint32_t>(std::uint64_t{UINT32_MAX} << (kAddressBits - length));
 }
 
-bool read_mask(const std::string& mask, Subnet* subnet, std::vector<Fault>* faults) {
+bool read_mask(const std::string& mask, Subnet* subnet, std::vector<Problem>* problems) {
   if (!parse_ipv4(mask, &subnet->mask)) {
-    faults->push_back({"the mask is " + in_quotes(mask), "write it like 255.255.255.0"});
+    problems->push_back({"the mask is " + in_quotes(mask), "write it like 255.255.255.0"});
     return false;
   }
   if (is_mask(subnet->mask)) return true;
-  faults->push_back({"the mask " + mask + " has a gap between its ones",
-                     "a mask is ones, then zeros: 255.255.255.0"});
+  problems->push_back({"the mask " + mask + " has a gap between its ones",
+                       "a mask is ones, then zeros: 255.255.255.0"});
   return false;
 }
 
-bool read_prefix(const std::string& length, Subnet* subnet, std::vector<Fault>* faults) {
+bool read_prefix(const std::string& length, Subnet* subnet, std::vector<Problem>* problems) {
   long bits = 0;
   const bool valid = parse_number(length, 0, kAddressBits, &bits);
   if (valid) subnet->mask = mask_of_prefix(bits);
   if (!valid) {
-    faults->push_back(
+    problems->push_back(
         {"the length of the network is " + in_quotes(length), "write a number from 0 to 32"});
   }
   return valid;
@@ -49,27 +49,27 @@ bool parse_subnet(const std::string& address, const std::string& mask, Subnet* s
 }
 
 bool read_subnet(const std::string& destination, const std::string& mask, Subnet* subnet,
-                 std::vector<Fault>* faults) {
+                 std::vector<Problem>* problems) {
   const std::size_t slash = destination.find('/');
   const std::string address = destination.substr(0, slash);
   bool valid = parse_ipv4(address, &subnet->address);
   if (!valid) {
-    faults->push_back({"the destination is " + in_quotes(address),
-                       "write an IPv4 address and a length: 198.51.100.0/24"});
+    problems->push_back({"the destination is " + in_quotes(address),
+                         "write an IPv4 address and a length: 198.51.100.0/24"});
   }
   if (slash != std::string::npos) {
     if (!mask.empty()) {
-      faults->push_back({"the destination has a length and a mask", "leave out one of them"});
+      problems->push_back({"the destination has a length and a mask", "leave out one of them"});
       valid = false;
     }
-    return read_prefix(destination.substr(slash + 1), subnet, faults) && valid;
+    return read_prefix(destination.substr(slash + 1), subnet, problems) && valid;
   }
   if (mask.empty()) {
-    faults->push_back(
+    problems->push_back(
         {"the destination has no mask", "write 198.51.100.0/24, or 198.51.100.0 255.255.255.0"});
     return false;
   }
-  return read_mask(mask, subnet, faults) && valid;
+  return read_mask(mask, subnet, problems) && valid;
 }
 
 std::string text_of(const Subnet& subnet) {

@@ -22,9 +22,9 @@ struct Subnet {
 bool parse_subnet(const std::string& address, const std::string& mask, Subnet* subnet);
 
 /// What people write: "198.51.100.0/24", or an address and a mask beside it ("" for none). Faults
-/// are appended, and false returned; host bits are no fault.
+/// are appended, and false returned; host bits are no problem.
 bool read_subnet(const std::string& destination, const std::string& mask, Subnet* subnet,
-                 std::vector<Fault>* faults);
+                 std::vector<Problem>* problems);
 
 /// "198.51.100.0/24" with the address as it is, host bits and all.
 std::string text_of(const Subnet& subnet);

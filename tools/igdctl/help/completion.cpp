@@ -46,7 +46,7 @@ struct ValuesOfOption {
   const char* values;
 };
 
-// Words that commands check themselves, so that all faults come together.
+// Words that commands check themselves, so that all problems come together.
 constexpr ValuesOfOption kCheckedLater[] = {{"--access", "Ethernet,3G,Repeator"},
                                             {"--class", "routed,bridged,routed-bridged"},
                                             {"--mode", "dhcp,static,pppoe"}};
@@ -84,17 +84,17 @@ class LineWalk {
     }
   }
 
-  Completion finish(const std::string& begun) {
-    const std::size_t equals = begun.find('=');
+  Completion finish(const std::string& prefix) {
+    const std::size_t equals = prefix.find('=');
     if (awaiting_ != nullptr) {
-      offer_values(*awaiting_, "", begun);
-    } else if (only_arguments_ || begun.empty() || begun[0] != '-') {
-      offer_commands(begun);
-      offer_argument(begun);
+      offer_values(*awaiting_, "", prefix);
+    } else if (only_arguments_ || prefix.empty() || prefix[0] != '-') {
+      offer_commands(prefix);
+      offer_argument(prefix);
     } else if (equals == std::string::npos) {
-      offer_options(begun);
-    } else if (const CLI::Option* const option = option_named(begun.substr(0, equals))) {
-      offer_values(*option, begun.substr(0, equals + 1), begun.substr(equals + 1));
+      offer_options(prefix);
+    } else if (const CLI::Option* const option = option_named(prefix.substr(0, equals))) {
+      offer_values(*option, prefix.substr(0, equals + 1), prefix.substr(equals + 1));
     }
     return std::move(result_);
   }
@@ -133,52 +133,52 @@ class LineWalk {
     return nullptr;
   }
 
-  void offer(const std::string& word, const std::string& description, const std::string& begun) {
+  void offer(const std::string& word, const std::string& description, const std::string& prefix) {
     const bool there = std::any_of(result_.candidates.begin(), result_.candidates.end(),
                                    [&](const Candidate& one) { return one.word == word; });
-    if (begins_with(word, begun) && !there) result_.candidates.push_back({word, description});
+    if (begins_with(word, prefix) && !there) result_.candidates.push_back({word, description});
   }
 
-  void offer_commands(const std::string& begun) {
+  void offer_commands(const std::string& prefix) {
     if (only_arguments_ || arguments_ > 0) return;
     for (const CLI::App* sub : command_->get_subcommands(is_shown)) {
-      offer(sub->get_name(), sub->get_description(), begun);
+      offer(sub->get_name(), sub->get_description(), prefix);
     }
   }
 
-  void offer_options(const std::string& begun) {
+  void offer_options(const std::string& prefix) {
     for (const CLI::App* app = command_; app != nullptr; app = app->get_parent()) {
       for (const CLI::Option* option : app->get_options()) {
         if (option->get_positional() || option->get_group().empty()) continue;
         for (const std::string& name : split_list(option->get_name(false, true))) {
-          if (name.size() > 2) offer(name, option->get_description(), begun);
+          if (name.size() > 2) offer(name, option->get_description(), prefix);
         }
       }
     }
   }
 
-  void offer_argument(const std::string& begun) {
+  void offer_argument(const std::string& prefix) {
     std::size_t place = 0;
     for (const CLI::Option* option : command_->get_options()) {
       if (!option->get_positional()) continue;
       if (place++ == arguments_ || option->get_expected_max() > 1) {
-        return offer_values(*option, "", begun);
+        return offer_values(*option, "", prefix);
       }
     }
   }
 
-  void offer_values(const CLI::Option& option, std::string before, std::string begun) {
-    const std::size_t comma = begun.rfind(',');
+  void offer_values(const CLI::Option& option, std::string before, std::string prefix) {
+    const std::size_t comma = prefix.rfind(',');
     result_.kind = kind_of(option);
     if (result_.kind == WordKind::kPort && comma != std::string::npos) {  // lists of ports
-      before += begun.substr(0, comma + 1);
-      begun.erase(0, comma + 1);
+      before += prefix.substr(0, comma + 1);
+      prefix.erase(0, comma + 1);
     }
     for (const std::string& value : fixed_values(option)) {
-      offer(before + value, "", before + begun);
+      offer(before + value, "", before + prefix);
     }
     result_.before = std::move(before);
-    result_.begun = std::move(begun);
+    result_.prefix = std::move(prefix);
   }
 
   const CLI::App* command_;

@@ -26,7 +26,7 @@ struct Completion {
   std::vector<Candidate> candidates;   ///< commands, options, fixed values
   WordKind kind = WordKind::kNothing;  ///< words of the tree that fit as well
   std::string before;                  ///< stands before each of those: "--bind-lan=LAN1,"
-  std::string begun;                   ///< how they begin
+  std::string prefix;                  ///< how they begin
   std::string store;                   ///< of --store in the line; "" without
 };
 
@@ -35,11 +35,11 @@ Completion complete_line(const CLI::App& root, const std::vector<std::string>& w
 
 /// The words of a kind in the tree of this run that begin so. None when there is no store or it
 /// cannot be read; a store is never made.
-std::vector<Candidate> words_of_kind(Session& session, WordKind kind, const std::string& begun);
+std::vector<Candidate> words_of_kind(Session& session, WordKind kind, const std::string& prefix);
 
 /// The same for what only a store has; supplied by each build.
 std::vector<Candidate> checkpoint_words();
-std::vector<Candidate> parameter_words(const std::string& begun);
+std::vector<Candidate> parameter_words(const std::string& prefix);
 bool has_tree_to_read(const Session& session);
 
 /// The script for a shell, "bash", "zsh" or "fish"; "" for another one.

@@ -46,7 +46,7 @@ std::vector<Candidate> port_words(MibAccess& tree) {
   return words;
 }
 
-std::vector<Candidate> all_words(MibAccess& tree, WordKind kind, const std::string& begun) {
+std::vector<Candidate> all_words(MibAccess& tree, WordKind kind, const std::string& prefix) {
   switch (kind) {
     case WordKind::kConnection:
       return connection_words(tree);
@@ -57,7 +57,7 @@ std::vector<Candidate> all_words(MibAccess& tree, WordKind kind, const std::stri
     case WordKind::kCheckpoint:
       return checkpoint_words();
     case WordKind::kParameter:
-      return parameter_words(begun);
+      return parameter_words(prefix);
     case WordKind::kNothing:
     case WordKind::kFile:
       break;
@@ -79,13 +79,13 @@ void complete(Session& session, const CLI::App& root, const std::string& kind,
               const std::vector<std::string>& words) {
   Output& output = session.output();
   for (const NamedKind& row : kNamedKinds) {
-    const std::string begun = words.empty() ? "" : words.back();
-    if (row.name == kind) return print(output, "", words_of_kind(session, row.kind, begun));
+    const std::string prefix = words.empty() ? "" : words.back();
+    if (row.name == kind) return print(output, "", words_of_kind(session, row.kind, prefix));
   }
   const Completion completion = complete_line(root, words);
   if (!completion.store.empty()) session.options.store = completion.store;
   print(output, "", completion.candidates);
-  print(output, completion.before, words_of_kind(session, completion.kind, completion.begun));
+  print(output, completion.before, words_of_kind(session, completion.kind, completion.prefix));
   if (completion.kind == WordKind::kFile) output.raw(kFilesToo);
 }
 
@@ -135,18 +135,18 @@ void add_man(CLI::App& root, Session& session) {
 
 }  // namespace
 
-std::vector<Candidate> words_of_kind(Session& session, WordKind kind, const std::string& begun) {
+std::vector<Candidate> words_of_kind(Session& session, WordKind kind, const std::string& prefix) {
   std::vector<Candidate> words;
   if (kind == WordKind::kNothing || kind == WordKind::kFile) return words;
   try {
     if (!has_tree_to_read(session)) return words;
-    words = all_words(session.tree(), kind, begun);
+    words = all_words(session.tree(), kind, prefix);
   } catch (const Failure&) {
     return {};  // completion is no place for messages
   }
   std::vector<Candidate> fitting;
   for (Candidate& word : words) {
-    if (begins_with(word.word, begun)) fitting.push_back(std::move(word));
+    if (begins_with(word.word, prefix)) fitting.push_back(std::move(word));
   }
   return fitting;
 }

@@ -44,31 +44,31 @@ const api_route_info* find_route(const std::vector<api_route_info>& routes,
   return nullptr;
 }
 
-void check_next(const RouteOptions& options, std::vector<Fault>* faults) {
+void check_next(const RouteOptions& options, std::vector<Problem>* problems) {
   if (options.by_gateway == options.by_connection) {
     const std::string number = options.by_gateway ? "two ways" : "no way";
-    faults->push_back({"the route has " + number + " to go",
-                       "name one: --gateway ADDRESS or --connection CONNECTION"});
+    problems->push_back({"the route has " + number + " to go",
+                         "name one: --gateway ADDRESS or --connection CONNECTION"});
   }
   std::uint32_t address = 0;
   if (!options.by_gateway) return;
   const bool valid = parse_ipv4(options.gateway, &address) && is_host_address(address);
   if (valid) return;
-  faults->push_back({"the gateway is " + in_quotes(options.gateway),
-                     "write the IPv4 address of a host, such as 192.0.2.1"});
+  problems->push_back({"the gateway is " + in_quotes(options.gateway),
+                       "write the IPv4 address of a host, such as 192.0.2.1"});
 }
 
-// The record of what the user wants; every fault that needs no tree is found at once.
+// The record of what the user wants; every problem that needs no tree is found at once.
 api_route_info wanted_route(const RouteOptions& options) {
-  std::vector<Fault> faults;
+  std::vector<Problem> problems;
   Subnet subnet;
-  const bool valid = read_subnet(options.destination, options.mask, &subnet, &faults);
+  const bool valid = read_subnet(options.destination, options.mask, &subnet, &problems);
   if (valid && subnet.has_host_bits()) {
-    faults.push_back({"the destination " + text_of(subnet) + " is no network: it has host bits",
-                      "its network is " + text_of({subnet.network(), subnet.mask})});
+    problems.push_back({"the destination " + text_of(subnet) + " is no network: it has host bits",
+                        "its network is " + text_of({subnet.network(), subnet.mask})});
   }
-  check_next(options, &faults);
-  fail_on(faults);
+  check_next(options, &problems);
+  fail_on(problems);
   api_route_info route;
   route.dest_ip = text_of_ipv4(subnet.address);
   route.dest_mask = text_of_ipv4(subnet.mask);
@@ -134,10 +134,10 @@ api_route_info unwanted_route(const RouteOptions& options,
                               const std::vector<api_route_info>& routes) {
   const api_route_info* const literal = find_route(routes, options.destination, options.mask);
   if (literal != nullptr) return *literal;
-  std::vector<Fault> faults;
+  std::vector<Problem> problems;
   Subnet wanted;
-  (void)read_subnet(options.destination, options.mask, &wanted, &faults);
-  fail_on(faults);
+  (void)read_subnet(options.destination, options.mask, &wanted, &problems);
+  fail_on(problems);
   for (const api_route_info& route : routes) {
     Subnet subnet;
     const bool same = parse_subnet(route.dest_ip, route.dest_mask, &subnet) &&

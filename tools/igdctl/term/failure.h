@@ -13,29 +13,29 @@ namespace igdctl {
 
 /// One thing that is wrong. Both are one line without a full stop and without control characters
 /// (printable() of text.h), as they go to people.
-struct Fault {
-  std::string what;
-  std::string todo;  ///< what mends it
+struct Problem {
+  std::string message;
+  std::string hint;  ///< what mends it
 };
 
 /// Thrown once by a command. Faults that can be found together are collected before and thrown
 /// together, so that people mend them in one go.
 struct Failure : std::exception {
-  Failure(ExitCode exit_code, std::vector<Fault> all_faults)
-      : code(exit_code), faults(std::move(all_faults)) {}
+  Failure(ExitCode exit_code, std::vector<Problem> all_faults)
+      : code(exit_code), problems(std::move(all_faults)) {}
   Failure(ExitCode exit_code, std::string what_is_wrong, std::string what_to_do)
-      : code(exit_code), faults{{std::move(what_is_wrong), std::move(what_to_do)}} {}
+      : code(exit_code), problems{{std::move(what_is_wrong), std::move(what_to_do)}} {}
   const char* what() const noexcept override {
-    return faults.empty() ? "" : faults.front().what.c_str();
+    return problems.empty() ? "" : problems.front().message.c_str();
   }
 
   ExitCode code;
-  std::vector<Fault> faults;
+  std::vector<Problem> problems;
 };
 
-/// Throws the faults, if there are any, as bad input.
-inline void fail_on(const std::vector<Fault>& faults) {
-  if (!faults.empty()) throw Failure(ExitCode::kBadInput, faults);
+/// Throws the problems, if there are any, as bad input.
+inline void fail_on(const std::vector<Problem>& problems) {
+  if (!problems.empty()) throw Failure(ExitCode::kBadInput, problems);
 }
 
 }  // namespace igdctl

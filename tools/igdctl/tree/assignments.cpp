@@ -67,7 +67,7 @@ std::string line_of(const Assignment& assignment) {
 }
 
 std::vector<Assignment> read_assignments(std::string_view text, const std::string& source,
-                                         std::vector<Fault>& faults) {
+                                         std::vector<Problem>& problems) {
   std::vector<Assignment> assignments;
   for (int number = 1; !text.empty(); ++number) {
     const std::string_view line = take_line(text);
@@ -76,15 +76,15 @@ std::vector<Assignment> read_assignments(std::string_view text, const std::strin
     const std::size_t equals = line.find('=');
     const std::string name(trimmed(line.substr(0, equals)));
     if (equals == std::string_view::npos || name.empty()) {
-      faults.push_back({place + "this is no NAME=VALUE", "write one parameter on each line"});
+      problems.push_back({place + "this is no NAME=VALUE", "write one parameter on each line"});
       continue;
     }
     const std::optional<std::string> value = unescaped(line.substr(equals + 1));
     if (value) {
       assignments.push_back({full_name_of(name), *value});
     } else {
-      faults.push_back({place + "a backslash in the value begins no escape",
-                        R"(write \\ for a backslash; \n, \r, \t and \x00 to \xff are known)"});
+      problems.push_back({place + "a backslash in the value begins no escape",
+                          R"(write \\ for a backslash; \n, \r, \t and \x00 to \xff are known)"});
     }
   }
   return assignments;

@@ -23,9 +23,9 @@ std::string line_of(const Assignment& assignment);
 
 /// Reads such lines. Faults name the source and the line; a line with one is left out.
 ///
-/// @param source  the name that faults give the text: "settings.txt"
+/// @param source  the name that problems give the text: "settings.txt"
 std::vector<Assignment> read_assignments(std::string_view text, const std::string& source,
-                                         std::vector<Fault>& faults);
+                                         std::vector<Problem>& problems);
 
 /// "Layer2Bridging.BridgeNumberOfEntries" is below the root as well, and stands for the full name.
 std::string full_name_of(std::string_view name);

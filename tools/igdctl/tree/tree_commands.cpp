@@ -15,7 +15,7 @@ void add_tree_commands(CLI::App& root, Session& session) {
   add_tree_model_commands(group, session);
 }
 
-Fault unknown_parameter(const std::string& name) {
+Problem unknown_parameter(const std::string& name) {
   if (is_object_path(name)) {
     return {in_quotes(name) + " is an object and has no value",
             "igdctl tree list shows what it has"};

@@ -18,7 +18,7 @@ void add_tree_set(CLI::App& group, Session& session);
 void add_tree_model_commands(CLI::App& group, Session& session);
 
 /// What is wrong with a name that facts_of() does not know.
-Fault unknown_parameter(const std::string& name);
+Problem unknown_parameter(const std::string& name);
 
 /// "name=value" for people and for tree set; of a secret that is set a comment with stars, unless
 /// `show_secrets`.

@@ -19,17 +19,17 @@ struct ReadParameter {
 
 std::vector<ReadParameter> read(MibAccess& tree, const std::vector<std::string>& words) {
   std::vector<ReadParameter> parameters;
-  std::vector<Fault> faults;
+  std::vector<Problem> problems;
   for (const std::string& word : words) {
     const std::string name = full_name_of(word);
     const std::optional<ParameterFacts> facts = facts_of(name);
     if (facts) {
       parameters.push_back({{name, tree.getValue(name)}, *facts});
     } else {
-      faults.push_back(unknown_parameter(name));
+      problems.push_back(unknown_parameter(name));
     }
   }
-  if (!faults.empty()) throw Failure(ExitCode::kNotFound, faults);
+  if (!problems.empty()) throw Failure(ExitCode::kNotFound, problems);
   return parameters;
 }
 

@@ -32,28 +32,28 @@ bool takes_value_from_elsewhere(const SetOptions& options) {
 }
 
 // What people may read over one's shoulder, and other users in the list of processes.
-void refuse_secret(const Assignment& assignment, std::vector<Fault>& faults) {
+void refuse_secret(const Assignment& assignment, std::vector<Problem>& problems) {
   if (!is_secret_parameter(assignment.name) || assignment.value.empty()) return;
-  faults.push_back({in_quotes(assignment.name) + " is a secret, and a command line is none",
-                    "give its value with --value-file FILE or --prompt"});
+  problems.push_back({in_quotes(assignment.name) + " is a secret, and a command line is none",
+                      "give its value with --value-file FILE or --prompt"});
 }
 
 void read_words(const std::vector<std::string>& words, std::vector<Assignment>& assignments,
-                std::vector<Fault>& faults) {
+                std::vector<Problem>& problems) {
   if (words.size() == 2 && words[0].find('=') == std::string::npos) {
     assignments.push_back({full_name_of(words[0]), words[1]});
-    refuse_secret(assignments.back(), faults);
+    refuse_secret(assignments.back(), problems);
     return;
   }
   for (const std::string& word : words) {
     const std::size_t equals = word.find('=');
     if (equals == std::string::npos || equals == 0) {
-      faults.push_back(
+      problems.push_back(
           {in_quotes(word) + " is no NAME=VALUE", "give NAME VALUE, or NAME=VALUE ..."});
       continue;
     }
     assignments.push_back({full_name_of(word.substr(0, equals)), word.substr(equals + 1)});
-    refuse_secret(assignments.back(), faults);
+    refuse_secret(assignments.back(), problems);
   }
 }
 
@@ -65,23 +65,24 @@ std::string value_from_elsewhere(const SetOptions& options, const std::string& n
   return value;
 }
 
-std::vector<Assignment> assignments_of(const SetOptions& options, std::vector<Fault>& faults) {
+std::vector<Assignment> assignments_of(const SetOptions& options, std::vector<Problem>& problems) {
   std::vector<Assignment> assignments;
   if (!options.from.empty()) {
     assignments =
-        read_assignments(content_of_file(options.from), source_name_of(options.from), faults);
+        read_assignments(content_of_file(options.from), source_name_of(options.from), problems);
   }
   if (!takes_value_from_elsewhere(options)) {
-    read_words(options.words, assignments, faults);
+    read_words(options.words, assignments, problems);
   } else if (options.words.size() == 1 && options.words[0].find('=') == std::string::npos) {
     const std::string name = full_name_of(options.words[0]);
     assignments.push_back({name, value_from_elsewhere(options, name)});
   } else {
-    faults.push_back({"--value-file and --prompt give one parameter its value",
-                      "name that parameter, and nothing else"});
+    problems.push_back({"--value-file and --prompt give one parameter its value",
+                        "name that parameter, and nothing else"});
   }
-  if (assignments.empty() && faults.empty()) {
-    faults.push_back({"there is nothing to set", "give NAME VALUE, NAME=VALUE ... or --from FILE"});
+  if (assignments.empty() && problems.empty()) {
+    problems.push_back(
+        {"there is nothing to set", "give NAME VALUE, NAME=VALUE ... or --from FILE"});
   }
   return assignments;
 }
@@ -94,7 +95,7 @@ class SetCheck {
   void look_at(const Assignment& assignment) {
     const auto& [name, value] = assignment;
     if (!names_.insert(name).second) {
-      faults_.push_back({in_quotes(name) + " is set twice", "say once what it shall be"});
+      problems_.push_back({in_quotes(name) + " is set twice", "say once what it shall be"});
     }
     const std::optional<ParameterFacts> facts = facts_of(name);
     if (!facts) {
@@ -107,13 +108,13 @@ class SetCheck {
 
   /// Throws what was found. Bad values come before access: --force does not help them.
   void finish() {
-    std::vector<Fault> all = faults_;
+    std::vector<Problem> all = problems_;
     all.insert(all.end(), unknown_.begin(), unknown_.end());
     if (all.empty()) return;
     if (!force_) {
       for (const std::string& name : read_only_) all.push_back({why_not(name), kForceIt});
     }
-    throw Failure(faults_.empty() ? ExitCode::kNotFound : ExitCode::kBadInput, all);
+    throw Failure(problems_.empty() ? ExitCode::kNotFound : ExitCode::kBadInput, all);
   }
 
   const std::vector<Assignment>& changes() const { return changes_; }
@@ -133,23 +134,23 @@ class SetCheck {
   void look_at(const Assignment& assignment, const ParameterFacts& facts) {
     const auto& [name, value] = assignment;
     if (facts.derived) {
-      faults_.push_back({in_quotes(name) + " is a count of instances", "the tree computes it"});
+      problems_.push_back({in_quotes(name) + " is a count of instances", "the tree computes it"});
       return;
     }
     if (!facts.writable) read_only_.push_back(name);
     const std::string wanted = wanted_by_type(facts.type, name, value);
     if (wanted.empty() || value == facts.initial) return;
-    faults_.push_back({in_quotes(name) + " cannot be " +
-                           in_quotes(shown_value(name, value, false)) + ", it is of the type " +
-                           facts.type,
-                       "give " + wanted});
+    problems_.push_back({in_quotes(name) + " cannot be " +
+                             in_quotes(shown_value(name, value, false)) + ", it is of the type " +
+                             facts.type,
+                         "give " + wanted});
   }
 
   MibAccess& tree_;
   bool force_;
   std::set<std::string> names_;
-  std::vector<Fault> faults_;
-  std::vector<Fault> unknown_;
+  std::vector<Problem> problems_;
+  std::vector<Problem> unknown_;
   std::vector<std::string> read_only_;
   std::vector<Assignment> changes_;
 };
@@ -187,9 +188,9 @@ std::string what_was_set(const std::vector<Assignment>& assignments, bool show_s
 }
 
 void set(Session& session, const SetOptions& options) {
-  std::vector<Fault> faults;
-  const std::vector<Assignment> assignments = assignments_of(options, faults);
-  fail_on(faults);
+  std::vector<Problem> problems;
+  const std::vector<Assignment> assignments = assignments_of(options, problems);
+  fail_on(problems);
   Change change(session, options.change);
   const std::string label =
       "tree set " + (assignments.size() == 1 ? assignments.front().name

@@ -4,8 +4,8 @@
 #include "cli/session.h"
 #include "igd_api.h"
 #include "term/text.h"
+#include "wan/preserved_values.h"
 #include "wan/wan_description.h"
-#include "wan/wan_keep.h"
 
 namespace igdctl {
 
@@ -17,12 +17,12 @@ void forget_paths() {
   _rebuid_cache(none);
 }
 
-void append(std::vector<Fault>* faults, const std::vector<Fault>& more) {
-  faults->insert(faults->end(), more.begin(), more.end());
+void append(std::vector<Problem>* problems, const std::vector<Problem>& more) {
+  problems->insert(problems->end(), more.begin(), more.end());
 }
 
-bool has_lan_bridge(const Surroundings& around) {
-  for (const Bridge& bridge : around.bridges) {
+bool has_lan_bridge(const GatewayState& gateway) {
+  for (const Bridge& bridge : gateway.bridges) {
     if (bridge.name == kLanBridge) return true;
   }
   return false;
@@ -41,33 +41,33 @@ std::string consent_for(const std::string& title) {
 
 }  // namespace
 
-WanProposal propose_change(MibAccess& tree, const Connection& connection, const WanWish& wish) {
+WanDraft draft_change(MibAccess& tree, const Connection& connection, const WanPatch& patch) {
   forget_paths();
   const DnsOfMode dns_of_mode = [&tree, &connection](int mode, api_wan_info* info) {
     read_dns_of_mode(tree, connection, mode, info);
   };
-  return lay_over(wish, read_description(tree, connection), connection.access, dns_of_mode);
+  return lay_over(patch, read_description(tree, connection), connection.access, dns_of_mode);
 }
 
-void write_over(MibAccess& tree, const Connection& connection, WanProposal* proposal) {
-  KeptValues kept(tree, connection);
-  (void)igd_wan_set_params(connection.path, &proposal->info);
-  kept.restore(*proposal);
+void write_over(MibAccess& tree, const Connection& connection, WanDraft* draft) {
+  PreservedValues kept(tree, connection);
+  (void)igd_wan_set_params(connection.path, &draft->info);
+  kept.restore(*draft);
 }
 
 WanChanger::WanChanger(Session& session, Change& change)
     : session_(session), change_(change), tree_(session.tree()) {}
 
-void WanChanger::stop_or_go_on(const std::vector<Objection>& objections) {
-  std::vector<Fault> final_ones;
-  std::vector<Fault> forced_ones;
-  for (const Objection& objection : objections) {
-    if (objection.was_there) {
-      session_.output().warn(objection.what + ", as before; " + objection.todo);
+void WanChanger::stop_or_go_on(const std::vector<Conflict>& conflicts) {
+  std::vector<Problem> final_ones;
+  std::vector<Problem> forced_ones;
+  for (const Conflict& conflict : conflicts) {
+    if (conflict.was_there) {
+      session_.output().warn(conflict.message + ", as before; " + conflict.hint);
       continue;
     }
-    std::vector<Fault>& list = objection.can_be_forced ? forced_ones : final_ones;
-    list.push_back({objection.what, objection.todo});
+    std::vector<Problem>& list = conflict.can_be_forced ? forced_ones : final_ones;
+    list.push_back({conflict.message, conflict.hint});
   }
   if (!final_ones.empty()) {
     append(&final_ones, forced_ones);
@@ -76,41 +76,42 @@ void WanChanger::stop_or_go_on(const std::vector<Objection>& objections) {
   change_.override_or_fail(forced_ones);
 }
 
-std::string WanChanger::create(const WanWish& wish, std::vector<Fault> faults) {
-  WanProposal proposal = propose_new(wish);
-  const Surroundings around = read_surroundings(tree_, nullptr);
-  append(&faults, faults_of(proposal, around));
-  fail_on(faults);
-  stop_or_go_on(objections_to(proposal, around));
-  const std::string path = igd_wan_create(proposal.access, &proposal.info);
+std::string WanChanger::create(const WanPatch& patch, std::vector<Problem> problems) {
+  WanDraft draft = draft_new(patch);
+  const GatewayState gateway = read_gateway_state(tree_, nullptr);
+  append(&problems, problems_of(draft, gateway));
+  fail_on(problems);
+  stop_or_go_on(conflicts_of(draft, gateway));
+  const std::string path = igd_wan_create(draft.access, &draft.info);
   if (path.empty() || igd_wan_get_wan_bridge_info(path, nullptr, nullptr) != kIgdOk) {
-    fail_to_create(proposal.info.wan_info_name);
+    fail_to_create(draft.info.wan_info_name);
   }
   return path;
 }
 
-bool WanChanger::set(const Connection& connection, const WanWish& wish, std::vector<Fault> faults) {
-  WanProposal proposal = propose_change(tree_, connection, wish);
-  const Surroundings around = read_surroundings(tree_, &connection);
-  append(&faults, faults_of(proposal, around));
-  fail_on(faults);
-  stop_or_go_on(objections_to(proposal, around));
+bool WanChanger::set(const Connection& connection, const WanPatch& patch,
+                     std::vector<Problem> problems) {
+  WanDraft draft = draft_change(tree_, connection, patch);
+  const GatewayState gateway = read_gateway_state(tree_, &connection);
+  append(&problems, problems_of(draft, gateway));
+  fail_on(problems);
+  stop_or_go_on(conflicts_of(draft, gateway));
   // Only a store tells whether writes make a difference, and takes them back when they do not; and
   // the library makes a LAN bridge that is missing, which nobody asked for.
-  if (proposal.changed.empty() && (!has_store() || !has_lan_bridge(around))) return false;
+  if (draft.changed.empty() && (!has_store() || !has_lan_bridge(gateway))) return false;
   const bool has_management =
-      carries_management(connection.service) || carries_management(proposal.info.service_type);
-  if (has_management && !proposal.changed.empty()) {
+      carries_management(connection.service) || carries_management(draft.info.service_type);
+  if (has_management && !draft.changed.empty()) {
     change_.needs_consent(consent_for(title_of(connection)));
   }
-  write_over(tree_, connection, &proposal);
+  write_over(tree_, connection, &draft);
   return true;
 }
 
 void WanChanger::remove(const Connection& connection) {
   forget_paths();
-  const Surroundings around = read_surroundings(tree_, &connection);
-  stop_or_go_on(objections_to_removal(connection, around));
+  const GatewayState gateway = read_gateway_state(tree_, &connection);
+  stop_or_go_on(conflicts_of_removal(connection, gateway));
   if (carries_management(connection.service)) {
     change_.needs_consent(consent_for(title_of(connection)));
   }

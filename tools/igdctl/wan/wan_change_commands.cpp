@@ -21,24 +21,24 @@ struct Request {
 };
 
 void create(Session& session, const Request& request) {
-  std::vector<Fault> faults;
-  const WanWish wish = read_wish(description_of(request.wan, &faults), &faults);
-  const std::string name = wish.name.value_or("");
+  std::vector<Problem> problems;
+  const WanPatch patch = read_patch(description_of(request.wan, &problems), &problems);
+  const std::string name = patch.name.value_or("");
   Change change(session, request.change);
   std::string path;
   const ChangeOutcome outcome = change.run(
-      "wan create " + name, [&] { path = WanChanger(session, change).create(wish, faults); });
+      "wan create " + name, [&] { path = WanChanger(session, change).create(patch, problems); });
   change.report(outcome, "Made connection " + in_quotes(name) + ", " + id_of_path(path), path);
 }
 
 void set(Session& session, const Request& request) {
-  std::vector<Fault> faults;
-  const WanWish wish = read_wish(description_of(request.wan, &faults), &faults);
+  std::vector<Problem> problems;
+  const WanPatch patch = read_patch(description_of(request.wan, &problems), &problems);
   Change change(session, request.change);
   Connection connection;
   const ChangeOutcome outcome = change.run("wan set " + request.connection, [&] {
     connection = find_connection(session.tree(), request.connection);
-    if (!WanChanger(session, change).set(connection, wish, faults)) change.makes_no_difference();
+    if (!WanChanger(session, change).set(connection, patch, problems)) change.makes_no_difference();
   });
   change.report(outcome, "Changed connection " + in_quotes(title_of(connection)), connection.path);
 }

@@ -20,35 +20,35 @@ struct Request {
   WanOptions wan;
 };
 
-Json json_of(const std::vector<Objection>& objections, int verdict) {
+Json json_of(const std::vector<Conflict>& conflicts, int verdict) {
   Json list = Json::array();
-  for (const Objection& objection : objections) {
-    list.push_back({{"what", objection.what},
-                    {"todo", objection.todo},
-                    {"can_be_forced", objection.can_be_forced},
-                    {"was_there", objection.was_there}});
+  for (const Conflict& conflict : conflicts) {
+    list.push_back({{"what", conflict.message},
+                    {"todo", conflict.hint},
+                    {"can_be_forced", conflict.can_be_forced},
+                    {"was_there", conflict.was_there}});
   }
-  return {{"fits", objections.empty()}, {"verdict", verdict}, {"objections", list}};
+  return {{"fits", conflicts.empty()}, {"verdict", verdict}, {"objections", list}};
 }
 
-// Found faults end the command before any verdict.
-std::vector<Objection> judge(Session& session, const Request& request, int* verdict) {
+// Found problems end the command before any verdict.
+std::vector<Conflict> judge(Session& session, const Request& request, int* verdict) {
   MibAccess& tree = session.tree();
-  std::vector<Fault> faults;
-  const WanWish wish = read_wish(description_of(request.wan, &faults), &faults);
+  std::vector<Problem> problems;
+  const WanPatch patch = read_patch(description_of(request.wan, &problems), &problems);
   Connection connection;
   const bool is_new = request.connection.empty();
   if (!is_new) connection = find_connection(tree, request.connection);
-  const Surroundings around = read_surroundings(tree, is_new ? nullptr : &connection);
+  const GatewayState gateway = read_gateway_state(tree, is_new ? nullptr : &connection);
   if (request.removal) {
-    std::vector<Objection> objections = objections_to_removal(connection, around);
-    *verdict = objections.empty() ? 1 : 0;
-    return objections;
+    std::vector<Conflict> conflicts = conflicts_of_removal(connection, gateway);
+    *verdict = conflicts.empty() ? 1 : 0;
+    return conflicts;
   }
-  const WanProposal proposal = is_new ? propose_new(wish) : propose_change(tree, connection, wish);
-  for (const Fault& fault : faults_of(proposal, around)) faults.push_back(fault);
-  fail_on(faults);
-  return objections_to(proposal, around, verdict);
+  const WanDraft draft = is_new ? draft_new(patch) : draft_change(tree, connection, patch);
+  for (const Problem& problem : problems_of(draft, gateway)) problems.push_back(problem);
+  fail_on(problems);
+  return conflicts_of(draft, gateway, verdict);
 }
 
 void check(Session& session, const Request& request) {
@@ -57,18 +57,18 @@ void check(Session& session, const Request& request) {
                   "igdctl wan check Television --removal");
   }
   int verdict = 0;
-  const std::vector<Objection> objections = judge(session, request, &verdict);
+  const std::vector<Conflict> conflicts = judge(session, request, &verdict);
   Output& output = session.output();
-  if (output.json()) output.document("wan.check", json_of(objections, verdict));
-  if (objections.empty()) {
+  if (output.json()) output.document("wan.check", json_of(conflicts, verdict));
+  if (conflicts.empty()) {
     output.done(request.removal ? "It may be removed" : "It fits");
     return;
   }
-  std::vector<Fault> faults;
-  for (const Objection& objection : objections) {
-    faults.push_back({objection.what, objection.todo});
+  std::vector<Problem> problems;
+  for (const Conflict& conflict : conflicts) {
+    problems.push_back({conflict.message, conflict.hint});
   }
-  throw Failure(ExitCode::kRefused, faults);
+  throw Failure(ExitCode::kRefused, problems);
 }
 
 }  // namespace

@@ -10,12 +10,12 @@
 #include "gateway/bridges.h"
 #include "gateway/connections.h"
 #include "term/failure.h"
-#include "wan/wan_proposal.h"
+#include "wan/wan_draft.h"
 
 namespace igdctl {
 
 /// What is there beside the connection that is made or changed.
-struct Surroundings {
+struct GatewayState {
   const Connection* connection = nullptr;  ///< the one being changed; null for a new one
   std::vector<Connection> connections;     ///< all
   std::vector<Bridge> bridges;
@@ -24,18 +24,18 @@ struct Surroundings {
   std::set<std::string> object_names;
 };
 
-Surroundings read_surroundings(MibAccess& tree, const Connection* connection);
+GatewayState read_gateway_state(MibAccess& tree, const Connection* connection);
 
-/// Finds what is wrong with a proposal by its values: bad input, whatever the library would say.
+/// Finds what is wrong with a draft by its values: bad input, whatever the library would say.
 /// Values that are there already and are not changed are not judged.
-std::vector<Fault> faults_of(const WanProposal& proposal, const Surroundings& around);
+std::vector<Problem> problems_of(const WanDraft& draft, const GatewayState& gateway);
 
 /// A reason against a change that follows from the state of the gateway.
-struct Objection {
+struct Conflict {
   enum class About { kBridge, kObject, kPort, kManagement, kVlan, kLastPort, kLastService };
   About about;
-  std::string what;
-  std::string todo;
+  std::string message;
+  std::string hint;
   bool can_be_forced = false;  ///< going on loses no data
   bool was_there = false;      ///< it rests on nothing that is changed: worth a warning only
 };
@@ -44,12 +44,12 @@ struct Objection {
 /// igdctl's own: no bridge, no LAN bridge, a port of another connection, a second management
 /// service. The library lets some of these pass.
 /// @param verdict  set to the library's IgdWanVerdict; may be null
-std::vector<Objection> objections_to(const WanProposal& proposal, const Surroundings& around,
-                                     int* verdict = nullptr);
+std::vector<Conflict> conflicts_of(const WanDraft& draft, const GatewayState& gateway,
+                                   int* verdict = nullptr);
 
 /// Reasons against removing a connection, igd_verify_can_remove_wan among them.
-std::vector<Objection> objections_to_removal(const Connection& connection,
-                                             const Surroundings& around);
+std::vector<Conflict> conflicts_of_removal(const Connection& connection,
+                                           const GatewayState& gateway);
 
 }  // namespace igdctl
 

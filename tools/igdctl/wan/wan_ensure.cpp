@@ -20,35 +20,35 @@ struct Request {
 };
 
 struct Wanted {
-  WanWish wish;
-  std::vector<Fault> faults;
+  WanPatch patch;
+  std::vector<Problem> problems;
 };
 
-// Every description is read before anything is written. With several, a fault says of which it is.
+// Every description is read before anything is written. With several, a problem says of which it is.
 std::vector<Wanted> read_wanted(const Request& request) {
-  std::vector<Fault> faults;
-  const std::vector<Json> descriptions = descriptions_of(request.wan, &faults);
+  std::vector<Problem> problems;
+  const std::vector<Json> descriptions = descriptions_of(request.wan, &problems);
   std::vector<Wanted> all;
   Names names;
   for (const Json& description : descriptions) {
     Wanted wanted;
-    wanted.wish = read_wish(description, &wanted.faults);
-    const std::string name = wanted.wish.name.value_or("");
+    wanted.patch = read_patch(description, &wanted.problems);
+    const std::string name = wanted.patch.name.value_or("");
     if (name.empty()) {
-      wanted.faults.push_back({"a description has no name", "name the connection it is for"});
+      wanted.problems.push_back({"a description has no name", "name the connection it is for"});
     } else if (std::find(names.begin(), names.end(), name) != names.end()) {
-      wanted.faults.push_back({in_quotes(name) + " is described twice", "describe it once"});
+      wanted.problems.push_back({in_quotes(name) + " is described twice", "describe it once"});
     }
     names.push_back(name);
-    for (Fault& fault : wanted.faults) {
+    for (Problem& problem : wanted.problems) {
       if (descriptions.size() > 1) {
-        fault.what = "description " + std::to_string(names.size()) + ": " + fault.what;
+        problem.message = "description " + std::to_string(names.size()) + ": " + problem.message;
       }
-      faults.push_back(fault);
+      problems.push_back(problem);
     }
     all.push_back(std::move(wanted));
   }
-  fail_on(faults);
+  fail_on(problems);
   return all;
 }
 
@@ -75,15 +75,15 @@ void ensure(Session& session, const Request& request) {
     WanChanger changer(session, change);
     for (const Wanted& wanted : all) {
       const std::vector<Connection> connections = list_connections(session.tree());
-      const Connection* const found = find_named(connections, *wanted.wish.name);
+      const Connection* const found = find_named(connections, *wanted.patch.name);
       if (found != nullptr) {
-        written = changer.set(*found, wanted.wish, {}) || written;
+        written = changer.set(*found, wanted.patch, {}) || written;
         path = found->path;
       } else {
-        path = changer.create(wanted.wish, {});
+        path = changer.create(wanted.patch, {});
         written = true;
       }
-      titles.push_back(in_quotes(*wanted.wish.name));
+      titles.push_back(in_quotes(*wanted.patch.name));
     }
     if (!written) change.makes_no_difference();
   });

@@ -67,12 +67,12 @@ Json list_of(const std::vector<std::string>& values) {
   return list;
 }
 
-Json map_of(const std::vector<std::string>& values, std::vector<Fault>* faults) {
+Json map_of(const std::vector<std::string>& values, std::vector<Problem>* problems) {
   Json map = Json::object();
   for (const std::string& value : values) {
     const std::size_t equals = value.find('=');
     if (equals == std::string::npos) {
-      faults->push_back({"--port-option60 is " + in_quotes(value), "give PORT=TEXT"});
+      problems->push_back({"--port-option60 is " + in_quotes(value), "give PORT=TEXT"});
     } else {
       map[value.substr(0, equals)] = value.substr(equals + 1);
     }
@@ -81,25 +81,26 @@ Json map_of(const std::vector<std::string>& values, std::vector<Fault>* faults) 
 }
 
 Json value_of(const OptionRow& row, const std::vector<std::string>& values,
-              std::vector<Fault>* faults) {
+              std::vector<Problem>* problems) {
   switch (row.kind) {
     case Kind::kNumber:
       return number_of(values.back());
     case Kind::kList:
       return list_of(values);
     case Kind::kMap:
-      return map_of(values, faults);
+      return map_of(values, problems);
     case Kind::kText:
       break;
   }
   return values.back();
 }
 
-void lay_options_over(const WanOptions& options, Json* description, std::vector<Fault>* faults) {
+void lay_options_over(const WanOptions& options, Json* description,
+                      std::vector<Problem>* problems) {
   for (const OptionRow& row : kOptions) {
     const auto given = options.values.find(row.key);
     if (given == options.values.end() || given->second.empty()) continue;
-    (*description)[row.key] = value_of(row, given->second, faults);
+    (*description)[row.key] = value_of(row, given->second, problems);
   }
   if (!options.password_file.empty()) {
     (*description)["password"] = password_from_file(options.password_file);
@@ -200,7 +201,7 @@ void add_wan_options(CLI::App& command, WanOptions& options) {
       ->group("Description");
 }
 
-std::vector<Json> descriptions_of(const WanOptions& options, std::vector<Fault>* faults) {
+std::vector<Json> descriptions_of(const WanOptions& options, std::vector<Problem>* problems) {
   if (options.from == "-" && options.password_file == "-") {
     throw Failure(ExitCode::kBadInput, "--from and --password-file both want standard input",
                   "put one of them into a file");
@@ -217,12 +218,12 @@ std::vector<Json> descriptions_of(const WanOptions& options, std::vector<Fault>*
     throw Failure(ExitCode::kBadInput, "options cannot go over a file with several descriptions",
                   "leave the options away, or give a file with one description");
   }
-  if (descriptions.front().is_object()) lay_options_over(options, &descriptions.front(), faults);
+  if (descriptions.front().is_object()) lay_options_over(options, &descriptions.front(), problems);
   return descriptions;
 }
 
-Json description_of(const WanOptions& options, std::vector<Fault>* faults) {
-  std::vector<Json> descriptions = descriptions_of(options, faults);
+Json description_of(const WanOptions& options, std::vector<Problem>* problems) {
+  std::vector<Json> descriptions = descriptions_of(options, problems);
   if (descriptions.size() == 1) return std::move(descriptions.front());
   throw Failure(
       ExitCode::kBadInput,

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "term/output.h"
-#include "wan/wan_wish.h"
+#include "wan/wan_patch.h"
 
 namespace CLI {
 class App;
@@ -27,13 +27,13 @@ void add_wan_options(CLI::App& command, WanOptions& options);
 
 /// The description that the file and the options make together; options go over the file.
 ///
-/// @param faults  gets those of the options; those of the description come with read_wish()
+/// @param problems  gets those of the options; those of the description come with read_patch()
 /// Throws Failure (kBadInput) when the file or the password cannot be read, or holds several.
-Json description_of(const WanOptions& options, std::vector<Fault>* faults);
+Json description_of(const WanOptions& options, std::vector<Problem>* problems);
 
 /// The same for a file that may hold several descriptions, in a list. Options are laid over the
 /// only one; with several they are refused.
-std::vector<Json> descriptions_of(const WanOptions& options, std::vector<Fault>* faults);
+std::vector<Json> descriptions_of(const WanOptions& options, std::vector<Problem>* problems);
 
 }  // namespace igdctl
 

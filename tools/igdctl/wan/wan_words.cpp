@@ -2,7 +2,7 @@
 
 #include "igd_types.h"
 #include "term/text.h"
-#include "wan/wan_wish.h"
+#include "wan/wan_patch.h"
 
 namespace igdctl {
 
@@ -66,7 +66,7 @@ bool parse_switch(std::string_view word, bool* on) {
   return found != nullptr;
 }
 
-std::string words_for_faults(std::string_view kind) {
+std::string choices_text(std::string_view kind) {
   if (kind == "class") return "routed, bridged or routed-bridged";
   if (kind == "mode") return "dhcp, static or pppoe";
   return "Ethernet, 3G or Repeator";

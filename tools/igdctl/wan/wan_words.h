@@ -23,7 +23,7 @@ std::string access_of_word(std::string_view word);
 /// "on", "true", "yes", "1" and their opposites; false for another word.
 bool parse_switch(std::string_view word, bool* on);
 
-std::string words_for_faults(std::string_view kind);  ///< "class", "mode", "access": "a, b or c"
+std::string choices_text(std::string_view kind);  ///< "class", "mode", "access": "a, b or c"
 
 }  // namespace igdctl
 

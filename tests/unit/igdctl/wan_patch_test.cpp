@@ -1,5 +1,5 @@
 // Descriptions as they come in, and what is wrong with them.
-#include "wan/wan_wish.h"
+#include "wan/wan_patch.h"
 
 #include <gtest/gtest.h>
 
@@ -9,46 +9,46 @@ namespace {
 
 using namespace igdctl;
 
-std::vector<Fault> faults_in(const char* json) {
-  std::vector<Fault> faults;
-  (void)read_wish(Json::parse(json), &faults);
-  return faults;
+std::vector<Problem> faults_in(const char* json) {
+  std::vector<Problem> problems;
+  (void)read_patch(Json::parse(json), &problems);
+  return problems;
 }
 
-TEST(WanWish, TakesEveryField) {
-  std::vector<Fault> faults;
-  const WanWish wish = read_wish(Json::parse(R"({
+TEST(WanPatch, TakesEveryField) {
+  std::vector<Problem> problems;
+  const WanPatch patch = read_patch(Json::parse(R"({
       "access": "ethernet", "name": "Internet", "class": "Routed", "mode": "PPPoE", "vlan": 4094,
       "priority": 7, "service": ["INTERNET", "VOIP"], "bind_lan": ["LAN1"], "bind_wan": [],
       "nat": true, "user": "u", "password": "p", "address": "192.0.2.10",
       "mask": "255.255.255.0", "gateway": "192.0.2.1", "dns": ["192.0.2.53", "2001:db8::53"],
       "mtu": 1492, "option60": "box", "port_option60": {"LAN4": "tv"}, "enable": "on",
       "remote_management": false, "stp": false})"),
-                                 &faults);
-  EXPECT_TRUE(faults.empty()) << faults.front().what;
-  EXPECT_EQ(wish.access, "Ethernet");
-  EXPECT_EQ(wish.connection_class, 1);
-  EXPECT_EQ(wish.mode, 3);
-  EXPECT_EQ(wish.vlan, 4094);
-  EXPECT_EQ(wish.service, (Names{"INTERNET", "VOIP"}));
-  EXPECT_EQ(wish.bind_wan, Names{});
-  EXPECT_EQ(wish.dns->size(), 2U);
-  EXPECT_EQ(wish.enable, true);
-  EXPECT_EQ(wish.port_option60->at("LAN4"), "tv");
+                                    &problems);
+  EXPECT_TRUE(problems.empty()) << problems.front().message;
+  EXPECT_EQ(patch.access, "Ethernet");
+  EXPECT_EQ(patch.connection_class, 1);
+  EXPECT_EQ(patch.mode, 3);
+  EXPECT_EQ(patch.vlan, 4094);
+  EXPECT_EQ(patch.service, (Names{"INTERNET", "VOIP"}));
+  EXPECT_EQ(patch.bind_wan, Names{});
+  EXPECT_EQ(patch.dns->size(), 2U);
+  EXPECT_EQ(patch.enable, true);
+  EXPECT_EQ(patch.port_option60->at("LAN4"), "tv");
 }
 
-TEST(WanWish, NullNamesNothingButAnUntaggedVlan) {
-  std::vector<Fault> faults;
-  const WanWish wish =
-      read_wish(Json::parse(R"({"vlan": null, "mode": null, "mtu": null, "name": null})"), &faults);
-  EXPECT_TRUE(faults.empty());
-  EXPECT_EQ(wish.vlan, 0);
-  EXPECT_FALSE(wish.mode.has_value());
-  EXPECT_FALSE(wish.mtu.has_value());
-  EXPECT_FALSE(wish.name.has_value());
+TEST(WanPatch, NullNamesNothingButAnUntaggedVlan) {
+  std::vector<Problem> problems;
+  const WanPatch patch = read_patch(
+      Json::parse(R"({"vlan": null, "mode": null, "mtu": null, "name": null})"), &problems);
+  EXPECT_TRUE(problems.empty());
+  EXPECT_EQ(patch.vlan, 0);
+  EXPECT_FALSE(patch.mode.has_value());
+  EXPECT_FALSE(patch.mtu.has_value());
+  EXPECT_FALSE(patch.name.has_value());
 }
 
-TEST(WanWish, RefusesWhatIsWrongByItself) {
+TEST(WanPatch, RefusesWhatIsWrongByItself) {
   const char* const kWrong[] = {R"({"vlan": 4095})",
                                 R"({"vlan": -1})",
                                 R"({"vlan": 100.5})",
@@ -91,7 +91,7 @@ TEST(WanWish, RefusesWhatIsWrongByItself) {
   for (const char* json : kWrong) EXPECT_EQ(faults_in(json).size(), 1U) << json;
 }
 
-TEST(WanWish, RefusesTextsThatTheLibraryWouldCut) {
+TEST(WanPatch, RefusesTextsThatTheLibraryWouldCut) {
   const std::string longest(255, 'x');
   EXPECT_TRUE(faults_in(("{\"name\": \"" + longest + "\"}").c_str()).empty());
   EXPECT_EQ(faults_in(("{\"name\": \"" + longest + "x\"}").c_str()).size(), 1U);
@@ -99,16 +99,16 @@ TEST(WanWish, RefusesTextsThatTheLibraryWouldCut) {
   EXPECT_EQ(faults_in(("{\"password\": \"" + longest + "x\"}").c_str()).size(), 1U);
 }
 
-TEST(WanWish, TellsAllFaultsAtOnce) {
+TEST(WanPatch, TellsAllFaultsAtOnce) {
   EXPECT_EQ(faults_in(R"({"vlan": 5000, "priority": 9, "colour": "red"})").size(), 3U);
 }
 
-TEST(WanWish, PassesOverWhatOnlyShowAdds) {
+TEST(WanPatch, PassesOverWhatOnlyShowAdds) {
   EXPECT_TRUE(
       faults_in(R"({"path": "x", "id": "1.1", "bridge": null, "password_set": true})").empty());
 }
 
-TEST(WanWish, TakesDeepAndLargeValuesAsFaults) {
+TEST(WanPatch, TakesDeepAndLargeValuesAsFaults) {
   const std::size_t depth = 1000;
   const std::string deep = std::string(depth, '[') + std::string(depth, ']');
   for (const char* key : {"vlan", "name", "bind_lan", "nat", "port_option60", "class", "colour"}) {
@@ -120,9 +120,9 @@ TEST(WanWish, TakesDeepAndLargeValuesAsFaults) {
   EXPECT_EQ(faults_in(("{\"bind_lan\": [" + many + "]}").c_str()).size(), 1U);
 }
 
-TEST(WanWish, NeverShowsAPassword) {
-  for (const Fault& fault : faults_in(R"({"password": "hush\u0001"})")) {
-    EXPECT_EQ(fault.what.find("hush"), std::string::npos);
+TEST(WanPatch, NeverShowsAPassword) {
+  for (const Problem& problem : faults_in(R"({"password": "hush\u0001"})")) {
+    EXPECT_EQ(problem.message.find("hush"), std::string::npos);
   }
 }
 

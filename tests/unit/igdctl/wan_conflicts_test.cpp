@@ -12,7 +12,7 @@
 namespace {
 
 using namespace igdctl;
-using About = Objection::About;
+using About = Conflict::About;
 
 class WanObjections : public ::testing::Test {
  protected:
@@ -32,13 +32,13 @@ class WanObjections : public ::testing::Test {
   }
 
   static void make(const std::string& name, int vlan, const Names& ports) {
-    WanWish wish;
-    wish.name = name;
-    wish.vlan = vlan;
-    wish.bind_lan = ports;
-    WanProposal proposal = propose_new(wish);
+    WanPatch patch;
+    patch.name = name;
+    patch.vlan = vlan;
+    patch.bind_lan = ports;
+    WanDraft draft = draft_new(patch);
     const support::StdoutCapture trace;
-    (void)igd_wan_create(proposal.access, &proposal.info);
+    (void)igd_wan_create(draft.access, &draft.info);
   }
 
   void set(const std::string& name, const std::string& value) {
@@ -50,21 +50,21 @@ class WanObjections : public ::testing::Test {
     return find_connection(host::mib_access(), name);
   }
 
-  static std::vector<Objection> objections(const std::string& name, const WanWish& wish) {
+  static std::vector<Conflict> conflicts(const std::string& name, const WanPatch& patch) {
     const Connection changed = connection(name);
     const support::StdoutCapture trace;
-    const WanProposal proposal = propose_change(host::mib_access(), changed, wish);
-    return objections_to(proposal, read_surroundings(host::mib_access(), &changed));
+    const WanDraft draft = draft_change(host::mib_access(), changed, patch);
+    return conflicts_of(draft, read_gateway_state(host::mib_access(), &changed));
   }
 
-  static std::vector<Objection> objections_to_new(const WanWish& wish) {
+  static std::vector<Conflict> conflicts_of_new(const WanPatch& patch) {
     const support::StdoutCapture trace;
-    return objections_to(propose_new(wish), read_surroundings(host::mib_access(), nullptr));
+    return conflicts_of(draft_new(patch), read_gateway_state(host::mib_access(), nullptr));
   }
 
-  static const Objection* find(const std::vector<Objection>& all, About about) {
-    const auto found = std::find_if(all.begin(), all.end(), [about](const Objection& objection) {
-      return objection.about == about;
+  static const Conflict* find(const std::vector<Conflict>& all, About about) {
+    const auto found = std::find_if(all.begin(), all.end(), [about](const Conflict& conflict) {
+      return conflict.about == about;
     });
     return found == all.end() ? nullptr : &*found;
   }
@@ -74,31 +74,31 @@ class WanObjections : public ::testing::Test {
 };
 
 TEST_F(WanObjections, NoneToAChangeThatFits) {
-  WanWish wish;
-  wish.vlan = 110;
-  wish.bind_lan = Names{"LAN2"};
-  EXPECT_TRUE(objections("Internet", wish).empty());
+  WanPatch patch;
+  patch.vlan = 110;
+  patch.bind_lan = Names{"LAN2"};
+  EXPECT_TRUE(conflicts("Internet", patch).empty());
 }
 
 TEST_F(WanObjections, NothingForcesAChangeOfAConnectionWithoutItsBridge) {
   set(connection("Internet").bridge_path + "X_ZYN_WANName", "");
-  const std::vector<Objection> all = objections("Internet", {});
-  const Objection* const bridge = find(all, About::kBridge);
+  const std::vector<Conflict> all = conflicts("Internet", {});
+  const Conflict* const bridge = find(all, About::kBridge);
   ASSERT_NE(bridge, nullptr);
   EXPECT_FALSE(bridge->can_be_forced);
   EXPECT_FALSE(bridge->was_there);
   const Connection removed = connection("Internet");
-  const std::vector<Objection> to_removal =
-      objections_to_removal(removed, read_surroundings(host::mib_access(), &removed));
+  const std::vector<Conflict> to_removal =
+      conflicts_of_removal(removed, read_gateway_state(host::mib_access(), &removed));
   ASSERT_NE(find(to_removal, About::kBridge), nullptr);
 }
 
 TEST_F(WanObjections, NothingForcesABridgedConnectionWithoutTheLanBridge) {
   set("InternetGatewayDevice.Layer2Bridging.Bridge.1.BridgeName", "lan");
-  WanWish wish;
-  wish.connection_class = kIgdBridged;
-  wish.vlan = 300;
-  const std::vector<Objection> all = objections_to_new(wish);
+  WanPatch patch;
+  patch.connection_class = kIgdBridged;
+  patch.vlan = 300;
+  const std::vector<Conflict> all = conflicts_of_new(patch);
   ASSERT_NE(find(all, About::kBridge), nullptr);
   EXPECT_FALSE(find(all, About::kBridge)->can_be_forced);
 }
@@ -107,52 +107,52 @@ TEST_F(WanObjections, AModeNeedsItsObject) {
   const std::string path = connection("Internet").path;
   ASSERT_EQ(tree_.delete_object(path + "WANPPPConnection.1."), 0);
   forget();
-  WanWish wish;
-  wish.mode = kIgdPppoe;
-  ASSERT_NE(find(objections("Internet", wish), About::kObject), nullptr);
+  WanPatch patch;
+  patch.mode = kIgdPppoe;
+  ASSERT_NE(find(conflicts("Internet", patch), About::kObject), nullptr);
 }
 
 TEST_F(WanObjections, AVlanThatIsSharedAlreadyIsNoReasonAgainstAnotherChange) {
   set(connection("Voice").bridge_path + "VLANID", "100");
-  WanWish wish;
-  wish.mtu = 1400;
-  const std::vector<Objection> all = objections("Internet", wish);
+  WanPatch patch;
+  patch.mtu = 1400;
+  const std::vector<Conflict> all = conflicts("Internet", patch);
   ASSERT_NE(find(all, About::kVlan), nullptr);
   EXPECT_TRUE(find(all, About::kVlan)->was_there);
-  wish.vlan = 200;
-  EXPECT_TRUE(objections("Internet", wish).empty());
+  patch.vlan = 200;
+  EXPECT_TRUE(conflicts("Internet", patch).empty());
   set(connection("Voice").bridge_path + "VLANID", "200");
-  EXPECT_FALSE(find(objections("Internet", wish), About::kVlan)->was_there);
+  EXPECT_FALSE(find(conflicts("Internet", patch), About::kVlan)->was_there);
 }
 
 TEST_F(WanObjections, APortOfAnotherConnectionIsTakenByNoForce) {
-  WanWish wish;
-  wish.bind_wan = Names{"LAN1"};
-  const std::vector<Objection> all = objections("Voice", wish);
+  WanPatch patch;
+  patch.bind_wan = Names{"LAN1"};
+  const std::vector<Conflict> all = conflicts("Voice", patch);
   ASSERT_NE(find(all, About::kPort), nullptr);
   EXPECT_FALSE(find(all, About::kPort)->can_be_forced);
 }
 
 TEST_F(WanObjections, AManagementServiceOfAnObjectThatIsOffCountsToo) {
   set(connection("Voice").path + "WANPPPConnection.1.X_CT-COM_ServiceList", "TR069");
-  WanWish wish;
-  wish.vlan = 300;
-  wish.service = Names{"TR069"};
-  const std::vector<Objection> all = objections_to_new(wish);
+  WanPatch patch;
+  patch.vlan = 300;
+  patch.service = Names{"TR069"};
+  const std::vector<Conflict> all = conflicts_of_new(patch);
   ASSERT_NE(find(all, About::kManagement), nullptr);
   EXPECT_TRUE(find(all, About::kManagement)->can_be_forced);
 }
 
 TEST_F(WanObjections, ANameOfASingleObjectOfAnotherConnectionIsTaken) {
   set(connection("Voice").path + "WANIPConnection.1.Name", "Radio");
-  WanWish wish;
-  wish.name = "Radio";
-  wish.vlan = 300;
-  const Surroundings around = [] {
+  WanPatch patch;
+  patch.name = "Radio";
+  patch.vlan = 300;
+  const GatewayState gateway = [] {
     const support::StdoutCapture trace;
-    return read_surroundings(host::mib_access(), nullptr);
+    return read_gateway_state(host::mib_access(), nullptr);
   }();
-  EXPECT_EQ(faults_of(propose_new(wish), around).size(), 1U);
+  EXPECT_EQ(problems_of(draft_new(patch), gateway).size(), 1U);
 }
 
 }  // namespace

@@ -1,43 +1,43 @@
-/// A wish laid over what is there: the description to be written.
-#ifndef IGDCTL_WAN_PROPOSAL_H
-#define IGDCTL_WAN_PROPOSAL_H
+/// A patch laid over what is there: the description to be written.
+#ifndef IGDCTL_WAN_DRAFT_H
+#define IGDCTL_WAN_DRAFT_H
 
 #include <functional>
 #include <set>
 #include <string>
 
 #include "igd_types.h"
-#include "wan/wan_wish.h"
+#include "wan/wan_patch.h"
 
 namespace igdctl {
 
-struct WanProposal {
+struct WanDraft {
   api_wan_info info;
   std::string access;                ///< for a new connection: of its uplink
-  std::set<std::string> named;       ///< keys that the wish names
+  std::set<std::string> named;       ///< keys that the patch names
   std::set<std::string> changed;     ///< those of them that are different from what is there
-  std::set<std::string> unreadable;  ///< texts that the wish names with a wrong value
+  std::set<std::string> unreadable;  ///< texts that the patch names with a wrong value
   bool changes(const char* key) const { return changed.count(key) != 0; }
 };
 
 /// Sets the three DNS fields to those that the connection has for a mode.
 using DnsOfMode = std::function<void(int mode, api_wan_info* info)>;
 
-/// Lays a wish over the description of a connection. What it does not name stays as it is, also
+/// Lays a patch over the description of a connection. What it does not name stays as it is, also
 /// texts of the tree in a form of their own (a flag that is empty, a server list without a comma).
 /// With a new mode come the DNS servers of that mode's object. Lists of ports and services that
 /// differ in their order only are the same.
 ///
 /// @param start   what is there
 /// @param access  access type of what is there
-WanProposal lay_over(const WanWish& wish, const api_wan_info& start, const std::string& access,
-                     const DnsOfMode& dns_of_mode);
+WanDraft lay_over(const WanPatch& patch, const api_wan_info& start, const std::string& access,
+                  const DnsOfMode& dns_of_mode);
 
-/// The description of a new connection: the wish over what most connections are. That is access
+/// The description of a new connection: the patch over what most connections are. That is access
 /// Ethernet, routed, DHCP, service INTERNET, untagged, enabled, NAT unless it is bridged, MTU 1500,
 /// of PPPoE 1492.
-WanProposal propose_new(const WanWish& wish);
+WanDraft draft_new(const WanPatch& patch);
 
 }  // namespace igdctl
 
-#endif  // IGDCTL_WAN_PROPOSAL_H
+#endif  // IGDCTL_WAN_DRAFT_H

@@ -84,10 +84,10 @@ TEST_F(WanSetOfForeignTrees, KeepsTheVlanOfAnUntaggedBridge) {
 
 TEST_F(WanSetOfForeignTrees, NamingTheModeMendsASecondEnabledObject) {
   set(ppp_ + "Enable", "true");
-  WanWish wish;
-  wish.mode = kIgdDhcp;
+  WanPatch patch;
+  patch.mode = kIgdDhcp;
   const Values before = values();
-  write(only_connection(), wish);
+  write(only_connection(), patch);
   EXPECT_EQ(difference_since(before), ppp_ + "Enable: true -> false\n");
 }
 

@@ -1,4 +1,4 @@
-#include "wan/wan_keep.h"
+#include "wan/preserved_values.h"
 
 #include <algorithm>
 
@@ -15,12 +15,12 @@ constexpr char kNewMode[] = "new mode";
 
 }  // namespace
 
-struct KeptValues::Row {
+struct PreservedValues::Row {
   const char* parameter;
   std::vector<std::string> keys;
 };
 
-KeptValues::KeptValues(MibAccess& tree, const Connection& connection) : tree_(tree) {
+PreservedValues::PreservedValues(MibAccess& tree, const Connection& connection) : tree_(tree) {
   static const Row kOfDevice[] = {
       {"WANEthernetLinkConfig.X_CT-COM_Name", {"name"}},
       {"WANEthernetLinkConfig.X_CT-COM_VLANIDMark", {"vlan"}},
@@ -35,7 +35,7 @@ KeptValues::KeptValues(MibAccess& tree, const Connection& connection) : tree_(tr
   remember_ports(connection.bridge_path);
 }
 
-void KeptValues::remember_objects(const std::string& wan_path) {
+void PreservedValues::remember_objects(const std::string& wan_path) {
   static const Row kOfObject[] = {
       {"Enable", {"mode"}},
       {"ConnectionType", {"class"}},
@@ -55,7 +55,7 @@ void KeptValues::remember_objects(const std::string& wan_path) {
   }
 }
 
-void KeptValues::remember_ports(const std::string& bridge_path) {
+void PreservedValues::remember_ports(const std::string& bridge_path) {
   static const Row kOfPort[] = {{"PVID", {"vlan"}}, {"PortEnable", {"vlan"}}};
   if (bridge_path.empty()) return;
   for (const std::string& name : instances_below(bridge_path, kPortInterface)) {
@@ -63,17 +63,17 @@ void KeptValues::remember_ports(const std::string& bridge_path) {
   }
 }
 
-void KeptValues::remember(const std::string& object_path, const Row& row) {
+void PreservedValues::remember(const std::string& object_path, const Row& row) {
   if (object_path.empty()) return;
   values_.push_back(
       {object_path, row.parameter, value_in(tree_, object_path, row.parameter), row.keys});
 }
 
-void KeptValues::restore(const WanProposal& proposal) {
-  const auto is_named = [&proposal](const std::string& key) {
-    if (key == kNewServers) return proposal.changes("dns");
-    if (key == kNewMode) return proposal.changes("mode");
-    return proposal.named.count(key) != 0;
+void PreservedValues::restore(const WanDraft& draft) {
+  const auto is_named = [&draft](const std::string& key) {
+    if (key == kNewServers) return draft.changes("dns");
+    if (key == kNewMode) return draft.changes("mode");
+    return draft.named.count(key) != 0;
   };
   std::vector<std::string> ports;
   for (const std::string& name : instances_below(kBridgeTable, kPortInterface)) {

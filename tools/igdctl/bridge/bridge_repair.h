@@ -2,8 +2,8 @@
 ///
 /// The library makes and removes a bridge together with its connection only. When the two have
 /// come apart, these put the same objects right with single writes. Called inside a Change.
-#ifndef IGDCTL_BRIDGE_MENDING_H
-#define IGDCTL_BRIDGE_MENDING_H
+#ifndef IGDCTL_BRIDGE_REPAIR_H
+#define IGDCTL_BRIDGE_REPAIR_H
 
 #include <string>
 #include <vector>
@@ -33,4 +33,4 @@ std::vector<Port> ports_with_node(const std::vector<Bridge>& bridges, const std:
 
 }  // namespace igdctl
 
-#endif  // IGDCTL_BRIDGE_MENDING_H
+#endif  // IGDCTL_BRIDGE_REPAIR_H

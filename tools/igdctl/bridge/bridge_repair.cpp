@@ -1,4 +1,4 @@
-#include "bridge/bridge_mending.h"
+#include "bridge/bridge_repair.h"
 
 #include <algorithm>
 
@@ -83,8 +83,9 @@ void take_bridge_away(MibAccess& tree, const Bridge& bridge, const std::vector<B
   for (const Port& port : bridge.ports) {
     const bool elsewhere = !is_only_in(ports_with_node(bridges, port.node), bridge);
     const bool known = std::find(released.begin(), released.end(), port.node) != released.end();
-    const bool homeless = !port.node.empty() && !is_uplink_node(port.node) && !elsewhere && !known;
-    if (homeless) released.push_back(port.node);
+    const bool unassigned =
+        !port.node.empty() && !is_uplink_node(port.node) && !elsewhere && !known;
+    if (unassigned) released.push_back(port.node);
     delete_port(tree, port);
   }
   write_value(tree, bridge.path, "BridgeEnable", kFalse);

@@ -1,4 +1,4 @@
-#include "wan/wan_proposal.h"
+#include "wan/wan_draft.h"
 
 #include <algorithm>
 
@@ -23,8 +23,8 @@ const char* text_of(bool on) { return on ? "true" : "false"; }
 // Lays the fields over, and remembers which were named and which changed.
 class Overlay {
  public:
-  Overlay(const WanWish& wish, WanProposal* proposal, const DnsOfMode& dns_of_mode)
-      : wish_(wish), proposal_(*proposal), info_(proposal->info), dns_of_mode_(dns_of_mode) {}
+  Overlay(const WanPatch& patch, WanDraft* draft, const DnsOfMode& dns_of_mode)
+      : wish_(patch), draft_(*draft), info_(draft->info), dns_of_mode_(dns_of_mode) {}
 
   void run() {
     lay_access();
@@ -52,8 +52,8 @@ class Overlay {
 
  private:
   void note(const char* key, bool changed) {
-    proposal_.named.insert(key);
-    if (changed) proposal_.changed.insert(key);
+    draft_.named.insert(key);
+    if (changed) draft_.changed.insert(key);
   }
 
   template <typename Value>
@@ -87,13 +87,13 @@ class Overlay {
   void lay_mtu();
   void lay_port_option60();
 
-  const WanWish& wish_;
-  WanProposal& proposal_;
+  const WanPatch& wish_;
+  WanDraft& draft_;
   api_wan_info& info_;
   const DnsOfMode& dns_of_mode_;
 };
 
-void Overlay::lay_access() { lay("access", wish_.access, &proposal_.access); }
+void Overlay::lay_access() { lay("access", wish_.access, &draft_.access); }
 
 void Overlay::lay_mode() {
   if (!wish_.mode) return;
@@ -162,22 +162,22 @@ void Overlay::lay_port_option60() {
 
 }  // namespace
 
-WanProposal lay_over(const WanWish& wish, const api_wan_info& start, const std::string& access,
-                     const DnsOfMode& dns_of_mode) {
-  WanProposal proposal;
-  proposal.info = start;
-  proposal.access = access;
-  proposal.unreadable = wish.unreadable;
-  Overlay(wish, &proposal, dns_of_mode).run();
-  return proposal;
+WanDraft lay_over(const WanPatch& patch, const api_wan_info& start, const std::string& access,
+                  const DnsOfMode& dns_of_mode) {
+  WanDraft draft;
+  draft.info = start;
+  draft.access = access;
+  draft.unreadable = patch.unreadable;
+  Overlay(patch, &draft, dns_of_mode).run();
+  return draft;
 }
 
-WanProposal propose_new(const WanWish& wish) {
+WanDraft draft_new(const WanPatch& patch) {
   api_wan_info usual;
   usual.connection_class = kIgdRouted;
   usual.connect_mode = kIgdDhcp;
   usual.service_type = "INTERNET";
-  usual.nat_mode = wish.connection_class == kIgdBridged ? 0 : 1;
+  usual.nat_mode = patch.connection_class == kIgdBridged ? 0 : 1;
   usual.pppoe_mtu = kUsualPppoeMtu;
   usual.static_mtu = kUsualMtu;
   usual.dhcp_mtu = kUsualMtu;
@@ -185,7 +185,7 @@ WanProposal propose_new(const WanWish& wish) {
   usual.wan_remote_management_enable = "false";
   usual.stp_enable = "false";
   const DnsOfMode no_servers = [](int, api_wan_info*) {};
-  return lay_over(wish, usual, "Ethernet", no_servers);
+  return lay_over(patch, usual, "Ethernet", no_servers);
 }
 
 }  // namespace igdctl

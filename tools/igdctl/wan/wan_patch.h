@@ -1,6 +1,6 @@
 /// What a user asks of a connection: the fields that are named, and no others.
-#ifndef IGDCTL_WAN_WISH_H
-#define IGDCTL_WAN_WISH_H
+#ifndef IGDCTL_WAN_PATCH_H
+#define IGDCTL_WAN_PATCH_H
 
 #include <map>
 #include <optional>
@@ -16,7 +16,7 @@ namespace igdctl {
 using Names = std::vector<std::string>;
 
 /// Each field as docs/igdctl-json.md has it; one without a value stays as it is in the tree.
-struct WanWish {
+struct WanPatch {
   std::optional<std::string> access;  ///< as the tree spells it
   std::optional<std::string> name;
   std::optional<int> connection_class;  ///< IgdConnectionClass
@@ -56,9 +56,9 @@ const Names& wan_keys();
 /// untagged. Keys that `wan show --json` adds are passed over, so that its data can be read again.
 ///
 /// @param json    anything
-/// @param faults  gets one for each unknown key, wrong type, and value that is wrong by itself
-WanWish read_wish(const Json& json, std::vector<Fault>* faults);
+/// @param problems  gets one for each unknown key, wrong type, and value that is wrong by itself
+WanPatch read_patch(const Json& json, std::vector<Problem>* problems);
 
 }  // namespace igdctl
 
-#endif  // IGDCTL_WAN_WISH_H
+#endif  // IGDCTL_WAN_PATCH_H

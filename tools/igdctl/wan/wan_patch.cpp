@@ -1,4 +1,4 @@
-#include "wan/wan_wish.h"
+#include "wan/wan_patch.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -35,9 +35,10 @@ std::string short_text_of(const Json& value) {
   return value.dump();
 }
 
-class WishReader {
+class PatchReader {
  public:
-  WishReader(const Json& json, std::vector<Fault>* faults) : json_(json), faults_(*faults) {}
+  PatchReader(const Json& json, std::vector<Problem>* problems)
+      : json_(json), problems_(*problems) {}
 
   void refuse_unknown_keys();
   std::optional<std::string> text(const char* key);
@@ -57,13 +58,15 @@ class WishReader {
  private:
   const Json* find(const char* key) const;
   bool is_sound(const std::string& key, const std::string& text);
-  void fault(const std::string& what, const std::string& todo) { faults_.push_back({what, todo}); }
+  void problem(const std::string& what, const std::string& hint) {
+    problems_.push_back({what, hint});
+  }
 
   const Json& json_;
-  std::vector<Fault>& faults_;
+  std::vector<Problem>& problems_;
 };
 
-void WishReader::refuse_unknown_keys() {
+void PatchReader::refuse_unknown_keys() {
   for (const auto& item : json_.items()) {
     const std::string& key = item.key();
     const Names& known = wan_keys();
@@ -73,69 +76,69 @@ void WishReader::refuse_unknown_keys() {
       continue;
     }
     const Names near = near_names(key, known);
-    fault("a connection has no " + in_quotes(key),
-          near.empty() ? "it has " + joined(known, ", ") : "did you mean " + near.front() + "?");
+    problem("a connection has no " + in_quotes(key),
+            near.empty() ? "it has " + joined(known, ", ") : "did you mean " + near.front() + "?");
   }
 }
 
-const Json* WishReader::find(const char* key) const {
+const Json* PatchReader::find(const char* key) const {
   const auto found = json_.find(key);
   return found == json_.end() || found->is_null() ? nullptr : &*found;
 }
 
-bool WishReader::is_sound(const std::string& key, const std::string& text) {
+bool PatchReader::is_sound(const std::string& key, const std::string& text) {
   if (text.size() > kLongestText) {
-    fault(key + " has " + std::to_string(text.size()) + " bytes", "use at most 255 bytes");
+    problem(key + " has " + std::to_string(text.size()) + " bytes", "use at most 255 bytes");
     return false;
   }
   if (has_control_characters(text) || !is_utf8(text)) {
-    fault(key + " has characters that no setting can hold: " + in_quotes(text),
-          "use text in UTF-8 without control characters");
+    problem(key + " has characters that no setting can hold: " + in_quotes(text),
+            "use text in UTF-8 without control characters");
     return false;
   }
   return true;
 }
 
-std::optional<std::string> WishReader::text(const char* key) {
+std::optional<std::string> PatchReader::text(const char* key) {
   const Json* const value = find(key);
   if (value == nullptr) return {};
   if (!value->is_string()) {
-    fault(std::string(key) + " is no text", "give it as text");
+    problem(std::string(key) + " is no text", "give it as text");
     return {};
   }
   auto result = value->get<std::string>();
   const bool secret = std::string_view(key) == "password";
   if (secret && (result.size() > kLongestText || has_control_characters(result))) {
-    fault("the password is too long or has control characters", "use at most 255 plain bytes");
+    problem("the password is too long or has control characters", "use at most 255 plain bytes");
     return {};
   }
   if (!secret && !is_sound(key, result)) return {};
   return result;
 }
 
-std::optional<int> WishReader::number(const char* key, int low, int high) {
+std::optional<int> PatchReader::number(const char* key, int low, int high) {
   const Json* const value = find(key);
   if (value == nullptr) return {};
   const bool fits = value->is_number_unsigned()
                         ? value->get<std::uint64_t>() <= static_cast<std::uint64_t>(high)
                         : value->is_number_integer() && value->get<std::int64_t>() <= high;
   if (fits && value->get<std::int64_t>() >= low) return value->get<int>();
-  fault(std::string(key) + " is " + short_text_of(*value),
-        "give a whole number from " + std::to_string(low) + " to " + std::to_string(high));
+  problem(std::string(key) + " is " + short_text_of(*value),
+          "give a whole number from " + std::to_string(low) + " to " + std::to_string(high));
   return {};
 }
 
-std::optional<bool> WishReader::on_or_off(const char* key) {
+std::optional<bool> PatchReader::on_or_off(const char* key) {
   const Json* const value = find(key);
   if (value == nullptr) return {};
   if (value->is_boolean()) return value->get<bool>();
   bool on = false;
   if (value->is_string() && parse_switch(value->get<std::string>(), &on)) return on;
-  fault(std::string(key) + " is neither on nor off", "give on or off, in JSON true or false");
+  problem(std::string(key) + " is neither on nor off", "give on or off, in JSON true or false");
   return {};
 }
 
-std::optional<Names> WishReader::names(const char* key) {
+std::optional<Names> PatchReader::names(const char* key) {
   const Json* const value = find(key);
   if (value == nullptr) return {};
   Names result;
@@ -147,8 +150,8 @@ std::optional<Names> WishReader::names(const char* key) {
     }
   }
   if (!sound) {
-    fault(std::string(key) + " is no list of at most 64 texts",
-          R"(give a list, as ["LAN1", "LAN2"])");
+    problem(std::string(key) + " is no list of at most 64 texts",
+            R"(give a list, as ["LAN1", "LAN2"])");
     return {};
   }
   for (const std::string& name : result) {
@@ -157,7 +160,7 @@ std::optional<Names> WishReader::names(const char* key) {
   return result;
 }
 
-std::optional<std::map<std::string, std::string>> WishReader::texts_by_port(const char* key) {
+std::optional<std::map<std::string, std::string>> PatchReader::texts_by_port(const char* key) {
   const Json* const value = find(key);
   if (value == nullptr) return {};
   std::map<std::string, std::string> result;
@@ -169,8 +172,8 @@ std::optional<std::map<std::string, std::string>> WishReader::texts_by_port(cons
     }
   }
   if (!sound) {
-    fault(std::string(key) + " is no list of ports with a text each",
-          R"(give PORT=TEXT, in JSON {"LAN4": "text"})");
+    problem(std::string(key) + " is no list of ports with a text each",
+            R"(give PORT=TEXT, in JSON {"LAN4": "text"})");
     return {};
   }
   for (const auto& entry : result) {
@@ -179,118 +182,118 @@ std::optional<std::map<std::string, std::string>> WishReader::texts_by_port(cons
   return result;
 }
 
-std::optional<std::string> WishReader::access() {
+std::optional<std::string> PatchReader::access() {
   const std::optional<std::string> word = text("access");
   if (!word) return {};
   const std::string access = access_of_word(*word);
   if (access.empty() && !word->empty()) {
-    fault("access is " + in_quotes(*word), "give " + words_for_faults("access"));
+    problem("access is " + in_quotes(*word), "give " + choices_text("access"));
     return {};
   }
   return access;
 }
 
-std::optional<int> WishReader::word(const char* key, int (*code_of_word)(std::string_view)) {
+std::optional<int> PatchReader::word(const char* key, int (*code_of_word)(std::string_view)) {
   const std::optional<std::string> word = text(key);
   if (!word) return {};
   const int code = code_of_word(*word);
   if (code != 0) return code;
-  fault(std::string(key) + " is " + in_quotes(*word), "give " + words_for_faults(key));
+  problem(std::string(key) + " is " + in_quotes(*word), "give " + choices_text(key));
   return {};
 }
 
-std::optional<int> WishReader::vlan() {
+std::optional<int> PatchReader::vlan() {
   const auto found = json_.find("vlan");
   if (found != json_.end() && found->is_null()) return 0;
   return number("vlan", 0, kLargestVlan);
 }
 
-std::optional<std::string> WishReader::address(const char* key) {
+std::optional<std::string> PatchReader::address(const char* key) {
   std::optional<std::string> value = text(key);
   if (!value || value->empty() || is_ipv4(*value)) return value;
-  fault(std::string(key) + " is " + in_quotes(*value), "give an IPv4 address, as 192.0.2.10");
+  problem(std::string(key) + " is " + in_quotes(*value), "give an IPv4 address, as 192.0.2.10");
   return {};
 }
 
-std::optional<std::string> WishReader::mask() {
+std::optional<std::string> PatchReader::mask() {
   std::optional<std::string> value = text("mask");
   std::uint32_t bits = 0;
   if (!value || value->empty() || (parse_ipv4(*value, &bits) && is_mask(bits))) return value;
-  fault("mask is " + in_quotes(*value), "give ones then zeros, as 255.255.255.0");
+  problem("mask is " + in_quotes(*value), "give ones then zeros, as 255.255.255.0");
   return {};
 }
 
-std::optional<Names> WishReader::service() {
+std::optional<Names> PatchReader::service() {
   std::optional<Names> words = names("service");
   if (!words) return {};
   if (!std::all_of(words->begin(), words->end(), is_service_word) ||
       joined(*words, ",").size() > kLongestText) {
-    fault("service is " + in_quotes(joined(*words, ",")),
-          R"(give words of letters, digits, "_", "-" and ".", as INTERNET,VOIP)");
+    problem("service is " + in_quotes(joined(*words, ",")),
+            R"(give words of letters, digits, "_", "-" and ".", as INTERNET,VOIP)");
     return {};
   }
   return words;
 }
 
-std::optional<Names> WishReader::dns() {
+std::optional<Names> PatchReader::dns() {
   std::optional<Names> servers = names("dns");
   if (!servers) return {};
   if (servers->size() > kMostServers) {
-    fault("dns has " + std::to_string(servers->size()) + " servers", "give at most two");
+    problem("dns has " + std::to_string(servers->size()) + " servers", "give at most two");
   }
   for (const std::string& server : *servers) {
     if (is_ipv4(server) || is_ipv6(server)) continue;
-    fault("dns has " + in_quotes(server), "give addresses, as 192.0.2.1,192.0.2.2");
+    problem("dns has " + in_quotes(server), "give addresses, as 192.0.2.1,192.0.2.2");
   }
   return servers;
 }
 
 // So that a wrong value is not told a second time, as a missing one.
-void note_unreadable_texts(const Json& json, WanWish* wish) {
+void note_unreadable_texts(const Json& json, WanPatch* patch) {
   const std::pair<const char*, bool> texts[] = {
-      {"name", wish->name.has_value()},         {"user", wish->user.has_value()},
-      {"password", wish->password.has_value()}, {"address", wish->address.has_value()},
-      {"mask", wish->mask.has_value()},         {"gateway", wish->gateway.has_value()}};
+      {"name", patch->name.has_value()},         {"user", patch->user.has_value()},
+      {"password", patch->password.has_value()}, {"address", patch->address.has_value()},
+      {"mask", patch->mask.has_value()},         {"gateway", patch->gateway.has_value()}};
   for (const auto& [key, was_read] : texts) {
     const auto found = json.find(key);
-    if (!was_read && found != json.end() && !found->is_null()) wish->unreadable.insert(key);
+    if (!was_read && found != json.end() && !found->is_null()) patch->unreadable.insert(key);
   }
 }
 
 }  // namespace
 
-WanWish read_wish(const Json& json, std::vector<Fault>* faults) {
-  WanWish wish;
+WanPatch read_patch(const Json& json, std::vector<Problem>* problems) {
+  WanPatch patch;
   if (!json.is_object()) {
-    faults->push_back({"a description is no JSON object", R"(give {"name": "Internet", ...})"});
-    return wish;
+    problems->push_back({"a description is no JSON object", R"(give {"name": "Internet", ...})"});
+    return patch;
   }
-  WishReader reader(json, faults);
+  PatchReader reader(json, problems);
   reader.refuse_unknown_keys();
-  wish.access = reader.access();
-  wish.name = reader.text("name");
-  wish.connection_class = reader.word("class", class_of_word);
-  wish.mode = reader.word("mode", mode_of_word);
-  wish.vlan = reader.vlan();
-  wish.priority = reader.number("priority", 0, kLargestPriority);
-  wish.service = reader.service();
-  wish.bind_lan = reader.names("bind_lan");
-  wish.bind_wan = reader.names("bind_wan");
-  wish.nat = reader.on_or_off("nat");
-  wish.user = reader.text("user");
-  wish.password = reader.text("password");
-  wish.address = reader.address("address");
-  wish.mask = reader.mask();
-  wish.gateway = reader.address("gateway");
-  wish.dns = reader.dns();
-  wish.mtu = reader.number("mtu", kSmallestMtu, kLargestMtu);
-  wish.option60 = reader.text("option60");
-  wish.port_option60 = reader.texts_by_port("port_option60");
-  wish.enable = reader.on_or_off("enable");
-  wish.remote_management = reader.on_or_off("remote_management");
-  wish.stp = reader.on_or_off("stp");
-  note_unreadable_texts(json, &wish);
-  return wish;
+  patch.access = reader.access();
+  patch.name = reader.text("name");
+  patch.connection_class = reader.word("class", class_of_word);
+  patch.mode = reader.word("mode", mode_of_word);
+  patch.vlan = reader.vlan();
+  patch.priority = reader.number("priority", 0, kLargestPriority);
+  patch.service = reader.service();
+  patch.bind_lan = reader.names("bind_lan");
+  patch.bind_wan = reader.names("bind_wan");
+  patch.nat = reader.on_or_off("nat");
+  patch.user = reader.text("user");
+  patch.password = reader.text("password");
+  patch.address = reader.address("address");
+  patch.mask = reader.mask();
+  patch.gateway = reader.address("gateway");
+  patch.dns = reader.dns();
+  patch.mtu = reader.number("mtu", kSmallestMtu, kLargestMtu);
+  patch.option60 = reader.text("option60");
+  patch.port_option60 = reader.texts_by_port("port_option60");
+  patch.enable = reader.on_or_off("enable");
+  patch.remote_management = reader.on_or_off("remote_management");
+  patch.stp = reader.on_or_off("stp");
+  note_unreadable_texts(json, &patch);
+  return patch;
 }
 
 }  // namespace igdctl

@@ -1,13 +1,13 @@
 /// What a change of a connection must leave as it was, though the library writes it too.
-#ifndef IGDCTL_WAN_KEEP_H
-#define IGDCTL_WAN_KEEP_H
+#ifndef IGDCTL_PRESERVED_VALUES_H
+#define IGDCTL_PRESERVED_VALUES_H
 
 #include <string>
 #include <vector>
 
 #include "common_util.h"
 #include "gateway/connections.h"
-#include "wan/wan_proposal.h"
+#include "wan/wan_draft.h"
 
 namespace igdctl {
 
@@ -15,12 +15,12 @@ namespace igdctl {
 /// form than a description can carry would be lost: a single DNS server without a comma, a second
 /// enabled object, objects of different names or types, a port that is switched off. This remembers
 /// those values before, and puts back what belongs to no field that the user named.
-class KeptValues {
+class PreservedValues {
  public:
-  KeptValues(MibAccess& tree, const Connection& connection);
+  PreservedValues(MibAccess& tree, const Connection& connection);
 
   /// Puts back what is different now and not named. Objects that are gone stay gone.
-  void restore(const WanProposal& proposal);
+  void restore(const WanDraft& draft);
 
  private:
   struct Value {
@@ -41,4 +41,4 @@ class KeptValues {
 
 }  // namespace igdctl
 
-#endif  // IGDCTL_WAN_KEEP_H
+#endif  // IGDCTL_PRESERVED_VALUES_H

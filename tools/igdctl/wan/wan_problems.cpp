@@ -16,10 +16,10 @@ bool holds(const Names& names, const std::string& name) {
 
 class FaultFinder {
  public:
-  FaultFinder(const WanProposal& proposal, const Surroundings& around)
-      : proposal_(proposal), info_(proposal.info), around_(around) {}
+  FaultFinder(const WanDraft& draft, const GatewayState& gateway)
+      : draft_(draft), info_(draft.info), gateway_(gateway) {}
 
-  std::vector<Fault> run() {
+  std::vector<Problem> run() {
     judge_name();
     judge_access();
     judge_service();
@@ -29,19 +29,21 @@ class FaultFinder {
     judge_mtu();
     judge_static_addresses();
     judge_dns();
-    return std::move(faults_);
+    return std::move(problems_);
   }
 
  private:
-  bool is_new() const { return around_.connection == nullptr; }
+  bool is_new() const { return gateway_.connection == nullptr; }
   bool judged(std::initializer_list<const char*> keys) const {
     return is_new() || std::any_of(keys.begin(), keys.end(),
-                                   [this](const char* key) { return proposal_.changes(key); });
+                                   [this](const char* key) { return draft_.changes(key); });
   }
   bool lacks(const char* key, const std::string& text) const {
-    return text.empty() && proposal_.unreadable.count(key) == 0;
+    return text.empty() && draft_.unreadable.count(key) == 0;
   }
-  void fault(const std::string& what, const std::string& todo) { faults_.push_back({what, todo}); }
+  void problem(const std::string& what, const std::string& hint) {
+    problems_.push_back({what, hint});
+  }
 
   void judge_name();
   void judge_access();
@@ -55,10 +57,10 @@ class FaultFinder {
   void judge_subnet();
   void judge_dns();
 
-  const WanProposal& proposal_;
+  const WanDraft& draft_;
   const api_wan_info& info_;
-  const Surroundings& around_;
-  std::vector<Fault> faults_;
+  const GatewayState& gateway_;
+  std::vector<Problem> problems_;
 };
 
 // A name that reads as a path or as "<d>.<c>" could not be told from one.
@@ -70,40 +72,40 @@ bool reads_as_place(const std::string& name) {
 }
 
 void FaultFinder::judge_name() {
-  if (!judged({"name"}) || proposal_.unreadable.count("name") != 0) return;
+  if (!judged({"name"}) || draft_.unreadable.count("name") != 0) return;
   const std::string& name = info_.wan_info_name;
   if (name.empty() || trimmed(name).size() != name.size()) {
-    fault(name.empty() ? "a connection needs a name" : "the name begins or ends with a blank",
-          "give --name NAME");
+    problem(name.empty() ? "a connection needs a name" : "the name begins or ends with a blank",
+            "give --name NAME");
   } else if (reads_as_place(name)) {
-    fault("the name " + in_quotes(name) + " reads as a path or number", "choose another name");
+    problem("the name " + in_quotes(name) + " reads as a path or number", "choose another name");
   }
-  for (const Connection& other : around_.connections) {
+  for (const Connection& other : gateway_.connections) {
     if (name.empty() || other.name != name) continue;
-    if (!is_new() && other.path == around_.connection->path) continue;
-    fault(
+    if (!is_new() && other.path == gateway_.connection->path) continue;
+    problem(
         "there is a connection " + in_quotes(name) + " already, " + other.id,
         is_new() ? "choose another name, or change it with igdctl wan set" : "choose another name");
     return;
   }
-  if (name.empty() || around_.object_names.count(name) == 0) return;
-  fault("an object of another connection has the name " + in_quotes(name) + " already",
-        "choose another name; igdctl doctor tells which connection it is");
+  if (name.empty() || gateway_.object_names.count(name) == 0) return;
+  problem("an object of another connection has the name " + in_quotes(name) + " already",
+          "choose another name; igdctl doctor tells which connection it is");
 }
 
 void FaultFinder::judge_access() {
-  if (is_new() && proposal_.access.empty()) {
-    fault("a connection needs an uplink", "give --access Ethernet, 3G or Repeator");
-  } else if (!is_new() && proposal_.changes("access")) {
-    fault("the access of a connection cannot be changed, it is " +
-              in_quotes(around_.connection->access),
-          "remove the connection and make it anew");
+  if (is_new() && draft_.access.empty()) {
+    problem("a connection needs an uplink", "give --access Ethernet, 3G or Repeator");
+  } else if (!is_new() && draft_.changes("access")) {
+    problem("the access of a connection cannot be changed, it is " +
+                in_quotes(gateway_.connection->access),
+            "remove the connection and make it anew");
   }
 }
 
 void FaultFinder::judge_service() {
   if (judged({"service"}) && info_.service_type.empty()) {
-    fault("a connection needs a service", "give --service INTERNET, TR069, VOIP or OTHER");
+    problem("a connection needs a service", "give --service INTERNET, TR069, VOIP or OTHER");
   }
 }
 
@@ -111,27 +113,27 @@ void FaultFinder::judge_list_of_ports(const char* key, const Names& ports, const
   if (!judged({key})) return;
   for (const std::string& port : ports) {
     if (is_uplink_node(port)) {
-      fault(std::string(key) + " has " + in_quotes(port) + ", an uplink",
-            "leave it out: a connection gets its uplink by itself");
+      problem(std::string(key) + " has " + in_quotes(port) + ", an uplink",
+              "leave it out: a connection gets its uplink by itself");
     } else if (!holds(known, port)) {
-      fault(std::string(key) + " has " + in_quotes(port) + ", which is no port of this gateway",
-            "its ports are " + joined(known, ", "));
+      problem(std::string(key) + " has " + in_quotes(port) + ", which is no port of this gateway",
+              "its ports are " + joined(known, ", "));
     } else if (std::count(ports.begin(), ports.end(), port) > 1) {
-      fault(std::string(key) + " has " + in_quotes(port) + " twice", "give each port once");
+      problem(std::string(key) + " has " + in_quotes(port) + " twice", "give each port once");
       return;
     }
   }
 }
 
 void FaultFinder::judge_ports() {
-  const Names known = assignable_nodes(around_.bridges);
+  const Names known = assignable_nodes(gateway_.bridges);
   judge_list_of_ports("bind_lan", info_.bind_lan, known);
   judge_list_of_ports("bind_wan", info_.bind_wan, known);
   if (!judged({"bind_lan", "bind_wan"})) return;
   for (const std::string& port : info_.bind_lan) {
     if (!holds(info_.bind_wan, port)) continue;
-    fault(in_quotes(port) + " is in bind_lan and in bind_wan",
-          "a port is bound to the connection, or in its bridge");
+    problem(in_quotes(port) + " is in bind_lan and in bind_wan",
+            "a port is bound to the connection, or in its bridge");
   }
 }
 
@@ -139,8 +141,8 @@ void FaultFinder::judge_port_options() {
   if (!judged({"port_option60"})) return;
   for (const auto& [port, option60] : info_.port_option60) {
     if (option60.empty() || holds(info_.bind_wan, port)) continue;
-    fault("port_option60 names " + in_quotes(port) + ", which is not in bind_wan",
-          "only ports in the connection's own bridge keep an option 60");
+    problem("port_option60 names " + in_quotes(port) + ", which is not in bind_wan",
+            "only ports in the connection's own bridge keep an option 60");
   }
 }
 
@@ -148,10 +150,10 @@ void FaultFinder::judge_account() {
   const bool dials = info_.connect_mode == kIgdPppoe && info_.connection_class != kIgdBridged;
   if (!dials || !judged({"mode", "class", "user", "password"})) return;
   if (lacks("user", info_.pppoe_user_name)) {
-    fault("mode pppoe needs a user name", "give --user NAME");
+    problem("mode pppoe needs a user name", "give --user NAME");
   }
   if (lacks("password", info_.pppoe_password)) {
-    fault("mode pppoe needs a password", "give --password-file FILE or --password-prompt");
+    problem("mode pppoe needs a password", "give --password-file FILE or --password-prompt");
   }
 }
 
@@ -159,28 +161,29 @@ void FaultFinder::judge_mtu() {
   long octets = 0;
   if (info_.connect_mode != kIgdPppoe || !judged({"mtu"})) return;
   if (parse_number(info_.pppoe_mtu, 0, kLargestPppoeMtu, &octets)) return;
-  fault("mtu is " + info_.pppoe_mtu + ", and PPPoE takes 8 octets of each frame",
-        "give at most 1492");
+  problem("mtu is " + info_.pppoe_mtu + ", and PPPoE takes 8 octets of each frame",
+          "give at most 1492");
 }
 
 void FaultFinder::judge_static_addresses() {
   if (info_.connect_mode != kIgdStatic) {
-    const bool lost = (proposal_.changes("address") && !info_.ip_addr.empty()) ||
-                      (proposal_.changes("mask") && !info_.ip_mask.empty()) ||
-                      (proposal_.changes("gateway") && !info_.ip_gw.empty());
+    const bool lost = (draft_.changes("address") && !info_.ip_addr.empty()) ||
+                      (draft_.changes("mask") && !info_.ip_mask.empty()) ||
+                      (draft_.changes("gateway") && !info_.ip_gw.empty());
     if (lost) {
-      fault("address, mask and gateway belong to mode static",
-            "leave them out, or give --mode static");
+      problem("address, mask and gateway belong to mode static",
+              "leave them out, or give --mode static");
     }
     return;
   }
   if (!judged({"mode", "class", "address", "mask", "gateway"})) return;
   if (info_.connection_class == kIgdBridged && info_.ip_addr.empty()) return;
   if (lacks("address", info_.ip_addr)) {
-    fault("mode static needs an address", "give --address ADDRESS");
+    problem("mode static needs an address", "give --address ADDRESS");
   }
-  if (lacks("mask", info_.ip_mask)) fault("mode static needs a mask", "give --mask MASK");
-  if (lacks("gateway", info_.ip_gw)) fault("mode static needs a gateway", "give --gateway ADDRESS");
+  if (lacks("mask", info_.ip_mask)) problem("mode static needs a mask", "give --mask MASK");
+  if (lacks("gateway", info_.ip_gw))
+    problem("mode static needs a gateway", "give --gateway ADDRESS");
   judge_subnet();
 }
 
@@ -193,28 +196,28 @@ void FaultFinder::judge_subnet() {
   const bool whole_subnet = mask < kPointToPoint;
   const bool ends = (address & ~mask) == 0 || (address | mask) == 0xffffffff;
   if (!is_host_address(address) || mask == 0 || (whole_subnet && ends)) {
-    fault("no host can have the address " + info_.ip_addr + " with the mask " + info_.ip_mask,
-          "give an address inside its subnet");
+    problem("no host can have the address " + info_.ip_addr + " with the mask " + info_.ip_mask,
+            "give an address inside its subnet");
     return;
   }
   if (!parse_ipv4(info_.ip_gw, &gateway)) return;
   if (!is_host_address(gateway) || gateway == address ||
       (whole_subnet && ((gateway ^ address) & mask) != 0)) {
-    fault("the gateway " + info_.ip_gw + " is not another host in the subnet of " + info_.ip_addr,
-          "give the router's address in " + text_of_ipv4(address & mask) + " " + info_.ip_mask);
+    problem("the gateway " + info_.ip_gw + " is not another host in the subnet of " + info_.ip_addr,
+            "give the router's address in " + text_of_ipv4(address & mask) + " " + info_.ip_mask);
   }
 }
 
 void FaultFinder::judge_dns() {
-  if (!proposal_.changes("dns") || info_.connect_mode != 0) return;
-  fault("no mode is chosen, so there is nothing that DNS servers could belong to",
-        "give --mode MODE");
+  if (!draft_.changes("dns") || info_.connect_mode != 0) return;
+  problem("no mode is chosen, so there is nothing that DNS servers could belong to",
+          "give --mode MODE");
 }
 
 }  // namespace
 
-std::vector<Fault> faults_of(const WanProposal& proposal, const Surroundings& around) {
-  return FaultFinder(proposal, around).run();
+std::vector<Problem> problems_of(const WanDraft& draft, const GatewayState& gateway) {
+  return FaultFinder(draft, gateway).run();
 }
 
 }  // namespace igdctl
