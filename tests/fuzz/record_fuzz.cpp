@@ -6,8 +6,8 @@
 #include "harness.h"
 #include "host_platform.h"
 #include "igd_api.h"
-#include "operation.h"
 #include "record.h"
+#include "shown.h"
 #include "twice.h"
 
 namespace {

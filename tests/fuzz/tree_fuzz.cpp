@@ -6,8 +6,8 @@
 #include "hostile_tree.h"
 #include "igd_api.h"
 #include "igd_c_api.h"
-#include "operation.h"
 #include "record.h"
+#include "shown.h"
 #include "twice.h"
 
 namespace {

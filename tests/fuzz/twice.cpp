@@ -1,7 +1,7 @@
 #include "twice.h"
 
 #include "igd_api.h"
-#include "operation.h"
+#include "shown.h"
 
 namespace fuzz {
 

@@ -10,6 +10,7 @@
 
 #include "allocations.h"
 #include "igd_types.h"
+#include "shown.h"
 #include "start.h"
 
 namespace operations {
@@ -53,15 +54,6 @@ inline Operation when_cached(Operation plain) {
   plain.variant += plain.variant.empty() ? "cached" : ", cached";
   return plain;
 }
-
-// All fields of what an operation fills.
-std::string shown(int number);
-std::string shown(const Names& names);
-std::string shown(const api_wan_info& info);
-std::string shown(const api_wan_status& status);
-std::string shown(const api_route_info& route);
-std::string shown(const api_mng_server_info& info);
-std::string shown(const wan_mib_info& entry);
 
 /// A description with a VLAN of its own and these ports.
 api_wan_info description(const std::string& name, int connection_class, int connect_mode,

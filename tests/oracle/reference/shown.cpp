@@ -1,4 +1,4 @@
-#include "operation.h"
+#include "shown.h"
 
 namespace operations {
 namespace {
