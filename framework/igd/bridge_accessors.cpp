@@ -1,15 +1,12 @@
-#include <cstdint>
 #include <cstdio>
 
 #include "bridges.h"
 #include "data_model.h"
 #include "igd_c_api.h"
+#include "igd_vocabulary.h"
 #include "path_tools.h"
 
 namespace {
-
-constexpr std::int64_t kMarkFactor = 30;
-constexpr int kMarkModulus = 30;
 
 struct TwoNumbers {
   int first = 0;
@@ -52,8 +49,7 @@ void read_bridge_parameter(const char* wan_path, const char* name, char* buf, si
 unsigned int igd_c_get_mask(const char* name) {
   if (name == nullptr) return 0;
   const TwoNumbers numbers = numbers_between(name, "_");
-  const std::int64_t mark = numbers.first * kMarkFactor + numbers.second % kMarkModulus;
-  return static_cast<unsigned int>(mark);  // modulo 2^32
+  return igd::packet_mark(numbers.first, numbers.second);
 }
 
 void igd_c_get_wan_bridge_name(const char* wan_path, char* buf, size_t size) {

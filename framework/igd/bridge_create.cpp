@@ -1,24 +1,13 @@
 #include "bridges.h"
 #include "data_model.h"
 #include "igd_api.h"
-#include "port_names.h"
+#include "igd_vocabulary.h"
 #include "trace.h"
 #include "vlan.h"
 
 namespace {
 
 constexpr int kPortVlanLine = 667;  // fixed: field tools look for it
-
-struct Uplink {
-  const char* access_type;
-  const char* port;
-};
-
-constexpr Uplink kUplinks[] = {
-    {"Ethernet", igd::kEthernetUplink},
-    {"3G", igd::kMobileUplink},
-    {"Repeator", igd::kRepeaterUplink},
-};
 
 std::string find_bridge(const std::string& wan_path, int kind, std::string* name) {
   std::string path;
@@ -45,10 +34,8 @@ void attach_uplink(const std::string& bridge_path, const std::string& wan_path,
   const std::string device_path = objectPathOf(objectPathOf(wan_path));
   for (const std::string& parameter : igd::instances_below(igd::kEverywhere, kWanAccessType)) {
     if (!igd::contains(parameter, device_path)) continue;
-    const std::string access_type = igd::value_of(parameter);
-    for (const Uplink& uplink : kUplinks) {
-      if (access_type == uplink.access_type) _create_port(bridge_path, "", uplink.port, info);
-    }
+    const std::string_view port = igd::uplink_port_of(igd::value_of(parameter));
+    if (!port.empty()) _create_port(bridge_path, "", std::string(port), info);
     return;
   }
 }

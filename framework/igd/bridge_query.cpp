@@ -6,6 +6,7 @@
 #include "igd_api.h"
 #include "igd_c_api.h"
 #include "igd_common.h"
+#include "igd_vocabulary.h"
 #include "path_tools.h"
 #include "trace.h"
 

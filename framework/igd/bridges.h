@@ -9,10 +9,6 @@
 
 namespace igd {
 
-inline constexpr char kLanBridgeName[] = "internet";
-inline constexpr char kTaggedStandard[] = "802.1Q";
-inline constexpr char kUntaggedStandard[] = "802.1D";
-
 /// Whose bridge _create_bridge looks for.
 enum BridgeKind : int {
   kWanBridge = 2,  // the connection's own

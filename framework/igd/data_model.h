@@ -5,6 +5,7 @@
 #include <string>
 
 #include "common_util.h"
+#include "igd_vocabulary.h"
 
 /// Makes sure that context, tree and second service are obtained; asks again while there is no
 /// context, never again once there is one.
@@ -26,8 +27,6 @@ inline constexpr int kInternalAccess = 255;
 inline constexpr int kSetFlags = 0;
 inline constexpr int kCommitMode = 1;
 
-inline constexpr char kTrue[] = "true";
-inline constexpr char kFalse[] = "false";
 inline const char* bool_text(bool value) { return value ? kTrue : kFalse; }
 
 /// The tree, after ensureContext; null when there is none.

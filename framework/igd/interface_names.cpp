@@ -1,14 +1,11 @@
 #include "igd_api.h"
+#include "igd_vocabulary.h"
 
 namespace {
 
-// The eight ports a caller can bind, in the order of their numbers and mask bits.
-constexpr const char* kBindablePorts[] = {"LAN1",  "LAN2",  "LAN3",  "LAN4",
-                                          "WLAN1", "WLAN2", "WLAN3", "WLAN4"};
-
 int position_of(const std::string& node) {
   int position = 0;
-  for (const char* port : kBindablePorts) {
+  for (const char* port : igd::kBindablePorts) {
     if (node == port) return position;
     ++position;
   }

@@ -7,10 +7,9 @@
 
 #include "data_model.h"
 #include "igd_api.h"
+#include "igd_vocabulary.h"
 
 namespace {
-
-constexpr std::size_t kCutLength = 255;
 
 // Owns an open walk, so that every way out closes it.
 class OpenIterator {
@@ -115,7 +114,7 @@ int lenient_number(const std::string& text) {
 }
 
 std::string cut(const std::string& text) {
-  return text.substr(0, std::min(text.find('\0'), kCutLength));
+  return text.substr(0, std::min(text.find('\0'), kLongestText));
 }
 
 std::string numbered(const std::string& table_path, int number) {
@@ -123,11 +122,11 @@ std::string numbered(const std::string& table_path, int number) {
 }
 
 std::string static_path_of(const std::string& wan_path) {
-  return objectPathOf(parameter_with_value(wan_path, kAddressingType, "Static"));
+  return objectPathOf(parameter_with_value(wan_path, kAddressingType, kStaticAddressing));
 }
 
 std::string dhcp_path_of(const std::string& wan_path) {
-  return objectPathOf(parameter_with_value(wan_path, kAddressingType, "DHCP"));
+  return objectPathOf(parameter_with_value(wan_path, kAddressingType, kDhcpAddressing));
 }
 
 std::string ppp_path_of(const std::string& wan_path) {

@@ -14,9 +14,6 @@ std::string objectPathOf(const std::string& name);
 
 namespace igd {
 
-inline constexpr char kForwardingTable[] = "InternetGatewayDevice.Layer3Forwarding.Forwarding.";
-inline constexpr char kBridgeTable[] = "InternetGatewayDevice.Layer2Bridging.Bridge.";
-inline constexpr char kWanDeviceTable[] = "InternetGatewayDevice.WANDevice.";
 inline constexpr char kWhiteSpace[] = " \n\t\r";
 
 inline constexpr char kEverywhere[] = "";  // prefix that matches every name

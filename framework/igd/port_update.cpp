@@ -6,7 +6,7 @@
 
 #include "bridges.h"
 #include "data_model.h"
-#include "port_names.h"
+#include "igd_vocabulary.h"
 #include "trace.h"
 #include "vlan.h"
 

@@ -1,10 +1,9 @@
 #include "data_model.h"
 #include "igd_api.h"
+#include "igd_vocabulary.h"
 #include "path_tools.h"
 
 namespace {
-
-constexpr char kForwardingObject[] = "InternetGatewayDevice.Layer3Forwarding.";
 
 std::vector<std::string> route_addresses() {
   return igd::instances_below(igd::kForwardingTable, kForwardingDestIpAddress);
@@ -74,7 +73,7 @@ int igd_clear_static_route() {
   }
   // Kept: the forwarding object itself is deleted too, and only this result counts. Callers see to
   // it that there is a tree; it is not checked here.
-  const int result = igd::tree()->deleteObject(kForwardingObject);
+  const int result = igd::tree()->deleteObject(igd::kForwardingObject);
   if (result == 0) igd::commit_and_apply();
   return result;
 }

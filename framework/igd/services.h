@@ -10,10 +10,6 @@
 
 namespace igd {
 
-inline constexpr char kManagementService[] = "TR069";
-inline constexpr char kInternetService[] = "INTERNET";
-inline constexpr char kMmeService[] = "MME";
-
 /// Text of the first service list below a path; "" when there is none.
 inline std::string first_service_list(const std::string& wan_path) {
   const std::vector<std::string> lists = instances_below(wan_path, kServiceList);

@@ -3,12 +3,9 @@
 #include "data_model.h"
 #include "igd_api.h"
 #include "igd_c_api.h"
+#include "igd_vocabulary.h"
 
 namespace {
-
-constexpr char kManagementServer[] = "InternetGatewayDevice.ManagementServer.";
-constexpr char kLanInterface[] =
-    "InternetGatewayDevice.LANDevice.1.LANHostConfigManagement.IPInterface.1.";
 
 struct ServerSetting {
   const char* parameter;
@@ -29,7 +26,7 @@ constexpr ServerSetting kServerSettings[] = {
 int igd_mng_server_get_params(api_mng_server_info* info) {
   if (igd::tree() == nullptr || info == nullptr) return kIgdNoTree;
   for (const ServerSetting& row : kServerSettings) {
-    igd::read_into(info->*row.field, kManagementServer, row.parameter);
+    igd::read_into(info->*row.field, igd::kManagementServer, row.parameter);
   }
   return kIgdOk;
 }
@@ -37,12 +34,14 @@ int igd_mng_server_get_params(api_mng_server_info* info) {
 int igd_mng_server_set_params(api_mng_server_info* info) {
   if (igd::tree() == nullptr || info == nullptr) return kIgdNoTree;
   for (const ServerSetting& row : kServerSettings) {
-    _set_value(kManagementServer, row.parameter, info->*row.field);
+    _set_value(igd::kManagementServer, row.parameter, info->*row.field);
   }
   return kIgdOk;
 }
 
-std::string igd_c_get_lan_ipaddr() { return _get_value(kLanInterface, "IPInterfaceIPAddress"); }
+std::string igd_c_get_lan_ipaddr() {
+  return _get_value(igd::kLanIpInterface, "IPInterfaceIPAddress");
+}
 
 void igd_c_set_l3_name(const char* key, const char* value) {
   if (key == nullptr || value == nullptr) return;

@@ -8,15 +8,13 @@
 #include "data_model.h"
 #include "igd_api.h"
 #include "igd_common.h"
+#include "igd_vocabulary.h"
 #include "trace.h"
 
 namespace {
 
-constexpr int kPrivateLow = 4060;  // the top of the VLAN space is the library's own
-constexpr int kPrivateHigh = 4080;
+constexpr int kPrivateEnd = igd::kFirstPrivateVlan + igd::kPrivateVlanCount;
 constexpr char kPrivateFallback[] = "789";
-constexpr int kUnusedLow = 1000;
-constexpr int kUnusedEnd = 4060;
 constexpr int kUnusedFallback = 3999;
 
 constexpr int kBoundPortLine = 82;  // fixed: field tools look for these lines
@@ -62,7 +60,7 @@ std::string _find_vlan_id(int vlan_id, std::string bridge_path, std::string bind
   // Kept: the connection's VLAN joins the list as if it were a parameter's name, so it counts only
   // if the tree knows a parameter of that name.
   pvids.push_back(std::to_string(vlan_id));
-  for (int candidate = kPrivateLow; candidate <= kPrivateHigh; ++candidate) {
+  for (int candidate = igd::kFirstPrivateVlan; candidate < kPrivateEnd; ++candidate) {
     if (!is_taken(candidate, pvids)) return std::to_string(candidate);
   }
   c_debug_out(igd::kUnit, kNoVlanLine, "NO VALID VLAN ID");
@@ -76,7 +74,7 @@ int igd_wan_get_unused_vlan() {
     const int number = igd::number_of(vlan);
     if (number != 0) used.push_back(number);
   }
-  for (int candidate = kUnusedLow; candidate < kUnusedEnd; ++candidate) {
+  for (int candidate = igd::kFirstSearchedVlan; candidate < igd::kFirstPrivateVlan; ++candidate) {
     if (std::find(used.begin(), used.end(), candidate) == used.end()) return candidate;
   }
   return kUnusedFallback;

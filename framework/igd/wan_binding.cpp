@@ -2,7 +2,7 @@
 
 #include "data_model.h"
 #include "igd_api.h"
-#include "port_names.h"
+#include "igd_vocabulary.h"
 
 namespace {
 

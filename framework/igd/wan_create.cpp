@@ -1,6 +1,7 @@
 #include "bridges.h"
 #include "data_model.h"
 #include "igd_api.h"
+#include "igd_vocabulary.h"
 #include "path_tools.h"
 
 namespace {
@@ -49,8 +50,8 @@ std::string igd_wan_create(std::string access_type, api_wan_info* info) {
   if (device_path.empty()) return {};
   auto [added, wan_path] = igd::add_instance(device_path + "WANConnectionDevice.");
   if (!added) return {};
-  add_ip_connection(wan_path, "Static");
-  add_ip_connection(wan_path, "DHCP");
+  add_ip_connection(wan_path, igd::kStaticAddressing);
+  add_ip_connection(wan_path, igd::kDhcpAddressing);
   add_ppp_connection(wan_path);
   (void)_create_bridge(wan_path, igd::kWanBridge, info->vlan_enable, info->vlan_id, info);
   (void)igd_wan_set_params(wan_path, info);

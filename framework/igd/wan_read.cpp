@@ -6,7 +6,7 @@
 #include "bridges.h"
 #include "data_model.h"
 #include "igd_api.h"
-#include "port_names.h"
+#include "igd_vocabulary.h"
 #include "trace.h"
 #include "wan_fields.h"
 
@@ -22,10 +22,10 @@ struct ClassOfType {
 };
 
 constexpr ClassOfType kClasses[] = {
-    {"IP_Bridged", kIgdBridged},
-    {"IP_Routed", kIgdRouted},
-    {"PPPoE_Bridged", kIgdBridged},
-    {"IP_BridgeRouted", kIgdRoutedAndBridged},
+    {igd::kIpBridged, kIgdBridged},
+    {igd::kIpRouted, kIgdRouted},
+    {igd::kPppoeBridged, kIgdBridged},
+    {igd::kIpBridgeRouted, kIgdRoutedAndBridged},
 };
 
 bool is_true(const std::string& text) { return text == igd::kTrue; }

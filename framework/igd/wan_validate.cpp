@@ -1,8 +1,8 @@
 #include "bridges.h"
 #include "data_model.h"
 #include "igd_api.h"
+#include "igd_vocabulary.h"
 #include "path_tools.h"
-#include "port_names.h"
 #include "services.h"
 
 namespace {

@@ -3,6 +3,7 @@
 #include "bridges.h"
 #include "data_model.h"
 #include "igd_api.h"
+#include "igd_vocabulary.h"
 #include "port_update.h"
 #include "trace.h"
 #include "vlan.h"
@@ -22,14 +23,14 @@ struct ConnectionTypes {
 };
 
 constexpr ConnectionTypes kConnectionTypes[] = {
-    {kIgdRouted, "IP_Routed", "IP_Routed", "IP_Routed"},
-    {kIgdBridged, "IP_Bridged", "IP_Bridged", "PPPoE_Bridged"},
-    {kIgdRoutedAndBridged, "IP_BridgeRouted", "IP_BridgeRouted", "IP_BridgeRouted"},
+    {kIgdRouted, igd::kIpRouted, igd::kIpRouted, igd::kIpRouted},
+    {kIgdBridged, igd::kIpBridged, igd::kIpBridged, igd::kPppoeBridged},
+    {kIgdRoutedAndBridged, igd::kIpBridgeRouted, igd::kIpBridgeRouted, igd::kIpBridgeRouted},
 };
 
 int class_of_current_type(const std::string& connection_type) {
-  if (connection_type == "IP_Routed") return kIgdRouted;
-  if (connection_type == "IP_BridgeRouted") return kIgdRoutedAndBridged;
+  if (connection_type == igd::kIpRouted) return kIgdRouted;
+  if (connection_type == igd::kIpBridgeRouted) return kIgdRoutedAndBridged;
   return kIgdBridged;
 }
 

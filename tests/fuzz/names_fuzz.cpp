@@ -7,8 +7,8 @@
 #include "igd_api.h"
 #include "igd_c_api.h"
 #include "igd_common.h"
+#include "igd_vocabulary.h"
 #include "input.h"
-#include "port_names.h"
 
 namespace {
 

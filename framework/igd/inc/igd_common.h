@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "common_util.h"
+#include "igd_vocabulary.h"
 
 namespace igd {
 
@@ -23,20 +24,19 @@ struct Node {
 
 /// The four LAN ports share the switch device eth1 and are told apart by their VLAN numbers.
 inline constexpr Node kNodes[] = {
-    {"LAN0", "eth0", -1, true},   {"LAN_DEFAULT1", "eth1", -1, false},
-    {"LAN1", "eth1", 1, true},    {"LAN2", "eth1", 2, true},
-    {"LAN3", "eth1", 3, true},    {"LAN4", "eth1", 4, true},
-    {"LAN5", "usb0", -1, false},  {"WLAN1", "ath0", -1, false},
-    {"WLAN2", "ath1", -1, false}, {"WLAN3", "ath2", -1, false},
-    {"WLAN4", "ath4", -1, false}, {"WIFIW0", "ath3", -1, false},
-    {"REP0", "ath5", -1, false},  {"3G0", "3g", -1, false},
-    {"WDS1", "ath5", -1, false},  {"WDS2", "ath6", -1, false},
-    {"WDS3", "ath7", -1, false},  {"STA1", "ath5", -1, false},
+    {kEthernetUplink, "eth0", -1, true}, {kUndividedSwitch, "eth1", -1, false},
+    {"LAN1", "eth1", 1, true},           {"LAN2", "eth1", 2, true},
+    {"LAN3", "eth1", 3, true},           {"LAN4", "eth1", 4, true},
+    {"LAN5", "usb0", -1, false},         {"WLAN1", "ath0", -1, false},
+    {"WLAN2", "ath1", -1, false},        {"WLAN3", "ath2", -1, false},
+    {"WLAN4", "ath4", -1, false},        {kRepeaterUplink, "ath3", -1, false},
+    {"REP0", "ath5", -1, false},         {kMobileUplink, "3g", -1, false},
+    {"WDS1", "ath5", -1, false},         {"WDS2", "ath6", -1, false},
+    {"WDS3", "ath7", -1, false},         {"STA1", "ath5", -1, false},
 };
 
 /// The buffer that getPhyName gives out, terminator included: names are cut at 14 characters.
 inline constexpr std::size_t kPhysicalNameSize = 15;
-inline constexpr int kVlanEnd = 4095;  ///< first number that is no VLAN suffix
 
 /// Name of this source unit in the debug log.
 inline constexpr char kCommonUnit[] = "framework/igd/inc/igd_common";
@@ -58,7 +58,7 @@ inline const Node* find_node(std::string_view name) {
 /// @param vlan           the VLAN of the suffix
 /// @return whether it does
 inline bool takes_vlan_suffix(const Node& node, bool suffix_wanted, int vlan) {
-  return suffix_wanted && node.taggable && 0 <= vlan && vlan < kVlanEnd;
+  return suffix_wanted && node.taggable && 0 <= vlan && vlan <= kHighestVlan;
 }
 
 /// The system's name of a node, with ".<vlan>" where it takes one.

@@ -3,7 +3,7 @@
 
 #include "gateway_test.h"
 #include "igd_common.h"
-#include "port_names.h"
+#include "igd_vocabulary.h"
 
 namespace {
 
@@ -60,6 +60,15 @@ TEST(PortSets, TellTheUplinksPorts) {
 TEST(PortSets, TellTheSharedDevices) {
   for (const char* node : {"LAN0", "LAN_DEFAULT1"}) EXPECT_TRUE(igd::is_shared_device(node));
   for (const char* node : {"LAN1", "3G0", "WIFIW0", ""}) EXPECT_FALSE(igd::is_shared_device(node));
+}
+
+TEST(PortSets, HoldNodesOfTheTableOnly) {
+  for (const igd::Uplink& uplink : igd::kUplinks) {
+    EXPECT_NE(igd::find_node(uplink.port), nullptr) << uplink.port;
+    EXPECT_EQ(igd::uplink_port_of(uplink.access_type), uplink.port);
+  }
+  for (const char* port : igd::kBindablePorts) EXPECT_NE(igd::find_node(port), nullptr) << port;
+  EXPECT_NE(igd::find_node(igd::kUndividedSwitch), nullptr);
 }
 
 // Asked without suffix, with a VLAN that fits every taggable device, and for the node's own VLAN.
