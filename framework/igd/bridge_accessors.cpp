@@ -1,10 +1,17 @@
+#include <cstddef>
 #include <cstdio>
+#include <string>
 
 #include "bridges.h"
+#include "common_util.h"
 #include "data_model.h"
 #include "igd_c_api.h"
+#include "igd_common.h"
+#include "igd_types.h"
 #include "igd_vocabulary.h"
-#include "path_tools.h"
+#include "text.h"
+#include "trace.h"
+#include "tree_query.h"
 
 namespace {
 
@@ -45,6 +52,21 @@ void read_bridge_parameter(const char* wan_path, const char* name, char* buf, si
 }
 
 }  // namespace
+
+int igd_c_check_belong_bridge(const char* bridge_name, const char* ifname) {
+  const std::string found = igd::parameter_with_value(igd::kEverywhere, kBridgeName, bridge_name);
+  if (igd::tree() == nullptr || ifname == nullptr || found.empty()) return 0;
+  const std::string bridge_path = objectPathOf(found);
+  const bool tagged = igd::is_vlan_bridge(bridge_path);
+  for (const std::string& pvid : igd::instances_below(bridge_path, kPortPvid)) {
+    const int vlan = igd::number_of(pvid);
+    const std::string node = _get_value(objectPathOf(pvid), "PortInterface");
+    if (igd::physical_name(node, tagged, vlan) != ifname) continue;
+    c_debug_out(igd::kUnit, __LINE__, "Matched Ifname %s in bridge=%s", ifname, bridge_name);
+    return 1;
+  }
+  return 0;
+}
 
 unsigned int igd_c_get_mask(const char* name) {
   if (name == nullptr) return 0;

@@ -1,8 +1,14 @@
+#include <string>
+#include <string_view>
+
 #include "bridges.h"
+#include "common_util.h"
 #include "data_model.h"
 #include "igd_api.h"
 #include "igd_vocabulary.h"
+#include "text.h"
 #include "trace.h"
+#include "tree_query.h"
 #include "vlan.h"
 
 namespace {

@@ -1,14 +1,17 @@
+#include <cstddef>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "bridges.h"
+#include "common_util.h"
 #include "data_model.h"
 #include "igd_api.h"
-#include "igd_c_api.h"
 #include "igd_common.h"
 #include "igd_vocabulary.h"
-#include "path_tools.h"
+#include "text.h"
 #include "trace.h"
+#include "tree_query.h"
 
 namespace {
 
@@ -103,21 +106,6 @@ std::string igd_wan_intf(std::string wan_path, std::vector<std::string>& ports,
   }
   vlan_id = static_cast<unsigned int>(igd::number_at(bridge_path, "VLANID"));
   return _get_value(bridge_path, "BridgeName");
-}
-
-int igd_c_check_belong_bridge(const char* bridge_name, const char* ifname) {
-  const std::string found = igd::parameter_with_value(igd::kEverywhere, kBridgeName, bridge_name);
-  if (igd::tree() == nullptr || ifname == nullptr || found.empty()) return 0;
-  const std::string bridge_path = objectPathOf(found);
-  const bool tagged = igd::is_vlan_bridge(bridge_path);
-  for (const std::string& pvid : igd::instances_below(bridge_path, kPortPvid)) {
-    const int vlan = igd::number_of(pvid);
-    const std::string node = _get_value(objectPathOf(pvid), "PortInterface");
-    if (igd::physical_name(node, tagged, vlan) != ifname) continue;
-    c_debug_out(igd::kUnit, __LINE__, "Matched Ifname %s in bridge=%s", ifname, bridge_name);
-    return 1;
-  }
-  return 0;
 }
 
 int igd_wan_get_bridge_info_from_phy(std::string phy, std::string* bridge_path,

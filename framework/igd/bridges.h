@@ -5,7 +5,7 @@
 #include <string>
 
 #include "igd_types.h"
-#include "path_tools.h"
+#include "text.h"
 
 namespace igd {
 

@@ -1,8 +1,12 @@
 #include "data_model.h"
 
+#include <cstddef>
 #include <cstring>
+#include <string>
 
-#include "path_tools.h"
+#include "common_util.h"
+#include "igd_vocabulary.h"
+#include "text.h"
 
 namespace {
 

@@ -2,12 +2,18 @@
 
 #include <cstdio>
 #include <initializer_list>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "bridges.h"
+#include "common_util.h"
 #include "data_model.h"
+#include "igd_types.h"
 #include "igd_vocabulary.h"
+#include "text.h"
 #include "trace.h"
+#include "tree_query.h"
 #include "vlan.h"
 
 namespace {

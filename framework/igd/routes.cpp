@@ -1,7 +1,12 @@
+#include <string>
+#include <vector>
+
+#include "common_util.h"
 #include "data_model.h"
 #include "igd_api.h"
 #include "igd_vocabulary.h"
-#include "path_tools.h"
+#include "text.h"
+#include "tree_query.h"
 
 namespace {
 

@@ -5,8 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "common_util.h"
 #include "data_model.h"
-#include "path_tools.h"
+#include "tree_query.h"
 
 namespace igd {
 

@@ -1,8 +1,7 @@
-#include <cstring>
+#include <string>
 
 #include "data_model.h"
 #include "igd_api.h"
-#include "igd_c_api.h"
 #include "igd_vocabulary.h"
 
 namespace {
@@ -41,19 +40,4 @@ int igd_mng_server_set_params(api_mng_server_info* info) {
 
 std::string igd_c_get_lan_ipaddr() {
   return _get_value(igd::kLanIpInterface, "IPInterfaceIPAddress");
-}
-
-void igd_c_set_l3_name(const char* key, const char* value) {
-  if (key == nullptr || value == nullptr) return;
-  g_l3_ifname_table[key] = value;
-}
-
-void igd_c_get_l3_name(const char* key, char* buf, size_t size) {
-  if (key == nullptr) {
-    if (buf != nullptr && size != 0) buf[0] = '\0';
-    return;
-  }
-  if (buf == nullptr || size == 0) return;
-  const std::string value = g_l3_ifname_table[key];
-  std::strncpy(buf, value.c_str(), size - 1);  // Kept: a value that fills the limit stays open.
 }

@@ -2,14 +2,17 @@
 
 #include <algorithm>
 #include <optional>
+#include <string>
 #include <vector>
 
-#include "bridges.h"
+#include "common_util.h"
 #include "data_model.h"
 #include "igd_api.h"
 #include "igd_common.h"
 #include "igd_vocabulary.h"
+#include "text.h"
 #include "trace.h"
+#include "tree_query.h"
 
 namespace {
 
@@ -30,7 +33,7 @@ std::optional<std::string> vlan_of_bound_port(const std::string& bridge_path,
                                               const std::string& bind_wan) {
   for (const std::string& owner : igd::instances_below(bridge_path, kPortDependWanName)) {
     if (!igd::has_value(owner, bind_wan)) continue;
-    const std::string port_path = igd::port_of(owner);
+    const std::string port_path = objectPathOf(owner);
     const std::string node = _get_value(port_path, "PortInterface");
     const std::string physical = igd::physical_name(node, false, 0);
     if (!lends_its_vlan(physical)) continue;

@@ -1,10 +1,14 @@
 #include <cstdio>
+#include <map>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "data_model.h"
 #include "igd_api.h"
-#include "path_tools.h"
+#include "text.h"
 #include "trace.h"
+#include "tree_query.h"
 
 // Programs linked at fixed addresses read both maps directly; the cache map stands first.
 std::map<std::string, wan_mib_info*> g_wan_mibinfo_cache_list;
@@ -54,10 +58,4 @@ void _rebuid_cache(std::vector<std::string>& wan_paths) {
 int _destory_cache(std::string wan_path) {
   delete g_wan_mibinfo_cache_list[wan_path];
   return static_cast<int>(g_wan_mibinfo_cache_list.erase(wan_path));
-}
-
-int igd_wan_list(std::vector<std::string>& out) {
-  const int count = igd_tool_loop_instance(igd::kEverywhere, kWanConnectionDevice, out);
-  _rebuid_cache(out);
-  return count;
 }

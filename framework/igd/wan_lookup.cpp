@@ -1,11 +1,16 @@
+#include <cstddef>
 #include <cstdio>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "bridges.h"
+#include "common_util.h"
 #include "data_model.h"
 #include "igd_api.h"
 #include "igd_vocabulary.h"
-#include "path_tools.h"
+#include "text.h"
+#include "tree_query.h"
 
 namespace {
 
@@ -27,6 +32,12 @@ std::string relative_name(const std::string& node, const igd::ConnectionPaths& p
 }
 
 }  // namespace
+
+int igd_wan_list(std::vector<std::string>& out) {
+  const int count = igd_tool_loop_instance(igd::kEverywhere, kWanConnectionDevice, out);
+  _rebuid_cache(out);
+  return count;
+}
 
 std::string igd_wan_get_id_by_name(std::string name) {
   ensureContext();

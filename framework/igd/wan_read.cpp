@@ -1,13 +1,17 @@
+#include <cstddef>
 #include <cstdio>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "bridges.h"
+#include "common_util.h"
 #include "data_model.h"
 #include "igd_api.h"
 #include "igd_vocabulary.h"
+#include "text.h"
 #include "trace.h"
+#include "tree_query.h"
 #include "wan_fields.h"
 
 namespace {

@@ -1,4 +1,7 @@
+#include <cstddef>
 #include <cstdio>
+#include <string>
+#include <vector>
 
 #include "igd_api.h"
 

@@ -4,11 +4,13 @@
 #include <vector>
 
 #include "bridges.h"
+#include "common_util.h"
 #include "data_model.h"
 #include "igd_api.h"
 #include "igd_vocabulary.h"
-#include "path_tools.h"
 #include "services.h"
+#include "text.h"
+#include "tree_query.h"
 #include "wan_routes.h"
 
 namespace {

@@ -1,6 +1,10 @@
+#include <string>
+
 #include "data_model.h"
 #include "igd_api.h"
-#include "path_tools.h"
+#include "igd_vocabulary.h"
+#include "text.h"
+#include "tree_query.h"
 
 namespace {
 

@@ -1,11 +1,16 @@
+#include <cstddef>
 #include <cstdio>
+#include <string>
 
 #include "bridges.h"
+#include "common_util.h"
 #include "data_model.h"
 #include "igd_api.h"
 #include "igd_vocabulary.h"
 #include "port_update.h"
+#include "text.h"
 #include "trace.h"
+#include "tree_query.h"
 #include "vlan.h"
 #include "wan_fields.h"
 #include "wan_routes.h"

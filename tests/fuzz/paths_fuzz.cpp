@@ -8,8 +8,8 @@
 #include "igd_api.h"
 #include "igd_c_api.h"
 #include "input.h"
-#include "path_tools.h"
 #include "port_update.h"
+#include "text.h"
 
 namespace {
 

@@ -1,4 +1,8 @@
+// The names of ports, and the table of layer-3 interface names.
+#include <array>
+#include <cstddef>
 #include <cstring>
+#include <map>
 #include <string>
 
 #include "gateway_test.h"
@@ -152,6 +156,92 @@ TEST_F(PhysicalName, IsLoggedOnlyWhenItTakesASuffix) {
   };
   EXPECT_EQ(support::transcript_of(translate),
             "log framework/igd/inc/igd_common:401 ***** GET PHYNAME,VLANID=100,phy=eth1 \n");
+}
+
+class L3Names : public support::GatewayTest {
+ protected:
+  L3Names() { buffer_.fill('#'); }
+
+  /// The whole buffer after a look-up; a zero byte shows as ".".
+  std::string look_up(const char* key, size_t size) {
+    buffer_.fill('#');
+    igd_c_get_l3_name(key, buffer_.data(), size);
+    std::string text(buffer_.begin(), buffer_.end());
+    for (char& byte : text) byte = byte == '\0' ? '.' : byte;
+    return text;
+  }
+
+  std::array<char, 8> buffer_{};
+};
+
+TEST_F(L3Names, AreFoundByTheirKey) {
+  igd_c_set_l3_name("wan1", "ppp0");
+  igd_c_set_l3_name("wan2", "br1");
+  EXPECT_EQ(look_up("wan1", 8), "ppp0...#");
+  EXPECT_EQ(look_up("wan2", 8), "br1....#");
+}
+
+TEST_F(L3Names, AreReplaced) {
+  igd_c_set_l3_name("wan1", "ppp0");
+  igd_c_set_l3_name("wan1", "ppp1");
+  EXPECT_EQ(look_up("wan1", 8), "ppp1...#");
+  EXPECT_EQ(g_l3_ifname_table.size(), 1U);
+}
+
+TEST_F(L3Names, AreCopied) {
+  std::string key = "wan1";
+  std::string value = "ppp0";
+  igd_c_set_l3_name(key.c_str(), value.c_str());
+  key[0] = value[0] = 'x';
+  EXPECT_EQ(g_l3_ifname_table, (std::map<std::string, std::string>{{"wan1", "ppp0"}}));
+}
+
+TEST_F(L3Names, AreNotSetWithoutKeyOrValue) {
+  igd_c_set_l3_name(nullptr, "ppp0");
+  igd_c_set_l3_name("wan1", nullptr);
+  EXPECT_TRUE(g_l3_ifname_table.empty());
+}
+
+TEST_F(L3Names, MayBeEmptyTexts) {
+  igd_c_set_l3_name("", "ppp0");
+  igd_c_set_l3_name("wan1", "");
+  EXPECT_EQ(look_up("", 8), "ppp0...#");
+  EXPECT_EQ(look_up("wan1", 8), ".......#");
+}
+
+TEST_F(L3Names, JoinTheTableWhenLookedUp) {
+  EXPECT_EQ(look_up("wan1", 8), ".......#");
+  EXPECT_EQ(g_l3_ifname_table, (std::map<std::string, std::string>{{"wan1", ""}}));
+}
+
+TEST_F(L3Names, StayOpenWhenTheyFillTheLimit) {
+  igd_c_set_l3_name("wan1", "ppp0");
+  EXPECT_EQ(look_up("wan1", 7), "ppp0..##");
+  EXPECT_EQ(look_up("wan1", 6), "ppp0.###");
+  EXPECT_EQ(look_up("wan1", 5), "ppp0####");
+  EXPECT_EQ(look_up("wan1", 4), "ppp#####");
+  EXPECT_EQ(look_up("wan1", 2), "p#######");
+}
+
+TEST_F(L3Names, AreNotWrittenIntoABufferOfOne) {
+  igd_c_set_l3_name("wan1", "ppp0");
+  EXPECT_EQ(look_up("wan1", 1), "########");
+  EXPECT_EQ(look_up("wan2", 1), "########");
+  EXPECT_EQ(g_l3_ifname_table.count("wan2"), 1U);
+}
+
+TEST_F(L3Names, AreEmptyForANullKey) {
+  EXPECT_EQ(look_up(nullptr, 8), ".#######");
+  EXPECT_EQ(look_up(nullptr, 1), ".#######");
+  EXPECT_EQ(look_up(nullptr, 0), "########");
+  igd_c_get_l3_name(nullptr, nullptr, 8);
+  EXPECT_TRUE(g_l3_ifname_table.empty());
+}
+
+TEST_F(L3Names, AreNotLookedUpWithoutABuffer) {
+  igd_c_get_l3_name("wan1", nullptr, 8);
+  EXPECT_EQ(look_up("wan1", 0), "########");
+  EXPECT_TRUE(g_l3_ifname_table.empty());
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "connection_test.h"
-#include "path_tools.h"
+#include "text.h"
 
 namespace {
 

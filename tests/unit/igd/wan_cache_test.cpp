@@ -165,15 +165,6 @@ TEST_F(WanCache, DestroyedEntryIsMadeAnewFromTheTree) {
   EXPECT_EQ(entry_of(path)->ppp_path, path + "WANPPPConnection.1.");
 }
 
-TEST_F(WanCache, ListsTheConnectionsInTheTreesOrder) {
-  (void)add_connection_device(2, {});
-  (void)add_connection_device(1, {});
-  (void)add_connection_device(1, {});
-  Names paths = {"left over"};
-  EXPECT_EQ(igd_wan_list(paths), 3);
-  EXPECT_EQ(paths, (Names{wan_path(1, 1), wan_path(1, 2), wan_path(2, 1)}));
-}
-
 TEST_F(WanCache, ListingMakesNoEntries) {
   const std::string path = add_connection_device(1, {});
   Names paths;

@@ -1,4 +1,4 @@
-// Finding connections by name and path, writing to all their objects, and listing held ports.
+// Listing connections, finding them by name and path, writing to all their objects, and listing held ports.
 #include "connection_test.h"
 #include "stdout_capture.h"
 
@@ -8,6 +8,17 @@ using support::kBridges;
 using support::wan_path;
 
 using Texts = std::vector<std::string>;
+
+class WanList : public support::GatewayTest {};
+
+TEST_F(WanList, ListsTheConnectionsInTheTreesOrder) {
+  (void)add_connection_device(2, {});
+  (void)add_connection_device(1, {});
+  (void)add_connection_device(1, {});
+  Texts paths = {"left over"};
+  EXPECT_EQ(igd_wan_list(paths), 3);
+  EXPECT_EQ(paths, (Texts{wan_path(1, 1), wan_path(1, 2), wan_path(2, 1)}));
+}
 
 class WanNames : public support::GatewayTest {
  protected:
