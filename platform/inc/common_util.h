@@ -48,8 +48,8 @@ class InstanceIterator {
   /// Moves to the next instance.
   /// @return non-zero when there is one, 0 past the last
   virtual int next() = 0;      // slot 0
-  virtual void reserved1() {}  ///< the platform\'s own
-  virtual void reserved2() {}  ///< the platform\'s own
+  virtual void reserved1() {}  ///< the platform's own
+  virtual void reserved2() {}  ///< the platform's own
   /// Names the current instance.
   /// @return an object path ending in a dot for an object type, the full parameter name for a
   ///         parameter type
@@ -62,16 +62,16 @@ class InstanceIterator {
 /// The configuration tree of the gateway.
 class MibAccess {
  public:
-  virtual void reserved0() {}  ///< the platform\'s own
-  virtual void reserved1() {}  ///< the platform\'s own
-  virtual void reserved2() {}  ///< the platform\'s own
-  virtual void reserved3() {}  ///< the platform\'s own
-  virtual void reserved4() {}  ///< the platform\'s own
-  virtual void reserved5() {}  ///< the platform\'s own
-  virtual void reserved6() {}  ///< the platform\'s own
-  virtual void reserved7() {}  ///< the platform\'s own
-  virtual void reserved8() {}  ///< the platform\'s own
-  virtual void reserved9() {}  ///< the platform\'s own
+  virtual void reserved0() {}  ///< the platform's own
+  virtual void reserved1() {}  ///< the platform's own
+  virtual void reserved2() {}  ///< the platform's own
+  virtual void reserved3() {}  ///< the platform's own
+  virtual void reserved4() {}  ///< the platform's own
+  virtual void reserved5() {}  ///< the platform's own
+  virtual void reserved6() {}  ///< the platform's own
+  virtual void reserved7() {}  ///< the platform's own
+  virtual void reserved8() {}  ///< the platform's own
+  virtual void reserved9() {}  ///< the platform's own
 
   /// Creates an instance in a table.
   ///
@@ -93,7 +93,7 @@ class MibAccess {
   /// remove nothing, never the tree. So must unknown paths.
   virtual int deleteObject(const std::string& object_path) = 0;  // 11
 
-  virtual void reserved12() {}  ///< the platform\'s own
+  virtual void reserved12() {}  ///< the platform's own
 
   /// Starts a walk over every instance of a type anywhere in the tree, in ascending numeric order
   /// at every level. libigd reads all names before it writes, so a walk need not survive writes.
@@ -121,7 +121,7 @@ class MibAccess {
   ///         unknown names and names of instance 0 being refused without effect
   virtual int setValue(const std::string& name, const std::string& value, int flags) = 0;  // 16
 
-  virtual void reserved17() {}  ///< the platform\'s own
+  virtual void reserved17() {}  ///< the platform's own
 
   /// Makes everything written since the last commit durable and visible to other processes.
   ///
@@ -143,12 +143,12 @@ class MibAccess {
 /// The process-wide platform context.
 class PlatformContext {
  public:
-  virtual void reserved0() {}  ///< the platform\'s own
-  virtual void reserved1() {}  ///< the platform\'s own
-  virtual void reserved2() {}  ///< the platform\'s own
-  virtual void reserved3() {}  ///< the platform\'s own
-  virtual void reserved4() {}  ///< the platform\'s own
-  virtual void reserved5() {}  ///< the platform\'s own
+  virtual void reserved0() {}  ///< the platform's own
+  virtual void reserved1() {}  ///< the platform's own
+  virtual void reserved2() {}  ///< the platform's own
+  virtual void reserved3() {}  ///< the platform's own
+  virtual void reserved4() {}  ///< the platform's own
+  virtual void reserved5() {}  ///< the platform's own
 
   /// Gives the configuration tree. Asked for once; the object must live as long as the process.
   /// @return the tree, or null when this process has none
