@@ -1,4 +1,4 @@
-// The bridges that join a connection to its ports: names, paths, and the writes that make them.
+/// The bridges that join a connection to its ports: names, paths, and the writes that make them.
 #ifndef IGD_BRIDGES_H
 #define IGD_BRIDGES_H
 
@@ -11,7 +11,7 @@ namespace igd {
 
 /// Whose bridge _create_bridge looks for.
 enum BridgeKind : int {
-  kWanBridge = 2,  // the connection's own
+  kWanBridge = 2,  ///< the connection's own
   kLanBridge = 3,
 };
 

@@ -73,8 +73,8 @@ void store(const std::string& parameter, const std::string& value) {
   if (mib != nullptr) (void)mib->setValue(parameter, value, kSetFlags);
 }
 
-void read_into(std::string& field, const std::string& path, const char* name) {
-  field = _get_value(path, name);
+void read_into(const std::string& path, const char* name, std::string* field) {
+  *field = _get_value(path, name);
 }
 
 int number_at(const std::string& path, const char* name) {

@@ -1,4 +1,4 @@
-// Access to the platform's configuration tree: obtained once, used by every operation.
+/// Access to the platform's configuration tree: obtained once, used by every operation.
 #ifndef IGD_DATA_MODEL_H
 #define IGD_DATA_MODEL_H
 
@@ -40,7 +40,7 @@ void store(const std::string& parameter, const std::string& value);
 
 /// What the operations do with the value of path + name. A text that only one function sees takes
 /// half the code of one that every caller has to let go of, also when an exception passes.
-void read_into(std::string& field, const std::string& path, const char* name);
+void read_into(const std::string& path, const char* name, std::string* field);
 int number_at(const std::string& path, const char* name);
 bool value_is(const std::string& path, const char* name, const char* text);
 bool value_is(const std::string& path, const char* name, const std::string& text);

@@ -61,13 +61,13 @@ void trace_port(const std::string& port, const char* verb, const Stage& stage) {
               stage.group.name);
 }
 
-void append(Names& list, const Names& more) {
-  for (const std::string& name : more) list.push_back(name);
+void append(const Names& more, Names* list) {
+  for (const std::string& name : more) list->push_back(name);
 }
 
 Names joined(std::initializer_list<const Names*> lists) {
   Names all;
-  for (const Names* names : lists) append(all, *names);
+  for (const Names* names : lists) append(*names, &all);
   return all;
 }
 
@@ -184,8 +184,8 @@ void PortUpdate::collect_old_lan_ports() {
 }
 
 void PortUpdate::collect_new_ports() {
-  append(bind_wan_.after, info_.bind_wan);
-  append(bind_lan_.after, info_.bind_lan);
+  append(info_.bind_wan, &bind_wan_.after);
+  append(info_.bind_lan, &bind_lan_.after);
 }
 
 void PortUpdate::trace_groups() const {

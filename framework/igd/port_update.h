@@ -1,4 +1,4 @@
-// Moving ports between the LAN bridge and a connection's own bridge.
+/// Moving ports between the LAN bridge and a connection's own bridge.
 #ifndef IGD_PORT_UPDATE_H
 #define IGD_PORT_UPDATE_H
 

@@ -18,11 +18,11 @@ api_route_info read_route(const std::string& address) {
   api_route_info route;
   route.dest_ip = igd::value_of(address);
   const std::string route_path = objectPathOf(address);
-  igd::read_into(route.dest_mask, route_path, "DestSubnetMask");
+  igd::read_into(route_path, "DestSubnetMask", &route.dest_mask);
   route.enable = igd::value_is(route_path, "Enable", igd::kTrue) ? 1 : 0;
-  igd::read_into(route.gateway, route_path, "GatewayIPAddress");
+  igd::read_into(route_path, "GatewayIPAddress", &route.gateway);
   route.route_type = route.gateway.empty() ? kIgdRouteByInterface : kIgdRouteByGateway;
-  if (route.gateway.empty()) igd::read_into(route.interface, route_path, "Interface");
+  if (route.gateway.empty()) igd::read_into(route_path, "Interface", &route.interface);
   return route;
 }
 

@@ -1,4 +1,4 @@
-// Service lists: what a connection carries, recognised by parts of the text.
+/// Service lists: what a connection carries, recognised by parts of the text.
 #ifndef IGD_SERVICES_H
 #define IGD_SERVICES_H
 

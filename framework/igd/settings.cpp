@@ -25,7 +25,7 @@ constexpr ServerSetting kServerSettings[] = {
 int igd_mng_server_get_params(api_mng_server_info* info) {
   if (igd::tree() == nullptr || info == nullptr) return kIgdNoTree;
   for (const ServerSetting& row : kServerSettings) {
-    igd::read_into(info->*row.field, igd::kManagementServer, row.parameter);
+    igd::read_into(igd::kManagementServer, row.parameter, &(info->*row.field));
   }
   return kIgdOk;
 }

@@ -1,4 +1,4 @@
-// Working on texts and names as the gateway does. Knows no tree.
+/// Working on texts and names as the gateway does. Knows no tree.
 #ifndef IGD_TEXT_H
 #define IGD_TEXT_H
 

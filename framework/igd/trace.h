@@ -1,5 +1,5 @@
-// The line shapes of the library's trace on standard output. Field tools read these lines: their
-// texts, blanks and fixed numbers stay as they are.
+/// The line shapes of the library's trace on standard output. Field tools read these lines: their
+/// texts, blanks and fixed numbers stay as they are.
 #ifndef IGD_TRACE_H
 #define IGD_TRACE_H
 
@@ -8,7 +8,7 @@
 
 namespace igd {
 
-inline constexpr char kUnit[] = "igd_api";  // source unit as trace and log lines name it
+inline constexpr char kUnit[] = "igd_api";  ///< source unit as trace and log lines name it
 
 /// "vornik <operation>:<line>": the operation got this far.
 inline void trace_progress(const char* operation, int line = __builtin_LINE()) {

@@ -1,4 +1,4 @@
-// Finding things in the tree: walks over the instances of a type, and lookups by value.
+/// Finding things in the tree: walks over the instances of a type, and lookups by value.
 #ifndef IGD_TREE_QUERY_H
 #define IGD_TREE_QUERY_H
 
@@ -7,7 +7,7 @@
 
 namespace igd {
 
-inline constexpr char kEverywhere[] = "";  // prefix that matches every name
+inline constexpr char kEverywhere[] = "";  ///< prefix that matches every name
 
 /// Names of the instances of a type whose text begins with a prefix, in the tree's order.
 std::vector<std::string> instances_below(const std::string& prefix, int type);

@@ -1,4 +1,4 @@
-// VLAN identifiers: choosing a free one, and writing one to a bridge and its connection.
+/// VLAN identifiers: choosing a free one, and writing one to a bridge and its connection.
 #ifndef IGD_VLAN_H
 #define IGD_VLAN_H
 

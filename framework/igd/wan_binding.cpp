@@ -15,12 +15,12 @@ std::string interface_name(const std::string& node) {
                       : igd_trans_lan_interface_2_node(node);
 }
 
-void append_ports(const std::vector<std::string>& nodes, std::string& list) {
+void append_ports(const std::vector<std::string>& nodes, std::string* list) {
   for (const std::string& node : nodes) {
     std::printf("------phy:%s------------\n", node.c_str());
     if (node == igd::kEthernetUplink) continue;  // the uplink is no LAN binding
-    if (!list.empty()) list += ',';
-    list += interface_name(node);
+    if (!list->empty()) *list += ',';
+    *list += interface_name(node);
   }
 }
 
@@ -39,8 +39,8 @@ void saveLanInterfaceToWanNode(std::string wan_path, api_wan_info* info) {
   const std::string dhcp_name = entry->dhcp_path + kParameter;
   const std::string ppp_name = entry->ppp_path + kParameter;
   std::string list;
-  append_ports(info->bind_lan, list);
-  append_ports(info->bind_wan, list);
+  append_ports(info->bind_lan, &list);
+  append_ports(info->bind_wan, &list);
   std::printf("---static_path:%s---value:%s------------\n", static_name.c_str(), list.c_str());
   std::printf("---dhcp_path:%s---value:%s------------\n", dhcp_name.c_str(), list.c_str());
   std::printf("---ppp_path:%s---value:%s------------\n", ppp_name.c_str(), list.c_str());

@@ -1,4 +1,4 @@
-// Fields of a connection that are read and written in the same order, as rows of a table.
+/// Fields of a connection that are read and written in the same order, as rows of a table.
 #ifndef IGD_WAN_FIELDS_H
 #define IGD_WAN_FIELDS_H
 
@@ -9,7 +9,7 @@
 namespace igd {
 
 struct TextField {
-  std::string wan_mib_info::*owner;  // path of the object that has the parameter
+  std::string wan_mib_info::*owner;  ///< path of the object that has the parameter
   const char* parameter;
   std::string api_wan_info::*field;
 };

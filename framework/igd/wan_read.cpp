@@ -88,7 +88,7 @@ class WanReader {
                         const std::vector<std::string>& port_paths);
   void set_protocol();
 
-  static void read_dns_servers(const std::string& path, std::string& first, std::string& second);
+  static void read_dns_servers(const std::string& path, std::string* first, std::string* second);
 
   const std::string& wan_index_;
   const wan_mib_info& entry_;
@@ -114,15 +114,15 @@ void WanReader::trace_entry() const {
 template <std::size_t N>
 void WanReader::read_fields(const igd::TextField (&fields)[N]) {
   for (const igd::TextField& row : fields) {
-    igd::read_into(info_.*row.field, entry_.*row.owner, row.parameter);
+    igd::read_into(entry_.*row.owner, row.parameter, &(info_.*row.field));
   }
 }
 
 void WanReader::read_device_flags() {
-  igd::read_into(info_.wan_enable, entry_.wan_path, "X_CT-COM_Enable");
-  igd::read_into(info_.wan_remote_management_enable, entry_.wan_path,
-                 "X_CT-COM_RemoteManagerEnable");
-  igd::read_into(info_.stp_enable, entry_.wan_path, "X_CT-COM_STPEnable");
+  igd::read_into(entry_.wan_path, "X_CT-COM_Enable", &info_.wan_enable);
+  igd::read_into(entry_.wan_path, "X_CT-COM_RemoteManagerEnable",
+                 &info_.wan_remote_management_enable);
+  igd::read_into(entry_.wan_path, "X_CT-COM_STPEnable", &info_.stp_enable);
 }
 
 // Several objects can be enabled at once; DHCP wins over PPP, PPP over static.
@@ -153,25 +153,25 @@ void WanReader::read_dns_and_option60() {
   if (!any_enabled_) return;
   info_.ip_dns_enable = flag_of(*active_path_, "DNSEnabled");
   if (info_.connect_mode == kIgdDhcp) {
-    igd::read_into(info_.dhcp_option60, entry_.dhcp_path, "X_ZYN-COM_OPTION60");
+    igd::read_into(entry_.dhcp_path, "X_ZYN-COM_OPTION60", &info_.dhcp_option60);
   }
-  read_dns_servers(*active_path_, info_.ip_dns1, info_.ip_dns2);
+  read_dns_servers(*active_path_, &info_.ip_dns1, &info_.ip_dns2);
   info_.dhcp_dns_enable = flag_of(entry_.dhcp_path, "DNSEnabled");
-  read_dns_servers(entry_.dhcp_path, info_.dhcp_dns1, info_.dhcp_dns2);
+  read_dns_servers(entry_.dhcp_path, &info_.dhcp_dns1, &info_.dhcp_dns2);
   info_.static_dns_enable = flag_of(entry_.static_path, "DNSEnabled");
-  read_dns_servers(entry_.static_path, info_.static_dns1, info_.static_dns2);
+  read_dns_servers(entry_.static_path, &info_.static_dns1, &info_.static_dns2);
 }
 
-void WanReader::read_dns_servers(const std::string& path, std::string& first, std::string& second) {
+void WanReader::read_dns_servers(const std::string& path, std::string* first, std::string* second) {
   std::vector<std::string> servers = igd::split(_get_value(path, "DNSServers"), ",");
-  first = !servers.empty() ? std::move(servers[0]) : std::string();
-  second = servers.size() > 1 ? std::move(servers[1]) : std::string();  // a third has no field
+  *first = !servers.empty() ? std::move(servers[0]) : std::string();
+  *second = servers.size() > 1 ? std::move(servers[1]) : std::string();  // a third has no field
 }
 
 void WanReader::read_connection_type_name_service_nat() {
-  igd::read_into(connection_type_, *active_path_, "ConnectionType");
-  igd::read_into(info_.wan_info_name, *active_path_, "Name");
-  igd::read_into(info_.service_type, *active_path_, "X_CT-COM_ServiceList");
+  igd::read_into(*active_path_, "ConnectionType", &connection_type_);
+  igd::read_into(*active_path_, "Name", &info_.wan_info_name);
+  igd::read_into(*active_path_, "X_CT-COM_ServiceList", &info_.service_type);
   info_.nat_mode = flag_of(*active_path_, "NATEnabled");
 }
 

@@ -1,4 +1,4 @@
-// Which static routes hang on a connection.
+/// Which static routes hang on a connection.
 #ifndef IGD_WAN_ROUTES_H
 #define IGD_WAN_ROUTES_H
 

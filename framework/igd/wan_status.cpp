@@ -72,44 +72,44 @@ void StatusReader::read_ip_connection(const std::string& path) {
     set_disconnected();
     return;
   }
-  igd::read_into(status_.ip_addr, path, "ExternalIPAddress");
-  igd::read_into(status_.ip_mask, path, "SubnetMask");
-  igd::read_into(status_.ip_gw, path, "DefaultGateway");
-  igd::read_into(status_.ip_dns, path, "DNSServers");
+  igd::read_into(path, "ExternalIPAddress", &status_.ip_addr);
+  igd::read_into(path, "SubnetMask", &status_.ip_mask);
+  igd::read_into(path, "DefaultGateway", &status_.ip_gw);
+  igd::read_into(path, "DNSServers", &status_.ip_dns);
   status_.connected = 1;
 }
 
 void StatusReader::read_ppp_connection(const std::string& path) {
-  igd::read_into(status_.ip_addr, path, "ExternalIPAddress");
+  igd::read_into(path, "ExternalIPAddress", &status_.ip_addr);
   if (status_.ip_addr.empty() || status_.ip_addr == kNoAddress) {
     set_disconnected();
-    igd::read_into(status_.last_connection_error, path, "X_ZYN_COM_LastConnectionError");
+    igd::read_into(path, "X_ZYN_COM_LastConnectionError", &status_.last_connection_error);
     return;
   }
   status_.ip_mask = kHostMask;
-  igd::read_into(status_.ip_gw, path, "RemoteIPAddress");
-  igd::read_into(status_.ip_dns, path, "DNSServers");
+  igd::read_into(path, "RemoteIPAddress", &status_.ip_gw);
+  igd::read_into(path, "DNSServers", &status_.ip_dns);
   status_.connected = 1;
 }
 
 // The static connection keeps these whatever the mode.
 void StatusReader::read_shared_attributes() {
-  igd::read_into(status_.name, paths_.static_path, "Name");
-  igd::read_into(status_.uptime, paths_.static_path, "Uptime");
-  igd::read_into(status_.service_list, paths_.static_path, "X_CT-COM_ServiceList");
-  igd::read_into(status_.connection_type, paths_.static_path, "ConnectionType");
+  igd::read_into(paths_.static_path, "Name", &status_.name);
+  igd::read_into(paths_.static_path, "Uptime", &status_.uptime);
+  igd::read_into(paths_.static_path, "X_CT-COM_ServiceList", &status_.service_list);
+  igd::read_into(paths_.static_path, "ConnectionType", &status_.connection_type);
 }
 
 void StatusReader::read_counters() {
-  igd::read_into(status_.bytes_received, statistics_path_, "EthernetBytesReceived");
-  igd::read_into(status_.bytes_sent, statistics_path_, "EthernetBytesSent");
-  igd::read_into(status_.packets_received, statistics_path_, "EthernetPacketsReceived");
-  igd::read_into(status_.packets_sent, statistics_path_, "EthernetPacketsSent");
+  igd::read_into(statistics_path_, "EthernetBytesReceived", &status_.bytes_received);
+  igd::read_into(statistics_path_, "EthernetBytesSent", &status_.bytes_sent);
+  igd::read_into(statistics_path_, "EthernetPacketsReceived", &status_.packets_received);
+  igd::read_into(statistics_path_, "EthernetPacketsSent", &status_.packets_sent);
 }
 
 // Of the connection whose counters were read.
 void StatusReader::read_mac_address() {
-  igd::read_into(status_.mac_address, objectPathOf(statistics_path_), "MACAddress");
+  igd::read_into(objectPathOf(statistics_path_), "MACAddress", &status_.mac_address);
 }
 
 void StatusReader::set_disconnected() {
