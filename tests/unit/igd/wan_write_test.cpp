@@ -244,11 +244,33 @@ TEST_F(WanWrite, PrintsTheDumpFirstAndThePasswordInClear) {
   EXPECT_NE(printed.find("  pppoe_password:secret \n"), std::string::npos);
 }
 
-TEST_F(WanWrite, PrintsTextsCutAt255Characters) {
-  api_wan_info info = routed_pppoe("1_INTERNET", 0);
-  info.pppoe_user_name = std::string(256, 'u');
-  EXPECT_NE(printed_writing(info).find("  pppoe_user_name:" + std::string(255, 'u') + " \n"),
-            std::string::npos);
+TEST_F(WanWrite, PrintsEveryTextCutAt255Characters) {
+  const struct {
+    const char* label;
+    std::string api_wan_info::*field;
+  } kTraced[] = {
+      {"wan_remote_management_enable", &api_wan_info::wan_remote_management_enable},
+      {"wan_enable", &api_wan_info::wan_enable},
+      {"stp_enable", &api_wan_info::stp_enable},
+      {"info->wan_info_name", &api_wan_info::wan_info_name},
+      {"wan_name", &api_wan_info::wan_info_name},
+      {"dhcp_option60", &api_wan_info::dhcp_option60},
+      {"service_type", &api_wan_info::service_type},
+      {"pppoe_user_name", &api_wan_info::pppoe_user_name},
+      {"pppoe_password", &api_wan_info::pppoe_password},
+      {"pppoe_mtu", &api_wan_info::pppoe_mtu},
+      {"ip_dns", &api_wan_info::ip_dns1},
+      {"ip_addr", &api_wan_info::ip_addr},
+      {"ip_mask", &api_wan_info::ip_mask},
+      {"ip_gw", &api_wan_info::ip_gw},
+  };
+  for (const auto& c : kTraced) {
+    api_wan_info info = addressed(kIgdStatic);
+    info.*c.field = std::string(256, 'x');
+    const std::string printed = printed_writing(info);
+    const std::string kept = std::string("  ") + c.label + ':' + std::string(255, 'x') + " \n";
+    EXPECT_NE(printed.find(kept), std::string::npos) << c.label;
+  }
 }
 
 }  // namespace
