@@ -1,5 +1,8 @@
 // Whether a connection may go, and taking it out with everything that hangs on it.
+#include <string>
 #include <tuple>
+#include <utility>
+#include <vector>
 
 #include "gateway_test.h"
 #include "stdout_capture.h"
@@ -113,6 +116,31 @@ TEST_F(WanRemove, DropsTheCacheEntry) {
   ASSERT_EQ(g_wan_mibinfo_cache_list.count(path), 1U);
   (void)remove(path);
   EXPECT_EQ(g_wan_mibinfo_cache_list.count(path), 0U);
+}
+
+/// Looks at each port that is added whether the cache knows a connection.
+class CacheWatcher final : public support::MibDecorator {
+ public:
+  explicit CacheWatcher(std::string path)
+      : MibDecorator(host::mib_access()), path_(std::move(path)) {}
+  int addObject(const std::string& table_path, int* instance, int access_level) override {
+    known_.push_back(g_wan_mibinfo_cache_list.count(path_) != 0);
+    return next().addObject(table_path, instance, access_level);
+  }
+  const std::vector<bool>& known() const { return known_; }
+
+ private:
+  std::string path_;
+  std::vector<bool> known_;
+};
+
+TEST_F(WanRemove, DropsTheCacheEntryBeforeItGivesPortsBack) {
+  const std::string path = create(bridged("1_OTHER", 100, {"LAN1", "LAN2"}));
+  CacheWatcher watcher(path);
+  const support::BehindSwitchboard behind(watcher);
+  ASSERT_EQ(g_wan_mibinfo_cache_list.count(path), 1U);
+  (void)remove(path);
+  EXPECT_EQ(watcher.known(), (std::vector<bool>{false, false}));
 }
 
 TEST_F(WanRemove, CommitsOnceAtTheEnd) {
