@@ -98,7 +98,9 @@ void igd_c_get_wan_bridge_vlanpriority_name(const char* wan_path, char* buf, siz
 
 int igd_c_set_bridge_pvid(const char* bridge_name, api_wan_info* info) {
   ensureContext();
-  std::printf("vornik set %s pvid = %d\n", bridge_name, info->vlan_id);
+  std::printf("vornik set %s pvid = %d\n", bridge_name == nullptr ? "(null)" : bridge_name,
+              info->vlan_id);
+  if (bridge_name == nullptr) return 0;
   const std::string found = igd::parameter_with_value(igd::kEverywhere, kBridgeName, bridge_name);
   if (found.empty()) return 0;
   const std::string bridge_path = objectPathOf(found);

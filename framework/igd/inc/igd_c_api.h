@@ -78,11 +78,11 @@ IGD_C_API void igd_c_get_wan_bridge_vlanpriority_name(const char* wan_path, char
 
 /** Writes a connection's VLAN identifier as PVID of every port of a bridge, tagged or not.
  *
- * @param bridge_name  BridgeName of the bridge
- * @param info         only vlan_id is read
+ * @param bridge_name  BridgeName of the bridge; null prints "(null)" and changes nothing
+ * @param info         only vlan_id is read; must not be null
  * @return 0, always
  *
- * Both pointers must be valid. A bridge that does not exist changes nothing.
+ * A bridge that does not exist changes nothing.
  * Prints one line, and one more for each port. Does not commit. */
 IGD_C_API int igd_c_set_bridge_pvid(const char* bridge_name, struct api_wan_info* info);
 

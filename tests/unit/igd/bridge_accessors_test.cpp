@@ -265,6 +265,15 @@ TEST_F(SetBridgePvid, PrintsOneLineWithoutBridgeOrPorts) {
   EXPECT_EQ(write("unknown", 100), "vornik set unknown pvid = 100\n");
 }
 
+TEST_F(SetBridgePvid, ChangesNothingForANullNameButPrintsItsLine) {
+  api_wan_info info;
+  info.vlan_id = 100;
+  int result = -1;
+  const auto set_pvid = [&] { result = igd_c_set_bridge_pvid(nullptr, &info); };
+  EXPECT_EQ(support::transcript_of(set_pvid), "| vornik set (null) pvid = 100\n");
+  EXPECT_EQ(result, 0);
+}
+
 TEST_F(SetBridgePvid, DoesNotCommit) {
   api_wan_info info;
   info.vlan_id = 100;
