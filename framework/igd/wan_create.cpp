@@ -1,3 +1,4 @@
+#include <optional>
 #include <string>
 
 #include "bridges.h"
@@ -10,13 +11,14 @@
 
 namespace {
 
-// Path of the WAN device with this access type, made when there is none; "" when it cannot be made.
-std::string find_or_add_wan_device(const std::string& access_type) {
+// Path of the WAN device with this access type, made when there is none; none when it cannot be
+// made. A parameter of no object counts as found: the device's path is then the empty one.
+std::optional<std::string> find_or_add_wan_device(const std::string& access_type) {
   const std::string found =
       igd::parameter_with_value(igd::kEverywhere, kWanAccessType, access_type);
   if (!found.empty()) return objectPathOf(objectPathOf(found));
   auto [added, device_path] = igd::add_instance(igd::kWanDeviceTable);
-  if (!added) return {};
+  if (!added) return std::nullopt;
   _set_value(device_path, "WANCommonInterfaceConfig.WANAccessType", access_type);
   return device_path;
 }
@@ -50,9 +52,9 @@ std::string igd_wan_create(std::string access_type, api_wan_info* info) {
     (void)igd_wan_set_params(existing, info);
     return existing;
   }
-  const std::string device_path = find_or_add_wan_device(access_type);
-  if (device_path.empty()) return {};
-  auto [added, wan_path] = igd::add_instance(device_path + "WANConnectionDevice.");
+  const std::optional<std::string> device_path = find_or_add_wan_device(access_type);
+  if (!device_path) return {};
+  auto [added, wan_path] = igd::add_instance(*device_path + "WANConnectionDevice.");
   if (!added) return {};
   add_ip_connection(wan_path, igd::kStaticAddressing);
   add_ip_connection(wan_path, igd::kDhcpAddressing);

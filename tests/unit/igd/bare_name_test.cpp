@@ -1,7 +1,9 @@
-// A tree that enumerates a bridge's name by its bare name, as of no object: the bridge was found
-// all the same, and its path is the empty one.
+// A tree that enumerates a parameter by its bare name, as of no object: it was found all the same,
+// and the path of its object is the empty one.
 #include <map>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "connection_test.h"
 
@@ -70,6 +72,35 @@ TEST_F(BareBridgeTest, IsAskedForWhatAConnectionsBridgeHas) {
   char buffer[8] = "old";
   igd_c_get_wan_bridge_pvid_name(wan_.c_str(), buffer, sizeof(buffer));
   EXPECT_STREQ(buffer, "17");
+}
+
+class BareAccessType final : public support::MibDecorator {
+ public:
+  BareAccessType(MibAccess& next, const char* name) : MibDecorator(next), name_(name) {}
+  InstanceIterator* openInstanceIterator(int type) override {
+    return type == kWanAccessType ? &name_ : MibDecorator::openInstanceIterator(type);
+  }
+  void closeInstanceIterator(InstanceIterator* iterator) override {
+    if (iterator != &name_) MibDecorator::closeInstanceIterator(iterator);
+  }
+  std::string getValue(const std::string& name) override {
+    return name == name_.fullName() ? "Ethernet" : MibDecorator::getValue(name);
+  }
+
+ private:
+  OneName name_;
+};
+
+class BareAccessTypeTest : public support::GatewayTest {};
+
+TEST_F(BareAccessTypeTest, IsOfAWanDeviceWithTheEmptyPath) {
+  for (const char* name : {"WANAccessType", "WANCommonInterfaceConfig.WANAccessType"}) {
+    BareAccessType mib(host::mib_access(), name);
+    const support::BehindSwitchboard behind(mib);
+    EXPECT_EQ(create(support::routed_pppoe("1_INTERNET", 100)), "") << name;
+    EXPECT_EQ(take_refusals(), std::vector<std::string>{"addObject WANConnectionDevice."}) << name;
+    EXPECT_TRUE(tree_.instances(kWanAccessType).empty()) << name;
+  }
 }
 
 }  // namespace
