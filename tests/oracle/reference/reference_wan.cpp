@@ -67,13 +67,13 @@ void add_object(const std::string& table, const std::string& addressing) {
   add_mapping(object);
 }
 
-std::string device_with(const std::string& access_type) {
+std::optional<std::string> device_with(const std::string& access_type) {
   const std::string found = first_with("", 1007, access_type);
   if (!found.empty()) return parent(parent(found));
   bool added = false;
   const std::string table = "InternetGatewayDevice.WANDevice.";
   const std::string device = path_of(table, add(table, &added));
-  if (!added) return "";
+  if (!added) return std::nullopt;
   write(device, "WANCommonInterfaceConfig.WANAccessType", access_type);
   return device;
 }
@@ -144,12 +144,12 @@ std::string igd_wan_create(std::string access_type, api_wan_info* info) {
     (void)reference::igd_wan_set_params(existing, info);
     return existing;
   }
-  const std::string device = device_with(access_type);
-  if (device.empty()) return "";
+  const std::optional<std::string> device = device_with(access_type);
+  if (!device) return "";
   bool added = false;
-  const int instance = add(device + "WANConnectionDevice.", &added);
+  const int instance = add(*device + "WANConnectionDevice.", &added);
   if (!added) return "";
-  const std::string wan = path_of(device + "WANConnectionDevice.", instance);
+  const std::string wan = path_of(*device + "WANConnectionDevice.", instance);
   add_object(wan + "WANIPConnection.", "Static");
   add_object(wan + "WANIPConnection.", "DHCP");
   add_object(wan + "WANPPPConnection.", "");
