@@ -9,6 +9,7 @@
 #include <iostream>
 #include <sstream>
 
+#include "backend/with_store/store_backend.h"
 #include "cli/command_line.h"
 #include "cli/session.h"
 #include "harness.h"
@@ -94,7 +95,8 @@ Words arguments_of(const Command& command, unsigned options) {
 int run(const Command& command, unsigned options, const std::string& document) {
   std::istringstream input(document);
   std::streambuf* const before = std::cin.rdbuf(input.rdbuf());
-  igdctl::Session session;
+  static igdctl::StoreBackend backend;
+  igdctl::Session session(backend);
   session.options.output.json = (options & 8U) != 0;
   session.options.show_secrets = (options & 16U) != 0;
   CLI::App root;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "gateway/names.h"
+
 namespace igdctl {
 namespace {
 

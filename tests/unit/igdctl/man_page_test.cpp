@@ -21,13 +21,13 @@ TEST(ManPage, HasASectionForEveryCommandAndARowForEveryExitCode) {
   command.footer("Example:\n  igdctl wan list");
   root.add_subcommand("__hidden")->group("");
   EXPECT_EQ(man_page_names(root), std::vector<std::string>({"igdctl", "igdctl-wan"}));
-  const std::string page = man_page(root, "igdctl-wan");
+  const std::string page = man_page(root, "igdctl-wan", true);
   EXPECT_NE(page.find(".SS \"igdctl wan list\"\nAll of them.\n"), std::string::npos);
   EXPECT_NE(page.find("\n.nf\n.RS 4\nigdctl wan list\n"), std::string::npos) << page;
   for (const ExitCodeMeaning& row : exit_code_meanings()) {
     EXPECT_NE(page.find(roff_text(row.meaning)), std::string::npos) << row.meaning;
   }
-  EXPECT_EQ(man_page(root, "igdctl-nothing"), "");
+  EXPECT_EQ(man_page(root, "igdctl-nothing", true), "");
 }
 
 }  // namespace

@@ -1,14 +1,16 @@
+#include "acs/acs_commands.h"
+
 #include <CLI/App.hpp>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
-#include "backend/change.h"
+#include "cli/change.h"
 #include "cli/command_line.h"
-#include "cli/secrets.h"
+#include "cli/passwords.h"
 #include "cli/session.h"
-#include "gateway/tree_reader.h"
+#include "gateway/secrets.h"
 #include "igd_api.h"
 #include "term/failure.h"
 #include "term/text.h"
@@ -194,7 +196,7 @@ void add_acs_set(CLI::App& group, Session& session) {
   }
   add_password_options(command, "", "The gateway's", options->password);
   add_password_options(command, "request-", "The server's", options->request_password);
-  add_change_options(command, options->change);
+  add_change_options(command, session, options->change);
   command.callback(
       [&session, options] { session.on_run([&session, options] { set(session, *options); }); });
 }

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "backend/change.h"
 #include "bridge/bridge_commands.h"
 #include "bridge/bridge_repair.h"
+#include "cli/change.h"
 #include "cli/command_line.h"
 #include "cli/session.h"
 #include "gateway/bridge_names.h"
@@ -176,7 +176,7 @@ void add_bridge_create(CLI::App& group, Session& session) {
                                   "bridge create Internet");
   const auto options = std::make_shared<CreateOptions>();
   add_connection_argument(command, options->connection);
-  add_change_options(command, options->change);
+  add_change_options(command, session, options->change);
   command.callback(
       [&session, options] { session.on_run([&session, options] { create(session, *options); }); });
 }
@@ -186,7 +186,7 @@ void add_bridge_remove(CLI::App& group, Session& session) {
                                   "bridge remove br_1_9");
   const auto options = std::make_shared<RemoveOptions>();
   add_bridge_argument(command, options->bridge);
-  add_change_options(command, options->change);
+  add_change_options(command, session, options->change);
   add_force_option(command, options->change);
   command.callback(
       [&session, options] { session.on_run([&session, options] { remove(session, *options); }); });
@@ -198,7 +198,7 @@ void add_bridge_move(CLI::App& group, Session& session) {
   const auto options = std::make_shared<MoveOptions>();
   command.add_option("PORT", options->port, "A port of the household, such as LAN1")->required();
   add_bridge_argument(command, options->bridge);
-  add_change_options(command, options->change);
+  add_change_options(command, session, options->change);
   command.callback(
       [&session, options] { session.on_run([&session, options] { move(session, *options); }); });
 }

@@ -1,4 +1,4 @@
-/// The parts of the group "bridge", for bridge_commands.cpp.
+/// The groups "bridge" and "vlan".
 #ifndef IGDCTL_BRIDGE_COMMANDS_H
 #define IGDCTL_BRIDGE_COMMANDS_H
 
@@ -10,6 +10,10 @@ namespace igdctl {
 
 class Session;
 
+void add_bridge_commands(CLI::App& root, Session& session);
+void add_vlan_commands(CLI::App& root, Session& session);
+
+// Its parts.
 void add_bridge_list(CLI::App& group, Session& session);
 void add_bridge_show(CLI::App& group, Session& session);
 void add_bridge_of(CLI::App& group, Session& session);

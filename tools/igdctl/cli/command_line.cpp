@@ -5,7 +5,6 @@
 #include <memory>
 #include <vector>
 
-#include "backend/platform.h"
 #include "cli/session.h"
 #include "term/text.h"
 #include "version.h"
@@ -25,9 +24,7 @@ class HelpFormatter : public CLI::Formatter {
                         CLI::AppFormatMode mode) const override {
     if (app->get_parent() != nullptr) return CLI::Formatter::make_help(app, name, mode);
     std::string text = "Usage: igdctl [OPTION]... GROUP COMMAND [ARGUMENT]...\n\n";
-    for (const CLI::App* group : app->get_subcommands([](const CLI::App* sub) {
-           return !sub->get_group().empty();  // hidden ones have none
-         })) {
+    for (const CLI::App* group : shown_commands(*app)) {
       text += row(group->get_name(), group->get_description());
     }
     text += '\n';
@@ -54,7 +51,11 @@ void add_global_options(CLI::App& root, Session& session) {
   root.set_help_flag("-h,--help", "This help, or that of a group or command");
   root.set_version_flag("--version", std::string("igdctl ") + kVersion)
       ->description("The version of igdctl");
-  add_store_option(root, session);
+  if (session.backend().has_store()) {
+    root.add_option("--store", options.store,
+                    "The store's file, instead of IGD_STORE or the usual one")
+        ->type_name("FILE");
+  }
   root.add_flag("--json", options.output.json, "Results as one JSON document");
   root.add_flag("--show-secrets", options.show_secrets, "Passwords in clear instead of stars");
   root.add_option("--trace", options.trace,
@@ -92,21 +93,15 @@ const CLI::App& chosen_command(const CLI::App& root) {
   return *command;
 }
 
-std::string words_of(const CLI::App& command) {
-  const CLI::App* const parent = command.get_parent();
-  return parent == nullptr ? "igdctl" : words_of(*parent) + ' ' + command.get_name();
-}
-
 // A word where a command should be; CLI11 only says that a command is missing.
 bool find_unknown_command(const CLI::App& root, const CLI::App& command, Problem* problem) {
   const std::vector<std::string> words = root.remaining(true);
-  const std::vector<const CLI::App*> known = command.get_subcommands(
-      [](const CLI::App* sub) { return !sub->get_group().empty(); });  // hidden ones have none
+  const std::vector<const CLI::App*> known = shown_commands(command);
   if (known.empty() || words.empty() || words.front().rfind('-', 0) == 0) return false;
   std::vector<std::string> names;
   for (const CLI::App* sub : known) names.push_back(sub->get_name());
   const std::vector<std::string> near = near_names(words.front(), names);
-  problem->message = words_of(command) + " has no command " + in_quotes(words.front());
+  problem->message = command_path(command) + " has no command " + in_quotes(words.front());
   problem->hint =
       near.empty() ? "it has " + joined(names, ", ") : "did you mean " + joined(near, " or ") + "?";
   return true;
@@ -121,7 +116,7 @@ std::string one_line(std::string text) {
 
 }  // namespace
 
-void build_command_line(CLI::App& root, Session& session) {
+void build_root(CLI::App& root, Session& session) {
   root.name("igdctl");
   root.description("The WAN connections of a home gateway, and the bridges that carry them");
   auto formatter = std::make_shared<HelpFormatter>();
@@ -131,17 +126,6 @@ void build_command_line(CLI::App& root, Session& session) {
   root.require_subcommand(1);
   add_global_options(root, session);
   root.fallthrough();  // global options may stand anywhere; groups inherit this
-  add_wan_commands(root, session);
-  add_bridge_commands(root, session);
-  add_vlan_commands(root, session);
-  add_route_commands(root, session);
-  add_acs_commands(root, session);
-  add_lan_commands(root, session);
-  add_topology_command(root, session);
-  add_doctor_command(root, session);
-  add_tree_commands(root, session);
-  add_store_commands(root, session);
-  add_completion_commands(root, session);
 }
 
 bool parse_command_line(CLI::App& root, int argc, const char* const* argv, int* exit_code) {
@@ -155,7 +139,7 @@ bool parse_command_line(CLI::App& root, int argc, const char* const* argv, int* 
       return false;
     }
     const CLI::App& command = chosen_command(root);
-    Problem problem{one_line(error.what()), "see " + words_of(command) + " --help"};
+    Problem problem{one_line(error.what()), "see " + command_path(command) + " --help"};
     (void)find_unknown_command(root, command, &problem);
     report(Failure(ExitCode::kBadInput, {problem}));
   }
@@ -176,9 +160,23 @@ CLI::App& add_command(CLI::App& group, const std::string& name, const std::strin
   return command;
 }
 
-void add_connection_argument(CLI::App& command, std::string& words) {
-  command.add_option("CONNECTION", words, "Its name, its path, or <d>.<c> as in the list")
+void add_connection_argument(CLI::App& command, std::string& selector) {
+  command.add_option("CONNECTION", selector, "Its name, its path, or <d>.<c> as in the list")
       ->required();
+}
+
+void add_bridge_argument(CLI::App& command, std::string& selector) {
+  command.add_option("BRIDGE", selector, "Its name or its path, as in the list")->required();
+}
+
+std::string command_path(const CLI::App& command) {
+  const CLI::App* const parent = command.get_parent();
+  return parent == nullptr ? "igdctl" : command_path(*parent) + ' ' + command.get_name();
+}
+
+std::vector<const CLI::App*> shown_commands(const CLI::App& command) {
+  return command.get_subcommands(
+      [](const CLI::App* sub) { return !sub->get_group().empty(); });  // hidden ones have none
 }
 
 }  // namespace igdctl

@@ -4,13 +4,14 @@
 
 #include <CLI/App.hpp>
 #include <string>
+#include <vector>
 
 namespace igdctl {
 
 class Session;
 
-/// The root command with its global options and every group.
-void build_command_line(CLI::App& root, Session& session);
+/// Makes the root command, with its global options and without any group.
+void build_root(CLI::App& root, Session& session);
 
 /// Parses the arguments of a process. A failed parse and --help are done with when it returns.
 /// @return true when the session has work to do; else `exit_code` is set
@@ -24,20 +25,16 @@ CLI::App& add_command(CLI::App& group, const std::string& name, const std::strin
                       const std::string& example);
 
 /// Adds the required argument CONNECTION: a name, a path or "<d>.<c>", for find_connection().
-void add_connection_argument(CLI::App& command, std::string& words);
+void add_connection_argument(CLI::App& command, std::string& selector);
 
-// One for each group; each stands in <group>_commands.cpp.
-void add_wan_commands(CLI::App& root, Session& session);
-void add_bridge_commands(CLI::App& root, Session& session);
-void add_vlan_commands(CLI::App& root, Session& session);
-void add_route_commands(CLI::App& root, Session& session);
-void add_acs_commands(CLI::App& root, Session& session);
-void add_lan_commands(CLI::App& root, Session& session);
-void add_topology_command(CLI::App& root, Session& session);
-void add_doctor_command(CLI::App& root, Session& session);
-void add_tree_commands(CLI::App& root, Session& session);
-void add_store_commands(CLI::App& root, Session& session);  ///< nothing on a gateway
-void add_completion_commands(CLI::App& root, Session& session);
+/// Adds the required argument BRIDGE, for find_bridge().
+void add_bridge_argument(CLI::App& command, std::string& selector);
+
+/// "igdctl wan list", as it is typed.
+std::string command_path(const CLI::App& command);
+
+/// The groups or commands below this one that help shows.
+std::vector<const CLI::App*> shown_commands(const CLI::App& command);
 
 }  // namespace igdctl
 

@@ -1,9 +1,9 @@
 #include "cli/input_file.h"
 
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
-#include <memory>
+#include <fstream>
+#include <iostream>
 
 #include "term/failure.h"
 #include "term/text.h"
@@ -20,27 +20,23 @@ constexpr std::size_t kLargest = std::size_t{64} << 20U;
                 "name a file that you can read, or - for standard input");
 }
 
-std::string content_of(std::FILE* stream, const std::string& file) {
-  std::string content;
-  constexpr std::size_t kBlock = 65536;
-  char block[kBlock];
-  std::size_t length = 0;
-  while ((length = std::fread(block, 1, sizeof(block), stream)) > 0) {
-    content.append(block, length);
-    if (content.size() > kLargest) fail_to_read(file, "it is larger than 64 MiB");
-  }
-  if (std::ferror(stream) != 0) fail_to_read(file, std::strerror(errno));
-  return content;
-}
-
 }  // namespace
 
 std::string content_of_file(const std::string& file) {
-  if (file == "-") return content_of(stdin, file);
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen(file.c_str(), "rbe"),
-                                                               &std::fclose);
-  if (stream == nullptr) fail_to_read(file, std::strerror(errno));
-  return content_of(stream.get(), file);
+  std::ifstream opened;
+  if (file != "-") opened.open(file, std::ios::binary);
+  std::istream& input = file == "-" ? std::cin : opened;
+  if (file != "-" && !opened.is_open()) fail_to_read(file, std::strerror(errno));
+  std::string content;
+  constexpr std::size_t kBlock = 65536;
+  char block[kBlock];
+  while (input.good()) {
+    input.read(block, kBlock);
+    content.append(block, static_cast<std::size_t>(input.gcount()));
+    if (content.size() > kLargest) fail_to_read(file, "it is larger than 64 MiB");
+  }
+  if (input.bad()) fail_to_read(file, std::strerror(errno));
+  return content;
 }
 
 std::string source_name_of(const std::string& file) {

@@ -1,7 +1,8 @@
-/// Files that a command takes its input from.
+/// What a command reads from a file, or from standard input.
 #ifndef IGDCTL_INPUT_FILE_H
 #define IGDCTL_INPUT_FILE_H
 
+#include <cstddef>
 #include <string>
 
 namespace igdctl {

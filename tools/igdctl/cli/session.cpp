@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "backend/platform.h"
 #include "cli/trace.h"
 #include "igd_api.h"
 #include "term/text.h"
@@ -63,7 +62,7 @@ void Session::run_with_trace() {
 }
 
 MibAccess& Session::tree() {
-  if (tree_ == nullptr) tree_ = &open_tree(options.store);
+  if (tree_ == nullptr) tree_ = &backend_.open_tree(options.store);
   return *tree_;
 }
 

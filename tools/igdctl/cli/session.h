@@ -7,6 +7,7 @@
 #include <string>
 #include <utility>
 
+#include "backend/backend.h"
 #include "common_util.h"
 #include "term/failure.h"
 #include "term/output.h"
@@ -24,6 +25,8 @@ struct GlobalOptions {
 /// run() calls that when the library's trace is out of the way.
 class Session {
  public:
+  explicit Session(Backend& backend) : backend_(backend) {}
+
   GlobalOptions options;  // NOLINT(*-non-private-member-variables-in-classes): CLI11 fills it
 
   /// Called by the chosen command when it was parsed.
@@ -40,12 +43,16 @@ class Session {
   /// any operation of the library. Throws Failure (kStore) when there is none.
   MibAccess& tree();
 
+  /// What stands behind the tree. But for has_store() it is to be asked after tree().
+  Backend& backend() const { return backend_; }
+
   /// Ends with this code though the work was done, as doctor does when it found something.
   void set_exit_code(ExitCode code) { exit_code_ = code; }
 
  private:
   void run_with_trace();
 
+  Backend& backend_;
   std::function<void()> work_;
   std::unique_ptr<Output> output_;
   MibAccess* tree_ = nullptr;

@@ -1,3 +1,5 @@
+#include "doctor/doctor_commands.h"
+
 #include <nlohmann/json.hpp>
 #include <string>
 
@@ -51,7 +53,8 @@ void show(Session& session, const std::vector<Finding>& findings) {
 }
 
 void examine_tree(Session& session) {
-  const Snapshot snapshot = read_snapshot(session.tree());
+  Snapshot snapshot = read_snapshot(session.tree());
+  snapshot.has_store = session.backend().has_store();
   const std::vector<Finding> findings = examine(snapshot);
   if (!findings.empty()) session.set_exit_code(ExitCode::kFindings);
   Output& output = session.output();

@@ -1,4 +1,3 @@
-#include "backend/platform.h"
 #include "doctor/doctor.h"
 #include "gateway/tree_reader.h"
 #include "igd_api.h"
@@ -54,7 +53,6 @@ RouteState read_route(MibAccess& tree, const std::string& path) {
 
 Snapshot read_snapshot(MibAccess& tree) {
   Snapshot snapshot;
-  snapshot.has_store = has_store();
   for (const Connection& connection : list_connections(tree)) {
     snapshot.connections.push_back(read_state(tree, connection));
   }

@@ -47,10 +47,6 @@ const Bridge& find_bridge(const std::vector<Bridge>& bridges, const std::string&
   return *meant.front();
 }
 
-void add_bridge_argument(CLI::App& command, std::string& words) {
-  command.add_option("BRIDGE", words, "Its name or its path, as in the list")->required();
-}
-
 const Bridge* find_lan_bridge(const std::vector<Bridge>& bridges) {
   for (const Bridge& bridge : bridges) {
     if (bridge.name == kLanBridge) return &bridge;

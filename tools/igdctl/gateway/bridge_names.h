@@ -2,7 +2,6 @@
 #ifndef IGDCTL_BRIDGE_NAMES_H
 #define IGDCTL_BRIDGE_NAMES_H
 
-#include <CLI/App.hpp>
 #include <string>
 #include <vector>
 
@@ -15,9 +14,6 @@ namespace igdctl {
 /// The bridge that people mean: by its name or its path (the last dot may be left out). Throws
 /// Failure: kNotFound, with names that are near, or kBadInput when several match.
 const Bridge& find_bridge(const std::vector<Bridge>& bridges, const std::string& words);
-
-/// Adds the required argument BRIDGE for find_bridge().
-void add_bridge_argument(CLI::App& command, std::string& words);
 
 /// The bridge named "internet" that joins the household's ports; null when there is none.
 const Bridge* find_lan_bridge(const std::vector<Bridge>& bridges);

@@ -14,14 +14,4 @@ std::vector<std::string> instances_below(const std::string& path, ObjectType typ
   return names;
 }
 
-std::string parent_of(std::string_view name) {
-  if (!name.empty() && name.back() == '.') name.remove_suffix(1);
-  const std::size_t dot = name.rfind('.');
-  return dot == std::string_view::npos ? std::string() : std::string(name.substr(0, dot + 1));
-}
-
-bool begins_with(std::string_view text, std::string_view prefix) {
-  return text.substr(0, prefix.size()) == prefix;
-}
-
 }  // namespace igdctl

@@ -1,4 +1,4 @@
-/// Small reads of the tree. A path ends with a dot, a name does not.
+/// Small reads of the tree.
 #ifndef IGDCTL_TREE_READER_H
 #define IGDCTL_TREE_READER_H
 
@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "common_util.h"
+#include "gateway/names.h"
 
 namespace igdctl {
 
@@ -19,11 +20,6 @@ std::string value_in(MibAccess& tree, const std::string& object_path, std::strin
 
 /// Full names of the instances of a type below a path, in the tree's order.
 std::vector<std::string> instances_below(const std::string& path, ObjectType type);
-
-/// "A.B.C" and "A.B.C." give "A.B."; "" when nothing is above.
-std::string parent_of(std::string_view name);
-
-bool begins_with(std::string_view text, std::string_view prefix);
 
 }  // namespace igdctl
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "gateway/tree_reader.h"
+#include "cli/command_line.h"
 #include "term/text.h"
 
 namespace igdctl {
@@ -116,13 +116,11 @@ class LineWalk {
 
   const CLI::App* subcommand(const std::string& word) const {
     if (only_arguments_ || arguments_ > 0) return nullptr;
-    for (const CLI::App* sub : command_->get_subcommands(is_shown)) {
+    for (const CLI::App* sub : shown_commands(*command_)) {
       if (sub->get_name() == word) return sub;
     }
     return nullptr;
   }
-
-  static bool is_shown(const CLI::App* sub) { return !sub->get_group().empty(); }
 
   const CLI::Option* option_named(const std::string& name) const {
     for (const CLI::App* app = command_; app != nullptr; app = app->get_parent()) {
@@ -141,7 +139,7 @@ class LineWalk {
 
   void offer_commands(const std::string& prefix) {
     if (only_arguments_ || arguments_ > 0) return;
-    for (const CLI::App* sub : command_->get_subcommands(is_shown)) {
+    for (const CLI::App* sub : shown_commands(*command_)) {
       offer(sub->get_name(), sub->get_description(), prefix);
     }
   }

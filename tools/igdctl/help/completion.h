@@ -9,17 +9,14 @@
 #include <string>
 #include <vector>
 
+#include "backend/backend.h"
+
 namespace igdctl {
 
 class Session;
 
 /// What can be asked for by `__complete KIND`, beside kNothing.
 enum class WordKind { kNothing, kConnection, kPort, kBridge, kCheckpoint, kParameter, kFile };
-
-struct Candidate {
-  std::string word;
-  std::string description;
-};
 
 /// What fits at the end of a command line.
 struct Completion {
@@ -36,11 +33,6 @@ Completion complete_line(const CLI::App& root, const std::vector<std::string>& w
 /// The words of a kind in the tree of this run that begin so. None when there is no store or it
 /// cannot be read; a store is never made.
 std::vector<Candidate> words_of_kind(Session& session, WordKind kind, const std::string& prefix);
-
-/// The same for what only a store has; supplied by each build.
-std::vector<Candidate> checkpoint_words();
-std::vector<Candidate> parameter_words(const std::string& prefix);
-bool has_tree_to_read(const Session& session);
 
 /// The script for a shell, "bash", "zsh" or "fish"; "" for another one.
 std::string completion_script(const std::string& shell);

@@ -5,8 +5,8 @@
 #include "cli/session.h"
 #include "gateway/bridges.h"
 #include "gateway/connections.h"
-#include "gateway/tree_reader.h"
 #include "help/completion.h"
+#include "help/help_commands.h"
 #include "help/man_page.h"
 #include "term/text.h"
 
@@ -46,7 +46,8 @@ std::vector<Candidate> port_words(MibAccess& tree) {
   return words;
 }
 
-std::vector<Candidate> all_words(MibAccess& tree, WordKind kind, const std::string& prefix) {
+std::vector<Candidate> all_words(Session& session, WordKind kind, const std::string& prefix) {
+  MibAccess& tree = session.tree();
   switch (kind) {
     case WordKind::kConnection:
       return connection_words(tree);
@@ -55,9 +56,9 @@ std::vector<Candidate> all_words(MibAccess& tree, WordKind kind, const std::stri
     case WordKind::kBridge:
       return bridge_words(tree);
     case WordKind::kCheckpoint:
-      return checkpoint_words();
+      return session.backend().checkpoint_words();
     case WordKind::kParameter:
-      return parameter_words(prefix);
+      return session.backend().parameter_words(prefix);
     case WordKind::kNothing:
     case WordKind::kFile:
       break;
@@ -95,7 +96,7 @@ void print_man_page(Session& session, const CLI::App& root, const std::string& n
     for (const std::string& page : man_page_names(root)) output.line(page);
     return;
   }
-  const std::string page = man_page(root, name);
+  const std::string page = man_page(root, name, session.backend().has_store());
   if (page.empty()) {
     throw Failure(ExitCode::kBadInput, "there is no page " + in_quotes(name),
                   "igdctl __man lists them");
@@ -139,8 +140,8 @@ std::vector<Candidate> words_of_kind(Session& session, WordKind kind, const std:
   std::vector<Candidate> words;
   if (kind == WordKind::kNothing || kind == WordKind::kFile) return words;
   try {
-    if (!has_tree_to_read(session)) return words;
-    words = all_words(session.tree(), kind, prefix);
+    if (!session.backend().has_tree(session.options.store)) return words;
+    words = all_words(session, kind, prefix);
   } catch (const Failure&) {
     return {};  // completion is no place for messages
   }
@@ -151,7 +152,7 @@ std::vector<Candidate> words_of_kind(Session& session, WordKind kind, const std:
   return fitting;
 }
 
-void add_completion_commands(CLI::App& root, Session& session) {
+void add_help_commands(CLI::App& root, Session& session) {
   CLI::App& command = *root.add_subcommand("completion", "The completion script for a shell");
   command.footer("Example:\n  source <(igdctl completion bash)");
   const auto shell = std::make_shared<std::string>();

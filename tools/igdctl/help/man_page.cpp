@@ -2,7 +2,6 @@
 
 #include <sstream>
 
-#include "backend/platform.h"
 #include "cli/command_line.h"
 #include "term/exit_codes.h"
 #include "version.h"
@@ -39,17 +38,7 @@ constexpr char kWithStore[] =
     "whole or not at all. --dry-run shows what it would do. --confirm SECONDS takes it back unless "
     "igdctl store confirm follows in time.";
 
-std::vector<const CLI::App*> shown_commands(const CLI::App& app) {
-  return app.get_subcommands([](const CLI::App* sub) { return !sub->get_group().empty(); });
-}
-
 std::string page_name_of(const CLI::App& group) { return "igdctl-" + group.get_name(); }
-
-// "igdctl wan list"
-std::string words_of(const CLI::App& command) {
-  const CLI::App* const parent = command.get_parent();
-  return parent == nullptr ? "igdctl" : words_of(*parent) + ' ' + command.get_name();
-}
 
 // Without what the validators add behind a colon.
 std::string type_of(const CLI::Option& option) {
@@ -127,12 +116,12 @@ void write_options(Page& page, const CLI::App& command) {
 void write_synopsis(Page& page, const CLI::App& command) {
   const std::vector<const CLI::App*> commands = shown_commands(command);
   const bool itself = commands.empty() || command.get_require_subcommand_min() == 0;
-  if (itself) page.synopsis(words_of(command), arguments_of(command));
+  if (itself) page.synopsis(command_path(command), arguments_of(command));
   for (const CLI::App* sub : commands) write_synopsis(page, *sub);
 }
 
 void write_command(Page& page, const CLI::App& command) {
-  page.subsection(words_of(command));
+  page.subsection(command_path(command));
   page.line(command.get_description() + '.');
   write_options(page, command);
   for (const CLI::App* sub : shown_commands(command)) write_command(page, *sub);
@@ -154,16 +143,16 @@ void write_exit_codes(Page& page) {
   }
 }
 
-void write_surroundings(Page& page) {
+void write_surroundings(Page& page, bool has_store) {
   write_exit_codes(page);
   page.section("FILES");
-  if (has_store()) {
+  if (has_store) {
     page.terms(kFiles);
   } else {
     page.term(kFiles[2].term, kFiles[2].text);
   }
   page.section("ENVIRONMENT");
-  if (has_store()) page.terms(kStoreEnvironment);
+  if (has_store) page.terms(kStoreEnvironment);
   page.terms(kEnvironment);
 }
 
@@ -176,13 +165,13 @@ void write_see_also(Page& page, const CLI::App& root, const std::string& name) {
   page.line(text);
 }
 
-void write_root(Page& page, const CLI::App& root) {
+void write_root(Page& page, const CLI::App& root, bool has_store) {
   page.section("NAME");
   page.line("igdctl - " + root.get_description());
   page.section("SYNOPSIS");
   page.synopsis("igdctl", " [OPTION]... GROUP COMMAND [ARGUMENT]...");
   page.section("DESCRIPTION");
-  page.paragraph(has_store() ? kWithStore : kWithoutStore);
+  page.paragraph(has_store ? kWithStore : kWithoutStore);
   page.paragraph(
       "Results go to standard output, as tables or with --json as one document {\"format\": 1, "
       "\"kind\": ..., \"data\": ...}. Messages go to standard error: a line with what is wrong, "
@@ -197,13 +186,13 @@ void write_root(Page& page, const CLI::App& root) {
   write_options(page, root);
 }
 
-void write_group(Page& page, const CLI::App& root, const CLI::App& group) {
+void write_group(Page& page, const CLI::App& root, const CLI::App& group, bool has_store) {
   page.section("NAME");
   page.line(page_name_of(group) + " - " + group.get_description());
   page.section("SYNOPSIS");
   write_synopsis(page, group);
   page.section("DESCRIPTION");
-  page.paragraph(has_store() ? kWithStore : kWithoutStore);
+  page.paragraph(has_store ? kWithStore : kWithoutStore);
   page.section("COMMANDS");
   const std::vector<const CLI::App*> commands = shown_commands(group);
   if (commands.empty()) write_command(page, group);
@@ -247,7 +236,7 @@ std::vector<std::string> man_page_names(const CLI::App& root) {
   return names;
 }
 
-std::string man_page(const CLI::App& root, const std::string& name) {
+std::string man_page(const CLI::App& root, const std::string& name, bool has_store) {
   Page page(name);
   const CLI::App* group = nullptr;
   for (const CLI::App* one : shown_commands(root)) {
@@ -255,13 +244,13 @@ std::string man_page(const CLI::App& root, const std::string& name) {
   }
   if (group == nullptr && name != "igdctl") return {};
   if (group == nullptr) {
-    write_root(page, root);
+    write_root(page, root, has_store);
   } else {
-    write_group(page, root, *group);
+    write_group(page, root, *group, has_store);
   }
   page.section("EXAMPLES");
   write_examples(page, group == nullptr ? root : *group);
-  write_surroundings(page);
+  write_surroundings(page, has_store);
   write_see_also(page, root, name);
   return page.text();
 }

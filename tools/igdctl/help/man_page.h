@@ -12,7 +12,8 @@ namespace igdctl {
 std::vector<std::string> man_page_names(const CLI::App& root);
 
 /// The page of that name in roff's man macros; "" when there is none.
-std::string man_page(const CLI::App& root, const std::string& name);
+/// @param has_store  whether the commands work on a store; the page explains which
+std::string man_page(const CLI::App& root, const std::string& name, bool has_store);
 
 /// The text as roff shows it letter by letter.
 std::string roff_text(const std::string& text);

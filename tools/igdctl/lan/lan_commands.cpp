@@ -1,3 +1,5 @@
+#include "lan/lan_commands.h"
+
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "backend/change.h"
+#include "cli/change.h"
 #include "cli/command_line.h"
 #include "cli/session.h"
 #include "gateway/addresses.h"
@@ -200,7 +200,7 @@ void add_route_add(CLI::App& group, Session& session) {
       command.add_option("--connection", options->connection, "The connection that it goes by")
           ->type_name("CONNECTION");
   command.add_flag("--disabled", options->disabled, "Keep it in the list without effect");
-  add_change_options(command, options->change);
+  add_change_options(command, session, options->change);
   command.callback([&session, options, gateway, connection] {
     options->by_gateway = gateway->count() > 0;
     options->by_connection = connection->count() > 0;
@@ -213,7 +213,7 @@ void add_route_remove(CLI::App& group, Session& session) {
       add_command(group, "remove", "Remove the route to a network", "route remove 198.51.100.0/24");
   const auto options = std::make_shared<RouteOptions>();
   add_destination(command, *options);
-  add_change_options(command, options->change);
+  add_change_options(command, session, options->change);
   command.callback(
       [&session, options] { session.on_run([&session, options] { remove(session, *options); }); });
 }
@@ -221,7 +221,7 @@ void add_route_remove(CLI::App& group, Session& session) {
 void add_route_clear(CLI::App& group, Session& session) {
   CLI::App& command = add_command(group, "clear", "Remove all static routes", "route clear --yes");
   const auto options = std::make_shared<ChangeOptions>();
-  add_change_options(command, *options);
+  add_change_options(command, session, *options);
   command.callback(
       [&session, options] { session.on_run([&session, options] { clear(session, *options); }); });
 }

@@ -1,4 +1,4 @@
-/// The parts of the group "route", for route_commands.cpp.
+/// The group "route".
 #ifndef IGDCTL_ROUTE_COMMANDS_H
 #define IGDCTL_ROUTE_COMMANDS_H
 
@@ -10,6 +10,9 @@ namespace igdctl {
 
 class Session;
 
+void add_route_commands(CLI::App& root, Session& session);
+
+// Its parts.
 void add_route_add(CLI::App& group, Session& session);
 void add_route_remove(CLI::App& group, Session& session);
 void add_route_clear(CLI::App& group, Session& session);

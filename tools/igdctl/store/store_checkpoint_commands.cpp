@@ -1,12 +1,13 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
-#include "backend/change.h"
-#include "backend/store_failure.h"
+#include "backend/with_store/store_failure.h"
+#include "cli/change.h"
 #include "cli/command_line.h"
 #include "cli/session.h"
 #include "store/store_commands.h"
 #include "term/text.h"
+#include "term/times.h"
 
 namespace igdctl {
 
@@ -107,7 +108,7 @@ void add_store_restore(CLI::App& group, Session& session) {
                   "store restore before-vlan --dry-run");
   const auto options = std::make_shared<RestoreOptions>();
   command.add_option("CHECKPOINT", options->name, "Its name, @N for an automatic one")->required();
-  add_change_options(command, options->change);
+  add_change_options(command, session, options->change);
   command.callback(
       [&session, options] { session.on_run([&session, options] { restore(session, *options); }); });
 }

@@ -1,11 +1,9 @@
 #include "store/store_commands.h"
 
-#include <ctime>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
-#include "backend/platform.h"
-#include "backend/store_failure.h"
+#include "backend/with_store/store_backend.h"
 #include "cli/command_line.h"
 #include "cli/session.h"
 #include "term/text.h"
@@ -14,10 +12,8 @@ namespace igdctl {
 
 namespace {
 
-constexpr std::size_t kTimeSize = 32;
-
 void show_path(Session& session) {
-  const std::string path = store_path_of(session);
+  const std::string path = store_path(session.options.store);
   std::error_code error;
   const bool exists = std::filesystem::exists(path, error);
   Output& output = session.output();
@@ -52,16 +48,8 @@ void add_store_commands(CLI::App& root, Session& session) {
 
 host::Store& store_of(Session& session) {
   (void)session.tree();
-  end_read_hold();
+  session.backend().end_read_hold();
   return *host::process_store();
-}
-
-std::string store_path_of(const Session& session) {
-  std::string path = session.options.store;
-  if (path.empty()) path = host::default_store_path();
-  if (!path.empty()) return path;
-  throw Failure(ExitCode::kStore, "nothing says where the store is",
-                "name it with --store, or set HOME");
 }
 
 void report_done(Output& output, const std::string& what) {
@@ -77,24 +65,6 @@ Failure unknown_checkpoint(host::Store& store, const std::string& name) {
   return {ExitCode::kNotFound, "there is no checkpoint " + in_quotes(name),
           near.empty() ? "igdctl store history lists them"
                        : "did you mean " + joined(near, " or ") + "?"};
-}
-
-std::string local_time_text(std::int64_t seconds) {
-  const auto time = static_cast<std::time_t>(seconds);
-  std::tm parts{};
-  char text[kTimeSize] = "";
-  (void)localtime_r(&time, &parts);
-  (void)std::strftime(text, sizeof(text), "%Y-%m-%d %H:%M:%S", &parts);
-  return text;
-}
-
-std::string utc_time_text(std::int64_t seconds) {
-  const auto time = static_cast<std::time_t>(seconds);
-  std::tm parts{};
-  char text[kTimeSize] = "";
-  (void)gmtime_r(&time, &parts);
-  (void)std::strftime(text, sizeof(text), "%Y-%m-%dT%H:%M:%SZ", &parts);
-  return text;
 }
 
 }  // namespace igdctl

@@ -1,9 +1,8 @@
-/// The parts of the group "store", for store_commands.cpp.
+/// The group "store".
 #ifndef IGDCTL_STORE_COMMANDS_H
 #define IGDCTL_STORE_COMMANDS_H
 
 #include <CLI/App.hpp>
-#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -16,6 +15,9 @@ class Change;
 class Output;
 class Session;
 
+void add_store_commands(CLI::App& root, Session& session);
+
+// Its parts.
 void add_store_import(CLI::App& group, Session& session);
 void add_store_export(CLI::App& group, Session& session);
 void add_store_checkpoint(CLI::App& group, Session& session);
@@ -28,9 +30,6 @@ void add_store_revert(CLI::App& group, Session& session);
 /// The opened store of this run, in its newest state. Throws Failure (kStore).
 host::Store& store_of(Session& session);
 
-/// Where the store of this run is. Throws Failure (kStore) when nothing says where.
-std::string store_path_of(const Session& session);
-
 /// The work of a change that replaces the tree: asks for consent when the difference touches the
 /// connection that carries the management service.
 void replace_tree(Session& session, Change& change,
@@ -42,9 +41,6 @@ void report_done(Output& output, const std::string& what);
 
 /// For the result kNoCheckpoint of a call: names that were meant.
 Failure unknown_checkpoint(host::Store& store, const std::string& name);
-
-std::string local_time_text(std::int64_t seconds);  ///< "2024-02-29 12:30:00", for people
-std::string utc_time_text(std::int64_t seconds);    ///< "2024-02-29T12:30:00Z", for programs
 
 }  // namespace igdctl
 

@@ -1,12 +1,13 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
-#include "backend/difference_view.h"
-#include "backend/store_failure.h"
+#include "backend/with_store/difference_view.h"
+#include "backend/with_store/store_failure.h"
 #include "cli/command_line.h"
 #include "cli/session.h"
 #include "store/store_commands.h"
 #include "term/text.h"
+#include "term/times.h"
 
 namespace igdctl {
 

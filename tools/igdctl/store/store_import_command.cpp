@@ -3,8 +3,9 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "backend/change.h"
-#include "backend/store_failure.h"
+#include "backend/with_store/store_backend.h"
+#include "backend/with_store/store_failure.h"
+#include "cli/change.h"
 #include "cli/command_line.h"
 #include "cli/input_file.h"
 #include "cli/session.h"
@@ -104,7 +105,7 @@ std::string next_aside(const std::string& path) {
 
 // A store is moved away only when there is a dump that can take its place.
 void move_away_if_corrupt(Session& session) {
-  const std::string path = store_path_of(session);
+  const std::string path = store_path(session.options.store);
   host::StoreResult result;
   if (host::Store::open(path, {}, &result) != nullptr) return;
   if (result.error != host::StoreError::kCorrupt) throw store_failure(result);
@@ -167,7 +168,7 @@ void add_store_import(CLI::App& group, Session& session) {
   command.add_option("FILE", options->file, "The dump, - for standard input")
       ->required()
       ->type_name("FILE");
-  add_change_options(command, options->change);
+  add_change_options(command, session, options->change);
   CLI::Option* const aside =
       command.add_flag("--keep-corrupt-aside", options->keep_corrupt_aside,
                        "Rename a damaged store to FILE.corrupt-N and start anew from the dump");

@@ -173,6 +173,10 @@ std::vector<std::string> split_list(std::string_view text, char separator) {
   }
 }
 
+bool begins_with(std::string_view text, std::string_view prefix) {
+  return text.substr(0, prefix.size()) == prefix;
+}
+
 std::string_view trimmed(std::string_view text) {
   constexpr char kBlanks[] = " \t\r\n";
   const std::size_t first = text.find_first_not_of(kBlanks);

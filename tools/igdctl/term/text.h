@@ -27,6 +27,7 @@ std::string joined(const std::vector<std::string>& parts, std::string_view separ
 /// Splits at every separator and trims blanks; empty parts are kept, an empty text has none.
 std::vector<std::string> split_list(std::string_view text, char separator = ',');
 
+bool begins_with(std::string_view text, std::string_view prefix);
 std::string_view trimmed(std::string_view text);
 std::string lower_case(std::string_view text);  ///< ASCII letters only
 bool is_utf8(std::string_view text);

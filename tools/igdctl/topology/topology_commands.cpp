@@ -1,3 +1,5 @@
+#include "topology/topology_commands.h"
+
 #include <langinfo.h>
 #include <locale.h>
 

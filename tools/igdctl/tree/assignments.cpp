@@ -2,14 +2,12 @@
 
 #include <optional>
 
-#include "gateway/tree_reader.h"
+#include "gateway/names.h"
 #include "term/text.h"
 
 namespace igdctl {
 
 namespace {
-
-constexpr std::string_view kRootPath = "InternetGatewayDevice.";
 
 int digit_of(char letter) {
   constexpr std::string_view kDigits = "0123456789abcdef";
@@ -88,12 +86,6 @@ std::vector<Assignment> read_assignments(std::string_view text, const std::strin
     }
   }
   return assignments;
-}
-
-std::string full_name_of(std::string_view name) {
-  const bool full =
-      begins_with(name, kRootPath) || name == kRootPath.substr(0, kRootPath.size() - 1);
-  return (full ? "" : std::string(kRootPath)) + std::string(name);
 }
 
 }  // namespace igdctl

@@ -27,9 +27,6 @@ std::string line_of(const Assignment& assignment);
 std::vector<Assignment> read_assignments(std::string_view text, const std::string& source,
                                          std::vector<Problem>& problems);
 
-/// "Layer2Bridging.BridgeNumberOfEntries" is below the root as well, and stands for the full name.
-std::string full_name_of(std::string_view name);
-
 }  // namespace igdctl
 
 #endif  // IGDCTL_ASSIGNMENTS_H

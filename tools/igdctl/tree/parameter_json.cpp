@@ -1,7 +1,8 @@
+#include "tree/parameter_json.h"
+
 #include <nlohmann/json.hpp>
 
-#include "backend/parameter_facts.h"
-#include "cli/secrets.h"
+#include "gateway/secrets.h"
 #include "term/text.h"
 
 namespace igdctl {

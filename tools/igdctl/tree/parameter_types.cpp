@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "gateway/names.h"
 #include "term/text.h"
 
 namespace igdctl {
@@ -55,9 +56,7 @@ bool are_addresses(std::string_view text) {
 // The data model types them as one address.
 bool holds_several_addresses(std::string_view name) {
   constexpr std::string_view kNames[] = {"DNSServers", "ReservedAddresses", "IPRouters"};
-  const std::size_t dot = name.rfind('.');
-  const std::string_view own_name = dot == std::string_view::npos ? name : name.substr(dot + 1);
-  return std::find(std::begin(kNames), std::end(kNames), own_name) != std::end(kNames);
+  return std::find(std::begin(kNames), std::end(kNames), own_name_of(name)) != std::end(kNames);
 }
 
 bool is_mac_address(std::string_view text) {

@@ -1,8 +1,8 @@
 #include "tree/tree_commands.h"
 
-#include "backend/parameter_facts.h"
+#include "backend/backend.h"
 #include "cli/command_line.h"
-#include "cli/secrets.h"
+#include "gateway/secrets.h"
 #include "term/text.h"
 #include "tree/assignments.h"
 
@@ -12,15 +12,14 @@ void add_tree_commands(CLI::App& root, Session& session) {
   CLI::App& group = add_group(root, "tree", "The configuration tree, parameter by parameter");
   add_tree_get(group, session);
   add_tree_set(group, session);
-  add_tree_model_commands(group, session);
 }
 
-Problem unknown_parameter(const std::string& name) {
-  if (is_object_path(name)) {
+Problem unknown_parameter(const Backend& backend, const std::string& name) {
+  if (backend.is_object_path(name)) {
     return {in_quotes(name) + " is an object and has no value",
             "igdctl tree list shows what it has"};
   }
-  std::vector<std::string> near = names_near(name);
+  std::vector<std::string> near = backend.names_near(name);
   for (std::string& candidate : near) candidate = in_quotes(candidate);
   return {"there is no parameter " + in_quotes(name),
           near.empty() ? "igdctl tree find looks for names, igdctl tree list lists them"

@@ -1,4 +1,4 @@
-/// The parts of the group "tree", for tree_commands.cpp.
+/// The group "tree", and its parts.
 #ifndef IGDCTL_TREE_COMMANDS_H
 #define IGDCTL_TREE_COMMANDS_H
 
@@ -9,16 +9,20 @@
 
 namespace igdctl {
 
+class Backend;
 class Session;
+
+/// The group "tree" with get and set.
+void add_tree_commands(CLI::App& root, Session& session);
+
+/// Adds list, dump and find to it, which need the data model of the reference platform.
+void add_tree_model_commands(CLI::App& root, Session& session);
 
 void add_tree_get(CLI::App& group, Session& session);
 void add_tree_set(CLI::App& group, Session& session);
 
-/// list, dump and find, which need the data model of the reference platform; nothing on a gateway.
-void add_tree_model_commands(CLI::App& group, Session& session);
-
-/// What is wrong with a name that facts_of() does not know.
-Problem unknown_parameter(const std::string& name);
+/// What is wrong with a name that the backend does not know.
+Problem unknown_parameter(const Backend& backend, const std::string& name);
 
 /// "name=value" for people and for tree set; of a secret that is set a comment with stars, unless
 /// `show_secrets`.

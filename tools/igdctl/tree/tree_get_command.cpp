@@ -1,11 +1,12 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
-#include "backend/parameter_facts.h"
 #include "cli/command_line.h"
-#include "cli/secrets.h"
 #include "cli/session.h"
+#include "gateway/names.h"
+#include "gateway/secrets.h"
 #include "tree/assignments.h"
+#include "tree/parameter_json.h"
 #include "tree/tree_commands.h"
 
 namespace igdctl {
@@ -17,24 +18,26 @@ struct ReadParameter {
   ParameterFacts facts;
 };
 
-std::vector<ReadParameter> read(MibAccess& tree, const std::vector<std::string>& words) {
+std::vector<ReadParameter> read(Session& session, const std::vector<std::string>& names) {
+  MibAccess& tree = session.tree();
+  const Backend& backend = session.backend();
   std::vector<ReadParameter> parameters;
   std::vector<Problem> problems;
-  for (const std::string& word : words) {
-    const std::string name = full_name_of(word);
-    const std::optional<ParameterFacts> facts = facts_of(name);
+  for (const std::string& short_name : names) {
+    const std::string name = full_name_of(short_name);
+    const std::optional<ParameterFacts> facts = backend.facts_of(name);
     if (facts) {
       parameters.push_back({{name, tree.getValue(name)}, *facts});
     } else {
-      problems.push_back(unknown_parameter(name));
+      problems.push_back(unknown_parameter(backend, name));
     }
   }
   if (!problems.empty()) throw Failure(ExitCode::kNotFound, problems);
   return parameters;
 }
 
-void get(Session& session, const std::vector<std::string>& words) {
-  const std::vector<ReadParameter> parameters = read(session.tree(), words);
+void get(Session& session, const std::vector<std::string>& names) {
+  const std::vector<ReadParameter> parameters = read(session, names);
   const bool show_secrets = session.options.show_secrets;
   Output& output = session.output();
   Json data = Json::array();
@@ -57,12 +60,12 @@ void add_tree_get(CLI::App& group, Session& session) {
   CLI::App& command =
       add_command(group, "get", "The value of a parameter, or NAME=VALUE of several",
                   "tree get InternetGatewayDevice.Layer2Bridging.Bridge.1.BridgeName");
-  const auto words = std::make_shared<std::vector<std::string>>();
-  command.add_option("NAME", *words, "Full name; InternetGatewayDevice. may be left out")
+  const auto names = std::make_shared<std::vector<std::string>>();
+  command.add_option("NAME", *names, "Full name; InternetGatewayDevice. may be left out")
       ->required()
       ->type_name("PARAMETER");
   command.callback(
-      [&session, words] { session.on_run([&session, words] { get(session, *words); }); });
+      [&session, names] { session.on_run([&session, names] { get(session, *names); }); });
 }
 
 }  // namespace igdctl

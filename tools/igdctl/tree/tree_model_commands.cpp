@@ -4,14 +4,13 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
-#include "backend/parameter_facts.h"
 #include "cli/command_line.h"
-#include "cli/secrets.h"
 #include "cli/session.h"
-#include "gateway/tree_reader.h"
+#include "gateway/names.h"
+#include "gateway/secrets.h"
 #include "host_platform.h"
 #include "term/text.h"
-#include "tree/assignments.h"
+#include "tree/parameter_json.h"
 #include "tree/tree_commands.h"
 
 namespace igdctl {
@@ -30,16 +29,16 @@ const char* name_of(host::Object::Kind kind) {
   return "object";
 }
 
-std::string existing_object(const std::string& word) {
+std::string existing_object(const Backend& backend, const std::string& word) {
   std::string path = full_name_of(word);
   if (path.back() != '.') path += '.';
   if (host::active_tree().has_object(path)) return path;
   path.pop_back();
-  if (facts_of(path)) {
+  if (backend.facts_of(path)) {
     throw Failure(ExitCode::kNotFound, in_quotes(path) + " is a parameter and has nothing below it",
                   "igdctl tree get shows its value");
   }
-  std::vector<std::string> near = names_near(path);
+  std::vector<std::string> near = backend.names_near(path);
   for (std::string& name : near) name = in_quotes(name);
   throw Failure(ExitCode::kNotFound, "there is no object " + in_quotes(path + '.'),
                 near.empty() ? "igdctl tree list shows the objects from the root down"
@@ -57,13 +56,14 @@ Json json_of(const host::Object& object) {
 
 void list(Session& session, const std::string& word) {
   (void)session.tree();
-  const std::string path = existing_object(word);
+  const std::string path = existing_object(session.backend(), word);
   const bool secrets = session.options.show_secrets;
   Json data = {{"path", path}, {"objects", Json::array()}, {"parameters", Json::array()}};
   Table table{{"NAME", "TYPE", "ACCESS", "VALUE"}, {}};
   for (const host::Parameter& parameter : host::active_tree().parameters(path)) {
     if (parent_of(parameter.name) != path) continue;
-    const ParameterFacts facts = facts_of(parameter.name).value_or(ParameterFacts());
+    const ParameterFacts facts =
+        session.backend().facts_of(parameter.name).value_or(ParameterFacts());
     data["parameters"].push_back(json_of(parameter.name, parameter.value, facts, secrets));
     table.rows.push_back({parameter.name.substr(path.size()), facts.type,
                           facts.writable ? "write" : "read",
@@ -88,7 +88,8 @@ void show_all(Session& session, const std::string& kind,
   Json data = Json::array();
   for (const auto& [name, value] : parameters) {
     if (output.json()) {
-      data.push_back(json_of(name, value, facts_of(name).value_or(ParameterFacts()), secrets));
+      const std::optional<ParameterFacts> facts = session.backend().facts_of(name);
+      data.push_back(json_of(name, value, facts.value_or(ParameterFacts()), secrets));
     } else {
       output.raw(parameter_line(name, value, secrets) + '\n');
     }
@@ -185,7 +186,8 @@ void add_find(CLI::App& group, Session& session) {
 
 }  // namespace
 
-void add_tree_model_commands(CLI::App& group, Session& session) {
+void add_tree_model_commands(CLI::App& root, Session& session) {
+  CLI::App& group = *root.get_subcommand("tree");
   add_list(group, session);
   add_dump(group, session);
   add_find(group, session);

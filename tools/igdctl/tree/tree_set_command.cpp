@@ -2,14 +2,14 @@
 #include <memory>
 #include <set>
 
-#include "backend/change.h"
-#include "backend/parameter_facts.h"
-#include "backend/platform.h"
+#include "cli/change.h"
 #include "cli/command_line.h"
 #include "cli/input_file.h"
-#include "cli/secrets.h"
+#include "cli/passwords.h"
 #include "cli/session.h"
 #include "gateway/management.h"
+#include "gateway/names.h"
+#include "gateway/secrets.h"
 #include "term/text.h"
 #include "tree/assignments.h"
 #include "tree/parameter_types.h"
@@ -90,16 +90,17 @@ std::vector<Assignment> assignments_of(const SetOptions& options, std::vector<Pr
 /// Checks assignments against the tree, all of them before the first is written.
 class SetCheck {
  public:
-  SetCheck(MibAccess& tree, bool force) : tree_(tree), force_(force) {}
+  SetCheck(Session& session, bool force)
+      : tree_(session.tree()), backend_(session.backend()), force_(force) {}
 
   void look_at(const Assignment& assignment) {
     const auto& [name, value] = assignment;
     if (!names_.insert(name).second) {
       problems_.push_back({in_quotes(name) + " is set twice", "say once what it shall be"});
     }
-    const std::optional<ParameterFacts> facts = facts_of(name);
+    const std::optional<ParameterFacts> facts = backend_.facts_of(name);
     if (!facts) {
-      unknown_.push_back(unknown_parameter(name));
+      unknown_.push_back(unknown_parameter(backend_, name));
     } else if (tree_.getValue(name) != value) {
       look_at(assignment, *facts);
       changes_.push_back(assignment);
@@ -147,6 +148,7 @@ class SetCheck {
   }
 
   MibAccess& tree_;
+  const Backend& backend_;
   bool force_;
   std::set<std::string> names_;
   std::vector<Problem> problems_;
@@ -155,11 +157,12 @@ class SetCheck {
   std::vector<Assignment> changes_;
 };
 
-void write(MibAccess& tree, const std::vector<Assignment>& assignments) {
+void write(Session& session, const std::vector<Assignment>& assignments) {
+  MibAccess& tree = session.tree();
   for (const Assignment& assignment : assignments) {
     const int result = tree.setValue(assignment.name, assignment.value, 0);
     // With a store the refusal is known with its reason, and ends the change later.
-    if (result == 0 || has_store()) continue;
+    if (result == 0 || session.backend().has_store()) continue;
     throw Failure(ExitCode::kPlatform, "the platform refused to set " + in_quotes(assignment.name),
                   "nothing was committed; values that were set before it may stand");
   }
@@ -168,7 +171,7 @@ void write(MibAccess& tree, const std::vector<Assignment>& assignments) {
 void check_and_write(Session& session, const SetOptions& options,
                      const std::vector<Assignment>& assignments, Change& change) {
   MibAccess& tree = session.tree();
-  SetCheck check(tree, options.change.force);
+  SetCheck check(session, options.change.force);
   for (const Assignment& assignment : assignments) check.look_at(assignment);
   check.finish();
   check.ask_for_force(change);
@@ -178,7 +181,7 @@ void check_and_write(Session& session, const SetOptions& options,
     const std::string why = why_at_stake(places, assignment.name);
     if (!why.empty()) change.needs_consent(why);
   }
-  write(tree, check.changes());
+  write(session, check.changes());
 }
 
 std::string what_was_set(const std::vector<Assignment>& assignments, bool show_secrets) {
@@ -224,7 +227,7 @@ void add_tree_set(CLI::App& group, Session& session) {
       ->type_name("FILE")
       ->excludes(value_file)
       ->excludes(prompt);
-  add_change_options(command, options->change);
+  add_change_options(command, session, options->change);
   add_force_option(command, options->change);
   command.callback(
       [&session, options] { session.on_run([&session, options] { set(session, *options); }); });

@@ -1,6 +1,5 @@
 #include "wan/wan_change.h"
 
-#include "backend/platform.h"
 #include "cli/session.h"
 #include "igd_api.h"
 #include "term/text.h"
@@ -98,7 +97,8 @@ bool WanChanger::set(const Connection& connection, const WanPatch& patch,
   stop_or_go_on(conflicts_of(draft, gateway));
   // Only a store tells whether writes make a difference, and takes them back when they do not; and
   // the library makes a LAN bridge that is missing, which nobody asked for.
-  if (draft.changed.empty() && (!has_store() || !has_lan_bridge(gateway))) return false;
+  if (draft.changed.empty() && (!session_.backend().has_store() || !has_lan_bridge(gateway)))
+    return false;
   const bool has_management =
       carries_management(connection.service) || carries_management(draft.info.service_type);
   if (has_management && !draft.changed.empty()) {

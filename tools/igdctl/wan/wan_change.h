@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "backend/change.h"
+#include "cli/change.h"
 #include "gateway/connections.h"
 #include "wan/wan_checks.h"
 #include "wan/wan_patch.h"

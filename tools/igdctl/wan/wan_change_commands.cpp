@@ -57,7 +57,7 @@ using Work = void (*)(Session&, const Request&);
 
 void add_work(CLI::App& command, Session& session, const std::shared_ptr<Request>& request,
               Work work) {
-  add_change_options(command, request->change);
+  add_change_options(command, session, request->change);
   add_force_option(command, request->change);
   command.callback([&session, request, work] {
     session.on_run([&session, request, work] { work(session, *request); });

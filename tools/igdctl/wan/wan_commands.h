@@ -1,4 +1,4 @@
-/// The parts of the group "wan", for wan_commands.cpp.
+/// The group "wan".
 #ifndef IGDCTL_WAN_COMMANDS_H
 #define IGDCTL_WAN_COMMANDS_H
 
@@ -10,6 +10,9 @@ namespace igdctl {
 
 class Session;
 
+void add_wan_commands(CLI::App& root, Session& session);
+
+// Its parts.
 void add_wan_list(CLI::App& group, Session& session);
 void add_wan_show(CLI::App& group, Session& session);
 void add_wan_status(CLI::App& group, Session& session);

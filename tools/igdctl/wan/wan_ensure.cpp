@@ -99,7 +99,7 @@ void add_wan_ensure(CLI::App& group, Session& session) {
                   "wan ensure --from wan.json --yes");
   const auto request = std::make_shared<Request>();
   add_wan_options(command, request->wan);
-  add_change_options(command, request->change);
+  add_change_options(command, session, request->change);
   add_force_option(command, request->change);
   command.callback(
       [&session, request] { session.on_run([&session, request] { ensure(session, *request); }); });

@@ -10,7 +10,7 @@
 #include <iterator>
 #include <nlohmann/json.hpp>
 
-#include "cli/secrets.h"
+#include "cli/passwords.h"
 #include "term/text.h"
 
 namespace igdctl {

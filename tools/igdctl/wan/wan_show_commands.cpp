@@ -3,8 +3,8 @@
 #include <string>
 
 #include "cli/command_line.h"
-#include "cli/secrets.h"
 #include "cli/session.h"
+#include "gateway/secrets.h"
 #include "igd_api.h"
 #include "term/text.h"
 #include "wan/wan_commands.h"

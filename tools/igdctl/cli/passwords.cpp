@@ -1,3 +1,5 @@
+#include "cli/passwords.h"
+
 #include <fcntl.h>
 #include <termios.h>
 #include <unistd.h>
@@ -5,12 +7,20 @@
 #include <csignal>
 #include <cstdio>
 
-#include "cli/secrets.h"
+#include "cli/input_file.h"
 #include "term/failure.h"
 
 namespace igdctl {
 
 namespace {
+
+constexpr std::size_t kLongest = 255;  // a longer text is cut by programs of the gateway
+
+std::string without_line_end(std::string text) {
+  if (!text.empty() && text.back() == '\n') text.pop_back();
+  if (!text.empty() && text.back() == '\r') text.pop_back();
+  return text;
+}
 
 // What a signal handler needs to give the terminal its echo back.
 int terminal_descriptor = -1;
@@ -55,6 +65,16 @@ std::string line_of(int descriptor) {
 }
 
 }  // namespace
+
+std::string password_from_file(const std::string& file) {
+  std::string password = without_line_end(content_of_file(file));
+  if (password.size() > kLongest || password.find('\0') != std::string::npos) {
+    throw Failure(ExitCode::kBadInput,
+                  "the password is longer than 255 bytes or contains a zero byte",
+                  "put nothing but the password into the file");
+  }
+  return password;
+}
 
 std::string password_from_prompt(const std::string& question) {
   const int terminal = open("/dev/tty", O_RDWR | O_NOCTTY | O_CLOEXEC);

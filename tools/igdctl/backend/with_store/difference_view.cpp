@@ -1,8 +1,8 @@
-#include "backend/difference_view.h"
+#include "backend/with_store/difference_view.h"
 
 #include <nlohmann/json.hpp>
 
-#include "cli/secrets.h"
+#include "gateway/secrets.h"
 #include "term/text.h"
 
 namespace igdctl {

@@ -1,8 +1,7 @@
 /// Changes of the tree: whole or not at all.
 ///
-/// With a store a change is one trial: what the library writes, and even commits in its midst, is
-/// kept back until it is known to be right. On a gateway the writes go to the tree at once, and one
-/// commit ends them; --dry-run and --confirm are refused there (kUnsupported).
+/// With a store, writes are kept back until they are known to be right. On a gateway they go to the
+/// tree at once, and one commit ends them; --dry-run and --confirm are refused there (kUnsupported).
 #ifndef IGDCTL_CHANGE_H
 #define IGDCTL_CHANGE_H
 
@@ -11,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "backend/backend.h"
 #include "term/failure.h"
 #include "term/output.h"
 
@@ -32,7 +32,7 @@ struct ChangeOptions {
 
 /// Adds --dry-run, --confirm SECONDS and --yes to a command that changes the tree; on a gateway the
 /// first two stay accepted, so that they are refused by name and not as unknown.
-void add_change_options(CLI::App& command, ChangeOptions& options);
+void add_change_options(CLI::App& command, const Session& session, ChangeOptions& options);
 
 /// Adds --force, for commands with checks that it may go over.
 void add_force_option(CLI::App& command, ChangeOptions& options);
@@ -53,7 +53,7 @@ class Change {
   Change(Session& session, const ChangeOptions& options);
 
   /// Goes on over a check, when it is one that --force may go over: then the user is told what was
-  /// overridden, else Failure (kRefused) is thrown with `what` and `todo`.
+  /// overridden, else Failure (kRefused) is thrown with `what` and `hint`.
   void override_or_fail(const std::string& what, const std::string& hint);
 
   /// The same for several, which are thrown together.
@@ -90,7 +90,10 @@ class Change {
   void report(ChangeOutcome outcome, const std::string& what, const std::string& path = {});
 
  private:
-  void fail_without_consent() const;
+  bool has_store() const;
+  void refuse_what_needs_a_store() const;
+  void require_consent() const;
+  void keep_for_report(const ChangeEffect& effect);
 
   Session& session_;
   const ChangeOptions& options_;

@@ -1,6 +1,6 @@
-#include "backend/parameter_facts.h"
-#include "gateway/tree_reader.h"
-#include "host_platform.h"
+// What the data model of the reference platform says about names.
+#include "backend/with_store/store_backend.h"
+#include "gateway/names.h"
 #include "term/text.h"
 
 namespace igdctl {
@@ -36,18 +36,18 @@ std::vector<std::string> children_of(const std::string& path) {
 
 }  // namespace
 
-std::optional<ParameterFacts> facts_of(const std::string& name) {
+std::optional<ParameterFacts> StoreBackend::facts_of(const std::string& name) const {
   const std::optional<host::ParameterInfo> info = host::active_tree().describe(name);
   if (!info) return std::nullopt;
   return ParameterFacts{info->type, info->initial, info->writable, info->derived, info->extension};
 }
 
-bool is_object_path(const std::string& path) {
+bool StoreBackend::is_object_path(const std::string& path) const {
   return host::active_tree().has_object(with_dot(path));
 }
 
 // Compares the part below the nearest object, so that a long common path does not make all alike.
-std::vector<std::string> names_near(const std::string& name) {
+std::vector<std::string> StoreBackend::names_near(const std::string& name) const {
   const std::string path = nearest_object(name);
   std::vector<std::string> last_parts;
   for (const std::string& child : children_of(path)) {

@@ -1,4 +1,4 @@
-#include "backend/store_failure.h"
+#include "backend/with_store/store_failure.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-/// Passwords: kept out of what is shown, and taken in without the command line.
+/// Secrets in the tree, kept out of what is shown.
 #ifndef IGDCTL_SECRETS_H
 #define IGDCTL_SECRETS_H
 
@@ -19,14 +19,6 @@ bool is_secret_parameter(std::string_view full_name);
 
 /// The value of a parameter as it may be shown: stars when it holds a secret that is set.
 std::string shown_value(std::string_view full_name, const std::string& value, bool show_secrets);
-
-/// Reads a password from a file, "-" for standard input; one line end at its end is dropped.
-/// Throws Failure (kBadInput) when it cannot be read, has more than 255 bytes or a zero byte.
-std::string password_from_file(const std::string& file);
-
-/// Asks for a password on the terminal, without echo. Throws Failure (kBadInput) when the process
-/// has no terminal.
-std::string password_from_prompt(const std::string& question);
 
 }  // namespace igdctl
 

@@ -1,12 +1,8 @@
-// Completion from the store.
-#include <sys/stat.h>
-
-#include "cli/session.h"
-#include "gateway/tree_reader.h"
-#include "help/completion.h"
-#include "host_store.h"
-#include "store/store_commands.h"
-#include "tree/assignments.h"
+// Words that the store knows, for completion.
+#include "backend/with_store/store_backend.h"
+#include "gateway/names.h"
+#include "term/text.h"
+#include "term/times.h"
 
 namespace igdctl {
 
@@ -20,12 +16,7 @@ std::string next_level(const std::string& name, std::size_t prefix) {
 
 }  // namespace
 
-bool has_tree_to_read(const Session& session) {
-  struct stat status {};
-  return stat(store_path_of(session).c_str(), &status) == 0 && S_ISREG(status.st_mode);
-}
-
-std::vector<Candidate> checkpoint_words() {
+std::vector<Candidate> StoreBackend::checkpoint_words() const {
   std::vector<Candidate> words;
   for (const host::Checkpoint& checkpoint : host::process_store()->checkpoints()) {
     std::string description = local_time_text(checkpoint.time);
@@ -35,7 +26,7 @@ std::vector<Candidate> checkpoint_words() {
   return words;
 }
 
-std::vector<Candidate> parameter_words(const std::string& prefix) {
+std::vector<Candidate> StoreBackend::parameter_words(const std::string& prefix) const {
   const bool from_root = begins_with(prefix, "InternetG") || prefix.empty();
   const std::string root = from_root ? "" : full_name_of("");
   std::vector<Candidate> words;

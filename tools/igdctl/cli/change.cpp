@@ -1,9 +1,8 @@
-#include "backend/change.h"
+#include "cli/change.h"
 
 #include <CLI/App.hpp>
 #include <nlohmann/json.hpp>
 
-#include "backend/platform.h"
 #include "cli/session.h"
 #include "term/text.h"
 
@@ -30,8 +29,8 @@ Json report_of(ChangeOutcome outcome, const std::string& what, const std::string
 
 }  // namespace
 
-void add_change_options(CLI::App& command, ChangeOptions& options) {
-  const std::string without = has_store() ? "" : " (not in this build)";
+void add_change_options(CLI::App& command, const Session& session, ChangeOptions& options) {
+  const std::string without = session.backend().has_store() ? "" : " (not in this build)";
   command.add_flag("--dry-run", options.dry_run,
                    "Show every write in order and the difference, change nothing" + without);
   command
@@ -81,12 +80,50 @@ void Change::override_or_fail(const std::vector<Problem>& reasons) {
   }
 }
 
-void Change::fail_without_consent() const {
+bool Change::has_store() const { return session_.backend().has_store(); }
+
+void Change::refuse_what_needs_a_store() const {
+  if (has_store() || (!options_.dry_run && options_.confirm == 0)) return;
+  throw Failure(ExitCode::kUnsupported,
+                std::string(options_.dry_run ? "--dry-run" : "--confirm") +
+                    " needs a store, and the platform of a gateway has none",
+                "try the change on a workstation first, where igdctl has a store");
+}
+
+void Change::needs_consent(const std::string& why) {
+  consent_ = why;
+  if (!has_store()) require_consent();
+}
+
+void Change::require_consent() const {
+  if (consent_.empty() || options_.yes || options_.confirm != 0) return;
   throw Failure(ExitCode::kNeedsConsent, consent_,
                 has_store()
                     ? "add --confirm SECONDS, then igdctl store confirm when the gateway can "
                       "still be reached; or go on at once with --yes"
                     : "go on with --yes");
+}
+
+ChangeOutcome Change::run(const std::string& label, const std::function<void()>& work) {
+  refuse_what_needs_a_store();
+  (void)session_.tree();
+  const std::unique_ptr<Transaction> transaction = session_.backend().begin_change();
+  work();
+  const std::optional<ChangeEffect> effect = transaction->effect(session_.options.show_secrets);
+  const bool no_difference = no_difference_ || (effect && effect->empty);
+  if (options_.dry_run) {
+    keep_for_report(*effect);
+    return ChangeOutcome::kShown;
+  }
+  if (no_difference) return ChangeOutcome::kNothing;
+  require_consent();
+  transaction->land(label, options_.confirm);
+  return options_.confirm == 0 ? ChangeOutcome::kDone : ChangeOutcome::kPending;
+}
+
+void Change::keep_for_report(const ChangeEffect& effect) {
+  shown_text_ = effect.text;
+  for (const auto& [key, value] : effect.json->items()) add_detail(key, value);
 }
 
 void Change::add_detail(const std::string& key, const Json& value) {
