@@ -236,10 +236,9 @@ class HOST_EXPORT Store {
   ///         file: tree() fetches what others committed
   std::uint64_t generation() const;
 
-  struct Impl;
-
  private:
   friend class ReadHold;
+  struct Impl;
   explicit Store(std::unique_ptr<Impl> impl);
   std::unique_ptr<Impl> impl_;
 };

@@ -5,7 +5,7 @@
 #include <chrono>
 #include <cstdlib>
 
-#include "store/store_impl.h"
+#include "store/store_error.h"
 
 namespace host {
 namespace {

@@ -1,7 +1,5 @@
 #include "store/database.h"
 
-#include <cerrno>
-
 namespace host {
 namespace {
 
@@ -45,12 +43,6 @@ bool ran_out_of_space(sqlite3* connection, int code) {
 }
 
 }  // namespace
-
-StoreError error_of_system(int number) {
-  if (number == EROFS) return StoreError::kReadOnly;
-  if (number == ENOSPC || number == EDQUOT) return StoreError::kFull;
-  return StoreError::kNotOpened;
-}
 
 Statement::Statement(sqlite3* connection, const char* sql) : connection_(connection) {
   check(sqlite3_prepare_v3(connection, sql, -1, SQLITE_PREPARE_PERSISTENT, &statement_, nullptr));

@@ -5,30 +5,15 @@
 #include <sqlite3.h>
 
 #include <cstdint>
-#include <exception>
 #include <map>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "host_store.h"
+#include "store/store_error.h"
 
 namespace host {
-
-/// Thrown inside the store, and caught by it: why a call cannot go on.
-class StoreFailure final : public std::exception {
- public:
-  StoreFailure(StoreError error, std::string text) : result_{error, std::move(text)} {}
-  const StoreResult& result() const { return result_; }
-  const char* what() const noexcept override { return result_.text.c_str(); }
-
- private:
-  StoreResult result_;
-};
-
-/// What the system's error number says of making, opening or lengthening a file.
-StoreError error_of_system(int number);
 
 /// A prepared statement that one caller at a time fills and runs. Places and columns count from 0.
 /// What is bound must stay where it is until the statement has run.

@@ -9,7 +9,7 @@
 #include <cstring>
 #include <thread>
 
-#include "store/database.h"
+#include "store/store_error.h"
 
 namespace host {
 namespace {

@@ -1,29 +1,19 @@
 /// Opening a store, and its public face.
-#include <pthread.h>
 #include <sys/stat.h>
 
 #include <climits>
 #include <cstdlib>
-#include <set>
 #include <utility>
 
 #include "rows/tree_rows.h"
-#include "store/store_impl.h"
+#include "store/store_batch.h"
+#include "store/store_checkpoints.h"
+#include "store/store_connection.h"
+#include "store/store_pending.h"
+#include "store/store_view.h"
 
 namespace host {
 namespace {
-
-int forks = 0;
-
-void count_forks() {
-  static const int registered = pthread_atfork(nullptr, nullptr, [] { ++forks; });
-  (void)registered;
-}
-
-std::set<Store::Impl*>& all_stores() {
-  static auto* const stores = new std::set<Store::Impl*>;
-  return *stores;
-}
 
 /// The file behind symbolic links, so that all processes find the same neighbours of it.
 std::string resolved(const std::string& path) {
@@ -47,162 +37,236 @@ std::string resolved(const std::string& path) {
 
 }  // namespace
 
-int forks_so_far() { return forks; }
-
-void report(const std::string& text) { c_debug_out("host_store", __LINE__, "%s", text.c_str()); }
-
-Store::Impl::Impl(std::string its_path, StoreOptions its_options)
-    : store_path(std::move(its_path)), options(std::move(its_options)) {
-  open();
-  all_stores().insert(this);
-  TreeAccess::observe(tree, this);
-}
-
-Store::Impl::~Impl() {
-  abandon();
-  TreeAccess::observe(tree, nullptr);
-  if (is_forked()) leave_file_to_parent();
-  all_stores().erase(this);
-}
-
-/// Only the child's own, of which it has none, go with it: the parent keeps its locks.
-void Store::Impl::leave_file_to_parent() {
-  if (file == nullptr || store_path == ":memory:") return;
-  file->database().leave_log();
-  file.reset();
-}
-
-void Store::Impl::leave_batch_to_parent() {
-  log.undo(content());
-  batch = 0;
-  trial = false;
-  poisoned = {};
-}
-
-/// In a child SQLite would go on to count the parent's locks as held and take none, and others
-/// would throw the log away under its feet. So before a child opens a file it lets go of every one
-/// that it has from its parent, whichever store they belong to.
-void Store::Impl::leave_files_to_parent() {
-  for (Impl* const store : all_stores()) {
-    if (store->is_forked()) store->leave_file_to_parent();
+/// The parts of a store, and what concerns them all: opening, forks, the look at other processes.
+struct Store::Impl {
+  Impl(std::string path, StoreOptions options)
+      : connection(std::move(path), std::move(options)),
+        view(connection, tree),
+        pending(connection, view),
+        batch(connection, view, pending, [this] { reopen(); }),
+        checkpoints(connection) {
+    open();
+    TreeAccess::observe(tree, &batch);
   }
-}
-
-void Store::Impl::open_anew_after_fork() {
-  if (store_path == ":memory:") {
-    forks = forks_so_far();
-    return;
+  ~Impl() {
+    abandon();
+    TreeAccess::observe(tree, nullptr);
   }
-  leave_batch_to_parent();
-  open();
-}
+  Impl(const Impl&) = delete;
+  Impl& operator=(const Impl&) = delete;
 
-void Store::Impl::abandon() {
-  if (is_forked()) return;
-  if (!log.empty()) {
-    report(store_path + ": " + std::to_string(log.size()) +
-           " writes were not committed and are gone");
+  /// Before each use of the store. A read costs three comparisons while nothing happened.
+  void refresh() {
+    if (!view.is_current() || view.pending()) poll();
   }
-  discard();
-}
+
+  /// Takes a step that needs the file, on the newest state.
+  template <typename Step>
+  StoreResult done(const Step& step) {
+    refresh();
+    return result_of([&] {
+      require_own_file();
+      step();
+    });
+  }
+
+  /// A child after fork has nothing of its parent's batch, and may have no file yet.
+  void require_own_file() {
+    if (connection.is_inherited()) reopen();
+  }
+
+  /// The rows of a checkpoint, or those of now for "".
+  RowSet rows_at(const std::string& name) const {
+    return name.empty() ? rows_of(view.content()) : checkpoints.rows_at(name);
+  }
+
+  void abandon();
+
+  Tree tree;
+  StoreConnection connection;
+  StoreView view;
+  StorePending pending;
+  StoreBatch batch;
+  StoreCheckpoints checkpoints;
+  int holds = 0;  ///< what freezes the view: holds and open walks
+
+ private:
+  void open();
+  void load();
+  void reopen();
+  void poll();
+  void follow();
+
+  std::string last_trouble_;  ///< of following other processes, as it was reported
+};
 
 void Store::Impl::open() {
-  leave_files_to_parent();
-  shared = std::make_unique<SharedState>(store_path);
-  const CommitLock lock(*shared, deadline_of(options));
-  shared->reserve();
-  try {
-    load();
-  } catch (const StoreFailure& failure) {
-    if (failure.result().error != StoreError::kCorrupt || !options.keep_corrupt_aside) throw;
-    file.reset();
-    keep_aside(store_path);
+  connection.open_shared_state();
+  const CommitLock lock = connection.locked();
+  connection.shared().reserve();
+  const StoreResult loaded = result_of([this] { load(); });
+  if (!loaded.ok()) {
+    const bool goes_aside =
+        loaded.error == StoreError::kCorrupt && connection.options().keep_corrupt_aside;
+    if (!goes_aside) throw StoreFailure(loaded);
+    connection.close_file();
+    keep_aside(connection.path());
     load();
   }
-  seen_counter = shared->counter();
-  forks = forks_so_far();
+  connection.opened();
 }
 
 void Store::Impl::load() {
-  file = std::make_unique<StoreFile>(store_path, options);
-  reload();
-  const bool too_late = pending && is_too_late(*pending);
-  if (too_late) (void)revert_of(*pending);  // a damaged file stays as it is, in its mode too
-  file->keep_log();
-  shared->set_counter(static_cast<std::uint32_t>(2 * generation));
-  if (!too_late) return;
-  revert_pending(*pending);
-  catch_up();
+  connection.open_file();
+  view.load();
+  const bool is_overdue = pending.is_overdue();
+  if (is_overdue) pending.require_revertible();  // a damaged file stays as it is, in its mode too
+  connection.file().keep_log();
+  view.publish_counter();
+  if (!is_overdue) return;
+  pending.revert_under_lock();
+  view.catch_up();
+}
+
+void Store::Impl::reopen() {
+  if (connection.is_in_memory()) return connection.opened();
+  batch.leave_to_parent();
+  open();
+}
+
+/// Something may have happened: a commit, a fork, a deadline, the loss of the write lock.
+void Store::Impl::poll() {
+  const StoreResult result = result_of([this] { follow(); });
+  if (result.ok()) return;
+  if (last_trouble_ != result.text) report(connection.path() + ": " + result.text);
+  last_trouble_ = result.text;
+}
+
+void Store::Impl::follow() {
+  if (connection.is_inherited()) return reopen();
+  if (pending.is_overdue()) pending.revert_overdue();
+  if (view.is_current()) return;
+  batch.poison_without_lock();
+  if (!batch.has_lock() && holds == 0) view.catch_up();
+}
+
+void Store::Impl::abandon() {
+  if (connection.is_inherited()) return;
+  const std::size_t writes = batch.log().size();
+  if (writes != 0) {
+    report(connection.path() + ": " + std::to_string(writes) +
+           " writes were not committed and are gone");
+  }
+  batch.discard();
 }
 
 std::unique_ptr<Store> Store::open(const std::string& path, const StoreOptions& options,
                                    StoreResult* result) {
-  count_forks();
-  StoreResult done;
   std::unique_ptr<Store> store;
-  try {
-    store.reset(new Store(std::make_unique<Impl>(resolved(path), options)));
-  } catch (const StoreFailure& failure) {
-    done = {failure.result().error, path + ": " + failure.result().text};
-  }
-  if (result != nullptr) *result = done;
+  StoreResult opened =
+      result_of([&] { store.reset(new Store(std::make_unique<Impl>(resolved(path), options))); });
+  if (!opened.ok()) opened.text = path + ": " + opened.text;
+  if (result != nullptr) *result = opened;
   return store;
 }
 
 Store::Store(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
 Store::~Store() = default;
 
-const std::string& Store::path() const { return impl_->store_path; }
+const std::string& Store::path() const { return impl_->connection.path(); }
+
+std::uint64_t Store::generation() const { return impl_->view.generation(); }
 
 Tree& Store::tree() {
   impl_->refresh();
   return impl_->tree;
 }
 
-StoreResult Store::commit(const std::string& label) { return impl_->commit(label); }
+StoreResult Store::commit(const std::string& label) { return impl_->batch.commit(label); }
 
-void Store::discard() { impl_->discard(); }
-
-StoreResult Store::begin_trial() { return impl_->begin_trial(); }
-
-bool Store::in_trial() const { return impl_->trial; }
-
-const std::vector<WriteStep>& Store::plan() const { return impl_->log.steps(); }
-
-Difference Store::difference() const { return difference_of(impl_->log.net(impl_->content())); }
-
-StoreResult Store::accept(const std::string& label) { return impl_->accept(label); }
+void Store::discard() { impl_->batch.discard(); }
 
 void Store::abandon() { impl_->abandon(); }
 
-std::uint64_t Store::generation() const { return impl_->generation; }
-
-StoreResult Store::accept_pending(int seconds, const std::string& label) {
-  return impl_->accept_pending(seconds, label);
+StoreResult Store::begin_trial() {
+  return result_of([this] { impl_->batch.begin_trial(); });
 }
 
-StoreResult Store::confirm() { return impl_->confirm(); }
+bool Store::in_trial() const { return impl_->batch.in_trial(); }
 
-StoreResult Store::revert() { return impl_->revert(); }
+const std::vector<WriteStep>& Store::plan() const { return impl_->batch.log().steps(); }
 
-std::optional<PendingChange> Store::pending() { return impl_->pending_change(); }
+Difference Store::difference() const {
+  return difference_of(impl_->batch.log().net(impl_->view.content()));
+}
 
-StoreResult Store::make_checkpoint(const std::string& name) { return impl_->make_checkpoint(name); }
+StoreResult Store::accept(const std::string& label) { return impl_->batch.accept(label); }
+
+StoreResult Store::accept_pending(int seconds, const std::string& label) {
+  const StoreResult time = result_of([seconds] { StorePending::require_time(seconds); });
+  return time.ok() ? impl_->batch.accept(label, seconds) : time;
+}
+
+StoreResult Store::confirm() {
+  return result_of([this] {
+    impl_->require_own_file();
+    impl_->pending.confirm();
+  });
+}
+
+StoreResult Store::revert() {
+  const StoreResult result = result_of([this] {
+    impl_->require_own_file();
+    impl_->pending.revert();
+  });
+  if (result.ok()) impl_->refresh();
+  return result;
+}
+
+std::optional<PendingChange> Store::pending() {
+  std::optional<PendingChange> pending;
+  (void)impl_->done([&] { pending = impl_->pending.description(); });
+  return pending;
+}
+
+StoreResult Store::make_checkpoint(const std::string& name) {
+  return impl_->done([&] {
+    StoreCheckpoints::require_name(name);
+    impl_->batch.require_none();
+    impl_->checkpoints.make(name);
+  });
+}
 
 StoreResult Store::delete_checkpoint(const std::string& name) {
-  return impl_->delete_checkpoint(name);
+  return impl_->done([&] {
+    StoreCheckpoints::require_name(name);
+    impl_->checkpoints.remove(name);
+  });
 }
 
 std::vector<Checkpoint> Store::checkpoints(StoreResult* result) {
-  return impl_->checkpoints(result);
+  std::vector<Checkpoint> listed;
+  StoreResult done = impl_->done([&] { listed = impl_->checkpoints.list(); });
+  if (result != nullptr) *result = std::move(done);
+  return listed;
 }
 
 StoreResult Store::difference(const std::string& from, const std::string& to,
                               Difference* difference) {
-  return impl_->difference(from, to, difference);
+  return impl_->done([&] {
+    const RowSet before = impl_->rows_at(from);
+    Difference found = difference_of(changes_between(before, impl_->rows_at(to)));
+    if (difference != nullptr) *difference = std::move(found);
+  });
 }
 
-StoreResult Store::restore(const std::string& name) { return impl_->restore(name); }
+StoreResult Store::restore(const std::string& name) {
+  const StoreResult result = impl_->done([&] {
+    if (!impl_->batch.in_trial()) impl_->batch.require_none();
+    impl_->batch.restore(impl_->checkpoints.rows_at(name));
+  });
+  return result.ok() ? impl_->batch.commit("restored " + name) : result;
+}
 
 ReadHold::ReadHold(Store& store) : store_(store) {
   store_.impl_->refresh();

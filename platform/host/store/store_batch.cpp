@@ -1,131 +1,163 @@
-/// The writes of a store, from the first one to the commit.
+#include "store/store_batch.h"
+
 #include <ctime>
 #include <utility>
 
-#include "store/store_impl.h"
+#include "rows/tree_rows.h"
 
 namespace host {
 
 /// Asked before every write, and only for one that the tree itself allows.
-TreeObserver::Admission Store::Impl::admit() {
-  bool moved = is_forked();
-  try {
-    if (moved) open_anew_after_fork();
-    if (!poisoned.ok()) return {poisoned.text.c_str(), false};
-    if (batch == 0) {
-      begin_batch();
-      moved = true;
-    } else if (!shared->owns(batch)) {
-      throw StoreFailure(StoreError::kMovedOn,
-                         "the batch was silent for too long and another one went on");
-    }
-  } catch (const StoreFailure& failure) {
-    poison(failure.result());
-    return {poisoned.text.c_str(), false};
+TreeObserver::Admission StoreBatch::admit() {
+  const bool goes_on = may_go_on();
+  if (!goes_on) {
+    const StoreResult result = result_of([this] { begin_or_go_on(); });
+    if (!result.ok()) poison(result);
+    if (!poisoned_.ok()) return {poisoned_.text.c_str(), false};
   }
-  shared->note_activity();
-  return {nullptr, moved};
+  connection_.shared().note_activity();
+  return {nullptr, !goes_on};
 }
 
-/// Takes the write lock, then catches up: what this batch changes is what the last one left. While
-/// the counter stands still there is nothing to catch up with, and the commit asks the database
-/// again; only that a change was confirmed does not count.
-void Store::Impl::begin_batch() {
-  batch = shared->begin_batch(options);
-  const std::uint32_t counter = repaired_counter();
-  if (counter != seen_counter || pending) catch_up();
-  seen_counter = counter;
-  if (pending && is_too_late(*pending)) {
-    revert_when_too_late();
-    catch_up();
+void StoreBatch::begin_or_go_on() {
+  if (connection_.is_inherited()) reopen_();
+  if (!poisoned_.ok()) throw StoreFailure(poisoned_);
+  if (has_lock()) {
+    require_lock();
+  } else {
+    begin();
   }
 }
 
-void Store::Impl::poison(const StoreResult& reason) {
-  drop_batch();
-  poisoned = reason;
+/// Takes the write lock, then catches up: what this batch changes is what the last one left. The
+/// commit asks the database again.
+void StoreBatch::begin() {
+  number_ = connection_.shared().begin_batch(connection_.options());
+  view_.catch_up();
+  if (!pending_.is_overdue()) return;
+  pending_.revert_overdue();
+  view_.catch_up();
 }
 
-StoreResult Store::Impl::commit(const std::string& label) {
-  StoreResult result;
-  try {
-    if (is_forked()) open_anew_after_fork();
-    result = poisoned;
-    if (trial) return result;
-    if (result.ok() && batch != 0) write_batch(label);
-  } catch (const StoreFailure& failure) {
-    result = failure.result();
-  }
+void StoreBatch::require_lock() const {
+  if (connection_.shared().owns(number_)) return;
+  throw StoreFailure(StoreError::kMovedOn,
+                     "the batch was silent for too long and another one went on");
+}
+
+void StoreBatch::poison_without_lock() {
+  if (!has_lock()) return;
+  const StoreResult result = result_of([this] { require_lock(); });
+  if (!result.ok()) poison(result);
+}
+
+void StoreBatch::poison(const StoreResult& reason) {
+  drop();
+  poisoned_ = reason;
+}
+
+void StoreBatch::require_none() const {
+  if (!has_lock() && poisoned_.ok()) return;
+  throw StoreFailure(StoreError::kBatchOpen, "there are writes that are not committed");
+}
+
+StoreResult StoreBatch::commit(const std::string& label, int seconds_to_confirm) {
+  StoreResult result = result_of([&] {
+    if (connection_.is_inherited()) reopen_();
+    if (!poisoned_.ok()) throw StoreFailure(poisoned_);
+    if (has_lock() && !in_trial_) write(label, seconds_to_confirm);
+  });
+  if (in_trial_) return result;
   if (!result.ok()) {
-    result.text = store_path + ": the writes since the last commit are discarded: " + result.text;
+    result.text =
+        connection_.path() + ": the writes since the last commit are discarded: " + result.text;
     report(result.text);
   }
-  drop_batch();
+  drop();
   return result;
 }
 
-void Store::Impl::write_batch(const std::string& label) {
-  RowChanges rows = log.net(content());
-  if (!rows.empty()) {
-    const CommitLock lock(*shared, deadline_of(options));
-    if (!shared->owns(batch)) {
-      throw StoreFailure(StoreError::kMovedOn,
-                         "the batch was silent for too long and another one went on");
-    }
-    Transaction transaction(file->database(), Transaction::kWrite);
-    // The database has the last word on whether this change follows the one before.
-    if (!file->is_newest(generation)) {
-      seen_counter = 1;  // the counter did not tell
-      throw StoreFailure(StoreError::kMovedOn, "another process committed meanwhile");
-    }
-    if (file->pending()) {
-      throw StoreFailure(StoreError::kPending, "another change waits for its confirmation");
-    }
-    const Change change = {generation + 1, std::time(nullptr), label, std::move(rows)};
-    std::optional<PendingRow> waiting;
-    if (seconds_to_confirm > 0) {
-      waiting = pending_row(change.generation, label, now(options), seconds_to_confirm);
-      file->set_pending(*waiting);
-    }
-    land(transaction, change);
-    generation = change.generation;
-    seen_counter = static_cast<std::uint32_t>(2 * generation);
-    pending = waiting;
-  }
-  log.clear();
+void StoreBatch::write(const std::string& label, int seconds_to_confirm) {
+  RowChanges rows = log_.net(view_.content());
+  if (!rows.empty()) land(std::move(rows), label, seconds_to_confirm);
+  log_.clear();
 }
 
-/// Commits a change and tells the other processes. Needs the commit lock.
-void Store::Impl::land(Transaction& transaction, const Change& change) {
-  const auto counter = static_cast<std::uint32_t>(2 * change.generation);
-  shared->set_counter(counter - 1);
-  seen_counter = 1;  // until it is known, the database has to be asked
-  try {
-    file->write(change);
-    transaction.commit();
-  } catch (const StoreFailure&) {
-    shared->set_counter(counter - 2);
-    throw;
+void StoreBatch::land(RowChanges rows, const std::string& label, int seconds_to_confirm) {
+  const CommitLock lock = connection_.locked();
+  require_lock();
+  Transaction transaction(connection_.database(), Transaction::kWrite);
+  // The database has the last word on whether this change follows the one before.
+  if (!connection_.file().is_newest(view_.generation())) {
+    view_.distrust_counter();
+    throw StoreFailure(StoreError::kMovedOn, "another process committed meanwhile");
   }
-  if (options.between_commit_and_counter) options.between_commit_and_counter();
-  shared->set_counter(counter);
+  if (connection_.file().pending()) {
+    throw StoreFailure(StoreError::kPending, "another change waits for its confirmation");
+  }
+  const Change change = {view_.generation() + 1, std::time(nullptr), label, std::move(rows)};
+  std::optional<PendingRow> waiting;
+  if (seconds_to_confirm > 0) {
+    waiting = pending_.wait_for(change.generation, label, seconds_to_confirm);
+  }
+  view_.land(transaction, change);
+  view_.contain(change.generation, waiting);
 }
 
-void Store::Impl::discard() {
-  if (is_forked()) {
-    leave_batch_to_parent();
-    return;
-  }
-  trial = false;
-  drop_batch();
+void StoreBatch::restore(const RowSet& target) {
+  if (admit().refusal != nullptr) return;
+  const RowSet before = rows_of(view_.content());
+  RowChanges changes = changes_between(before, target);
+  keep_counters(changes);
+  const std::string reason = apply_changes(view_.content(), changes);
+  log_.replaced(before, rows_of(view_.content()));
+  if (!reason.empty()) poison({StoreError::kCorrupt, reason});
+}
+
+void StoreBatch::discard() {
+  if (connection_.is_inherited()) return leave_to_parent();
+  in_trial_ = false;
+  drop();
+}
+
+void StoreBatch::leave_to_parent() {
+  number_ = kNone;  // the lock is the parent's, too
+  in_trial_ = false;
+  drop();
 }
 
 /// Undoes what was written and gives the write lock back.
-void Store::Impl::drop_batch() {
-  log.undo(content());
-  poisoned = {};
-  if (batch != 0) shared->end_batch(batch);
-  batch = 0;
+void StoreBatch::drop() {
+  log_.undo(view_.content());
+  poisoned_ = {};
+  if (has_lock()) connection_.shared().end_batch(number_);
+  number_ = kNone;
+}
+
+void StoreBatch::begin_trial() {
+  if (connection_.is_inherited()) reopen_();
+  if (in_trial_) throw StoreFailure(StoreError::kTrialOpen, "a trial is open already");
+  require_none();
+  const StoreResult result = result_of([this] {
+    begin();
+    if (!view_.pending()) return;
+    throw StoreFailure(StoreError::kPending, "a change waits for its confirmation");
+  });
+  if (!result.ok()) {
+    drop();
+    throw StoreFailure(result);
+  }
+  in_trial_ = true;
+}
+
+StoreResult StoreBatch::accept(const std::string& label, int seconds_to_confirm) {
+  const StoreResult is_open = result_of([this] {
+    if (connection_.is_inherited()) reopen_();
+    if (!in_trial_) throw StoreFailure(StoreError::kNoTrial, "no trial is open");
+  });
+  if (!is_open.ok()) return is_open;
+  in_trial_ = false;
+  return commit(label, seconds_to_confirm);
 }
 
 }  // namespace host

@@ -1,6 +1,18 @@
-#include "host_store.h"
+#include "store/store_error.h"
+
+#include <cerrno>
+
+#include "common_util.h"
 
 namespace host {
+
+StoreError error_of_system(int number) {
+  if (number == EROFS) return StoreError::kReadOnly;
+  if (number == ENOSPC || number == EDQUOT) return StoreError::kFull;
+  return StoreError::kNotOpened;
+}
+
+void report(const std::string& text) { c_debug_out("host_store", __LINE__, "%s", text.c_str()); }
 
 const char* name_of(StoreError error) {
   switch (error) {

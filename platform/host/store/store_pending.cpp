@@ -1,19 +1,16 @@
-/// Changes that are reverted unless somebody confirms them in time.
+#include "store/store_pending.h"
+
 #include <ctime>
+#include <vector>
 
 #include "rows/tree_rows.h"
-#include "store/store_impl.h"
+#include "store/boot_clock.h"
 
 namespace host {
 namespace {
 
 constexpr int kLongestWait = 24 * 60 * 60;
 
-StoreResult nothing_pending() {
-  return {StoreError::kNotPending, "no change waits for its confirmation"};
-}
-
-/// Throws unless the changed rows make a tree.
 void require_tree(RowSet rows, const RowChanges& changes) {
   apply_changes(rows, changes);
   TreeStore tree;
@@ -23,84 +20,86 @@ void require_tree(RowSet rows, const RowChanges& changes) {
 
 }  // namespace
 
-StoreResult Store::Impl::accept_pending(int seconds, const std::string& label) {
-  if (seconds < 1 || seconds > kLongestWait) {
-    return {StoreError::kBadDeadline, "the time to confirm is 1 second to 1 day"};
-  }
-  seconds_to_confirm = seconds;
-  const StoreResult result = accept(label);
-  seconds_to_confirm = 0;
-  return result;
+void StorePending::require_time(int seconds) {
+  if (seconds >= 1 && seconds <= kLongestWait) return;
+  throw StoreFailure(StoreError::kBadDeadline, "the time to confirm is 1 second to 1 day");
 }
 
-bool Store::Impl::is_too_late(const PendingRow& row) const {
-  return time_left(row, now(options)) == 0;
+PendingRow StorePending::wait_for(Generation generation, const std::string& label, int seconds) {
+  PendingRow row = pending_row(generation, label, now(connection_.options()), seconds);
+  connection_.file().set_pending(row);
+  return row;
 }
 
-/// The first one past the deadline reverts; the others find nothing pending any more.
-void Store::Impl::revert_when_too_late() {
-  const CommitLock lock(*shared, deadline_of(options));
-  pending = file->pending();
-  if (pending && is_too_late(*pending)) revert_pending(*pending);
+bool StorePending::is_too_late(const PendingRow& row) const {
+  return time_left(row, now(connection_.options())) == 0;
 }
+
+bool StorePending::is_overdue() const { return view_.pending() && is_too_late(*view_.pending()); }
 
 /// The opposite of the pending change, which is the newest one because no other was let in. Nobody
 /// asked for this write now, so that of a damaged file is refused.
-RowChanges Store::Impl::revert_of(const PendingRow& row) {
-  file->require_sound();
-  const std::optional<std::vector<Change>> changes = file->changes_after(row.generation - 1);
+RowChanges StorePending::opposite_of(const PendingRow& row) {
+  StoreFile& file = connection_.file();
+  file.require_sound();
+  const std::optional<std::vector<Change>> changes = file.changes_after(row.generation - 1);
   if (!changes || changes->size() != 1) {
     throw StoreFailure(StoreError::kCorrupt, "the pending change is not the newest one");
   }
   RowChanges rows = reversed(changes->front().rows);
   keep_counters(rows);
-  require_tree(file->rows(), rows);
+  require_tree(file.rows(), rows);
   return rows;
 }
 
-void Store::Impl::revert_pending(const PendingRow& row) {
-  Transaction transaction(file->database(), Transaction::kWrite);
-  const RowChanges rows = revert_of(row);
-  file->clear_pending();
-  land(transaction, {row.generation + 1, std::time(nullptr), "reverted: " + row.label, rows});
-  report(store_path + ": reverted, because it was not confirmed: " + row.label);
-  pending.reset();  // last, because it may be the row
+void StorePending::require_revertible() { (void)opposite_of(*view_.pending()); }
+
+void StorePending::revert_overdue() {
+  const CommitLock lock = connection_.locked();
+  view_.read_pending();
+  if (is_overdue()) revert_under_lock();
 }
 
-StoreResult Store::Impl::end_pending(bool keep) {
-  try {
-    if (is_forked()) open_anew_after_fork();
-    {
-      const CommitLock lock(*shared, deadline_of(options));
-      pending = file->pending();
-      if (!pending) return nothing_pending();
-      const bool too_late = is_too_late(*pending);
-      if (keep && !too_late) {
-        Transaction transaction(file->database(), Transaction::kWrite);
-        file->clear_pending();
-        transaction.commit();
-        pending.reset();
-        return {};
-      }
-      revert_pending(*pending);
-      if (keep) return {StoreError::kNotPending, "the time to confirm is over"};
-    }
-    refresh();
-  } catch (const StoreFailure& failure) {
-    return failure.result();
-  }
-  return {};
+void StorePending::revert_under_lock() {
+  const PendingRow row = *view_.pending();
+  Transaction transaction(connection_.database(), Transaction::kWrite);
+  const RowChanges rows = opposite_of(row);
+  connection_.file().clear_pending();
+  view_.land(transaction, {row.generation + 1, std::time(nullptr), "reverted: " + row.label, rows});
+  report(connection_.path() + ": reverted, because it was not confirmed: " + row.label);
+  view_.forget_pending();
 }
 
-std::optional<PendingChange> Store::Impl::pending_change() {
-  refresh();
-  try {
-    if (!is_forked()) pending = file->pending();
-  } catch (const StoreFailure&) {
-    return std::nullopt;
+void StorePending::require_pending() {
+  view_.read_pending();
+  if (view_.pending()) return;
+  throw StoreFailure(StoreError::kNotPending, "no change waits for its confirmation");
+}
+
+void StorePending::confirm() {
+  const CommitLock lock = connection_.locked();
+  require_pending();
+  if (is_overdue()) {
+    revert_under_lock();
+    throw StoreFailure(StoreError::kNotPending, "the time to confirm is over");
   }
-  if (!pending) return std::nullopt;
-  return PendingChange{pending->generation, time_left(*pending, now(options)), pending->label};
+  Transaction transaction(connection_.database(), Transaction::kWrite);
+  connection_.file().clear_pending();
+  transaction.commit();
+  view_.forget_pending();
+}
+
+void StorePending::revert() {
+  const CommitLock lock = connection_.locked();
+  require_pending();
+  revert_under_lock();
+}
+
+std::optional<PendingChange> StorePending::description() {
+  view_.read_pending();
+  const std::optional<PendingRow>& row = view_.pending();
+  if (!row) return std::nullopt;
+  return PendingChange{row->generation, time_left(*row, now(connection_.options())), row->label};
 }
 
 }  // namespace host

@@ -1,77 +1,91 @@
-/// How a store follows the commits of other processes.
+#include "store/store_view.h"
+
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "rows/tree_rows.h"
-#include "store/store_impl.h"
 
 namespace host {
 
-/// Something may have happened: a commit, a fork, the loss of the write lock.
-void Store::Impl::poll() {
-  try {
-    if (is_forked()) {
-      open_anew_after_fork();
-      return;
-    }
-    if (pending && is_too_late(*pending)) revert_when_too_late();
-    if (is_current()) return;
-    if (batch != 0 && !shared->owns(batch)) {
-      poison({StoreError::kMovedOn, "the batch was silent for too long and another one went on"});
-    }
-    if (batch != 0 || holds > 0) return;
-    const std::uint32_t counter = repaired_counter();
-    catch_up();
-    seen_counter = counter;
-  } catch (const StoreFailure& failure) {
-    if (last_trouble != failure.result().text) report(store_path + ": " + failure.result().text);
-    last_trouble = failure.result().text;
-  }
+void StoreView::load() {
+  StoreFile& file = connection_.file();
+  TreeStore loaded;
+  const Generation newest = file.generation();
+  std::string reason;
+  file.for_each_row([&](const std::string& name, const Row& row) {
+    if (reason.empty()) reason = put_row(loaded, name, row);
+  });
+  if (!reason.empty()) throw StoreFailure(StoreError::kCorrupt, reason);
+  read_pending();
+  content() = std::move(loaded);
+  generation_ = newest;
+}
+
+void StoreView::publish_counter() {
+  seen_counter_ = counter_of(generation_);
+  connection_.shared().set_counter(seen_counter_);
+}
+
+/// While the counter stands still no change was committed; only that a pending one was confirmed
+/// does not count.
+void StoreView::catch_up() {
+  const std::uint32_t counter = repaired_counter();
+  if (counter != seen_counter_ || pending_) read_changes();
+  seen_counter_ = counter;
 }
 
 /// The shared counter. A commit that its process did not live to finish leaves it odd; nobody
 /// commits while this one has the commit lock, so then the database tells what it should be.
-std::uint32_t Store::Impl::repaired_counter() {
-  const std::uint32_t counter = shared->counter();
+std::uint32_t StoreView::repaired_counter() {
+  SharedState& shared = connection_.shared();
+  const std::uint32_t counter = shared.counter();
   if (counter % 2 == 0) return counter;
-  const CommitLock lock(*shared);
+  const CommitLock lock(shared);
   if (!lock.taken()) return counter;
-  const auto repaired = static_cast<std::uint32_t>(2 * file->generation());
-  shared->set_counter(repaired);
+  const std::uint32_t repaired = counter_of(connection_.file().generation());
+  shared.set_counter(repaired);
   return repaired;
 }
 
-void Store::Impl::catch_up() {
-  Transaction snapshot(file->database(), Transaction::kRead);
-  pending = file->pending();
-  if (file->is_newest(generation)) return;
-  const Generation newest = file->generation();
+void StoreView::read_changes() {
+  StoreFile& file = connection_.file();
+  Transaction snapshot(file.database(), Transaction::kRead);
+  read_pending();
+  if (file.is_newest(generation_)) return;
+  const Generation newest = file.generation();
   const std::optional<std::vector<Change>> changes =
-      newest > generation ? file->changes_after(generation) : std::nullopt;
-  if (!changes) {
-    reload();
-    return;
-  }
+      newest > generation_ ? file.changes_after(generation_) : std::nullopt;
+  if (!changes) return load();
   for (const Change& change : *changes) {
     const std::string reason = apply_changes(content(), change.rows);
-    if (!reason.empty()) {
-      reload();
-      return;
-    }
-    generation = change.generation;
+    if (!reason.empty()) return load();
+    generation_ = change.generation;
   }
 }
 
-void Store::Impl::reload() {
-  TreeStore loaded;
-  const Generation newest = file->generation();
-  std::string reason;
-  file->for_each_row([&](const std::string& name, const Row& row) {
-    if (reason.empty()) reason = put_row(loaded, name, row);
+void StoreView::land(Transaction& transaction, const Change& change) {
+  SharedState& shared = connection_.shared();
+  const std::uint32_t counter = counter_of(change.generation);
+  shared.set_counter(counter - 1);
+  distrust_counter();  // a commit that fails may be in the file all the same
+  const StoreResult written = result_of([&] {
+    connection_.file().write(change);
+    transaction.commit();
   });
-  if (!reason.empty()) throw StoreFailure(StoreError::kCorrupt, reason);
-  pending = file->pending();
-  content() = std::move(loaded);
-  generation = newest;
+  if (!written.ok()) {
+    shared.set_counter(counter - 2);
+    throw StoreFailure(written);
+  }
+  const StoreOptions& options = connection_.options();
+  if (options.between_commit_and_counter) options.between_commit_and_counter();
+  shared.set_counter(counter);
+}
+
+void StoreView::contain(Generation generation, const std::optional<PendingRow>& pending) {
+  generation_ = generation;
+  seen_counter_ = counter_of(generation);
+  pending_ = pending;
 }
 
 }  // namespace host
