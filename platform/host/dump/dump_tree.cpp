@@ -1,8 +1,10 @@
 #include "dump/dump_tree.h"
 
 #include <algorithm>
-#include <climits>
 #include <cstddef>
+#include <optional>
+
+#include "nodes/names.h"
 
 namespace host {
 namespace {
@@ -11,28 +13,12 @@ namespace {
 // at each level, safe from a hostile file.
 constexpr std::ptrdiff_t kDeepest = 64;
 
-bool is_number(const std::string& name) {
-  return std::all_of(name.begin(), name.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
-
-/// Whether a decimal number is one that an instance can have.
-bool fits_int(const std::string& number) {
-  constexpr std::size_t kMostDigits = 10;
-  return number.size() <= kMostDigits && std::stoll(number) <= INT_MAX;
-}
-
-/// Why a path cannot be one at all.
+// Why a path cannot be one at all.
 std::string why_malformed(const std::string& path) {
   const std::string name = path.substr(0, path.size() - 1);
   if (path.find("..") != std::string::npos) return name + " has an empty component";
   if (std::count(path.begin(), path.end(), '.') > kDeepest) return name + " is nested too deep";
   return {};
-}
-
-/// Where the last component of a name or path starts.
-std::size_t last_component(const std::string& name) {
-  const std::size_t dot = name.size() > 1 ? name.rfind('.', name.size() - 2) : std::string::npos;
-  return dot == std::string::npos ? 0 : dot + 1;
 }
 
 }  // namespace
@@ -42,11 +28,11 @@ std::string DumpTree::make_object(const std::string& path, Node*& object) {
   if (object != nullptr) return {};
   std::string reason = why_malformed(path);
   if (!reason.empty()) return reason;
-  const std::size_t own = last_component(path);
+  const auto [above, own] = split_last(path);
   Node* parent = nullptr;
-  reason = make_object(path.substr(0, own), parent);
+  reason = make_object(std::string(above), parent);
   if (!reason.empty()) return reason;
-  return make_below(*parent, path.substr(own, path.size() - own - 1), object);
+  return make_below(*parent, std::string(own), object);
 }
 
 std::string DumpTree::make_below(Node& parent, const std::string& name, Node*& object) {
@@ -55,7 +41,7 @@ std::string DumpTree::make_below(Node& parent, const std::string& name, Node*& o
   if (cell_of(parent, name)) {
     return parent.path + name + " is a parameter, so it cannot be an object";
   }
-  if (is_number(name)) return make_instance(parent, name, object);
+  if (is_digits(name)) return make_instance(parent, name, object);
   object = &store_.add_foreign_object(parent, name);
   return {};
 }
@@ -64,8 +50,9 @@ std::string DumpTree::make_instance(Node& parent, const std::string& number, Nod
   if (number.front() == '0') {
     return parent.path + number + ": instance numbers start at 1 and have no leading zero";
   }
-  if (!fits_int(number)) return parent.path + number + ": the instance number is too large";
-  object = &store_.add_instance(parent, std::stoi(number));
+  const std::optional<int> fitting = number_in(number);
+  if (!fitting) return parent.path + number + ": the instance number is too large";
+  object = &store_.add_instance(parent, *fitting);
   return {};
 }
 
@@ -75,16 +62,15 @@ std::string DumpTree::make_parameter(const std::string& name, ValueType type, Ac
   if (cell) return {};
   std::string reason = why_malformed(name + ".");
   if (!reason.empty()) return reason;
-  const std::size_t own = last_component(name);
+  const auto [above, own] = split_last(name);
   Node* owner = nullptr;
-  reason = make_object(name.substr(0, own), owner);
+  reason = make_object(std::string(above), owner);
   if (!reason.empty()) return reason;
-  const std::string own_name = name.substr(own);
-  if (is_number(own_name)) return name + ": a number names an instance, not a parameter";
+  if (is_digits(own)) return name + ": a number names an instance, not a parameter";
   const bool is_object = store_.node(name + ".") != nullptr;
   if (is_object) return name + " is an object, so it cannot be a parameter";
   cell = store_.cell(name);  // it may have come with its object
-  if (!cell) cell = TreeStore::add_foreign_parameter(*owner, own_name, type, access);
+  if (!cell) cell = TreeStore::add_foreign_parameter(*owner, std::string(own), type, access);
   return {};
 }
 
@@ -94,9 +80,10 @@ std::string DumpTree::count_from(Node& table, const std::string& highest) {
   if (table.kind != Node::Kind::kTable && !may_be_table) {
     return name + " is no table, so it has no instances";
   }
-  if (!is_number(highest)) return name + ": the highest instance is no number";
-  if (!fits_int(highest)) return name + ": the highest instance number is too large";
-  table.last_number = std::max(table.last_number, std::stoi(highest));
+  if (!is_digits(highest)) return name + ": the highest instance is no number";
+  const std::optional<int> number = number_in(highest);
+  if (!number) return name + ": the highest instance number is too large";
+  table.last_number = std::max(table.last_number, *number);
   if (table.last_number > 0) table.kind = Node::Kind::kTable;
   return {};
 }

@@ -1,7 +1,8 @@
 #include "nodes/tree_index.h"
 
 #include <algorithm>
-#include <cstring>
+
+#include "nodes/names.h"
 
 namespace host {
 namespace {
@@ -12,20 +13,13 @@ bool is_enumerated(const Node& node) {
   return node.kind != Node::Kind::kTable && node.schema != nullptr && node.schema->enumerated;
 }
 
-/// Where an object stands, or belongs, among those of its kind. New ones nearly always come last.
+// Where an object stands, or belongs, among those of its kind. New ones nearly always come last.
 ObjectList::iterator place_of(ObjectList& objects, const Node& node) {
   if (objects.empty() || comes_before(*objects.back(), node)) return objects.end();
   const auto before = [](const Node* listed, const Node* wanted) {
     return comes_before(*listed, *wanted);
   };
   return std::lower_bound(objects.begin(), objects.end(), &node, before);
-}
-
-/// 0 when there is no dot. Faster than rfind, which looks at one character at a time.
-std::size_t after_last_dot(std::string_view name) {
-  const void* dot = name.empty() ? nullptr : memrchr(name.data(), '.', name.size());
-  return dot != nullptr ? static_cast<std::size_t>(static_cast<const char*>(dot) - name.data()) + 1
-                        : 0;
 }
 
 }  // namespace

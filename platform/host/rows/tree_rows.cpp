@@ -1,9 +1,10 @@
 #include "rows/tree_rows.h"
 
 #include <algorithm>
-#include <climits>
 #include <cstddef>
 #include <utility>
+
+#include "nodes/names.h"
 
 namespace host {
 namespace {
@@ -13,31 +14,9 @@ constexpr std::size_t kAccessWidth = 3;  // "rw " or "ro " in front of the type
 
 bool names_object(const std::string& name) { return !name.empty() && name.back() == '.'; }
 
-bool is_digits(const std::string& text) {
-  return !text.empty() &&
-         std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
-
-/// An instance number or a counter; none for anything else.
-std::optional<int> number_from(const std::string& text) {
-  constexpr std::size_t kMostDigits = 10;
-  if (!is_digits(text) || text.size() > kMostDigits) return std::nullopt;
-  const long long number = std::stoll(text);
-  if (number > INT_MAX) return std::nullopt;
-  return static_cast<int>(number);
-}
-
-/// Whether the node's existence is a matter of its own, not of the data model.
+// Whether the node's existence is a matter of its own, not of the data model.
 bool is_kept(const Node& node) {
   return node.parent != nullptr && (node.kind == Node::Kind::kInstance || node.schema == nullptr);
-}
-
-/// Splits "A.B.C." into "A.B." and "C", "A.B.C" as well.
-std::pair<std::string, std::string> split_last(const std::string& name) {
-  const std::size_t end = names_object(name) ? name.size() - 1 : name.size();
-  const std::size_t dot = end == 0 ? std::string::npos : name.rfind('.', end - 1);
-  const std::size_t own = dot == std::string::npos ? 0 : dot + 1;
-  return {name.substr(0, own), name.substr(own, end - own)};
 }
 
 std::string no_parent(const std::string& name) { return name + " stands in no object"; }
@@ -47,10 +26,10 @@ std::string make_object(TreeStore& store, const std::string& path, Node*& made) 
   Node* parent = store.node(parent_path);
   if (parent == nullptr || own.empty()) return no_parent(path);
   if (!is_digits(own)) {
-    made = &store.add_foreign_object(*parent, own);
+    made = &store.add_foreign_object(*parent, std::string(own));
     return {};
   }
-  const std::optional<int> number = number_from(own);
+  const std::optional<int> number = number_in(own);
   if (!number || *number == 0 || own.front() == '0') return path + " has no instance number";
   made = &store.add_instance(*parent, *number);
   return {};
@@ -63,7 +42,7 @@ std::string put_object(TreeStore& store, const std::string& path, const Row& row
     std::string reason = make_object(store, path, node);
     if (!reason.empty()) return reason;
   }
-  const std::optional<int> counter = number_from(row.text);
+  const std::optional<int> counter = number_in(row.text);
   if (!counter) return path + " has no counter";
   node->last_number = *counter;
   const bool is_foreign = node->schema == nullptr && node->kind != Node::Kind::kInstance;
@@ -82,15 +61,15 @@ bool is_extension(const Row& row) {
   return access == "rw " || access == "ro ";
 }
 
-/// Makes an extension; one that is there already gives way to it.
+// Makes an extension; one that is there already gives way to it.
 std::string make_extension(TreeStore& store, const std::string& name, const Row& row, Cell& cell) {
   const auto [owner_path, own] = split_last(name);
   Node* owner = store.node(owner_path);
   if (owner == nullptr || own.empty()) return no_parent(name);
   if (!is_extension(row)) return name + " is not in the data model";
   if (cell) store.remove(cell);
-  cell = TreeStore::add_foreign_parameter(*owner, own, type_of(row.type.substr(kAccessWidth)),
-                                          access_of(row.type));
+  cell = TreeStore::add_foreign_parameter(
+      *owner, std::string(own), type_of(row.type.substr(kAccessWidth)), access_of(row.type));
   return {};
 }
 
@@ -121,7 +100,7 @@ void clear_value(TreeStore& store, const Cell& cell) {
   }
 }
 
-/// Takes a row away; what the data model has goes back to its default.
+// Takes a row away; what the data model has goes back to its default.
 void clear(TreeStore& store, const std::string& name) {
   if (names_object(name)) {
     Node* const node = store.node(name);
@@ -209,8 +188,8 @@ void keep_counters(RowChanges& changes) {
       gone = change.name;
       continue;
     }
-    const int counter = number_from(change.before->text).value_or(0);
-    if (!change.after || number_from(change.after->text).value_or(0) < counter) {
+    const int counter = number_in(change.before->text).value_or(0);
+    if (!change.after || number_in(change.after->text).value_or(0) < counter) {
       change.after = change.before;
     }
   }

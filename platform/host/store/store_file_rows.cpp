@@ -1,9 +1,10 @@
-/// The tree in a store's file. The rows of an object stand together in one entry, so that a change
-/// of many parameters of few objects, as nearly all are, writes few entries.
+// The tree in a store's file. The rows of an object stand together in one entry, so that a change
+// of many parameters of few objects, as nearly all are, writes few entries.
 #include <map>
 #include <string_view>
 #include <utility>
 
+#include "nodes/names.h"
 #include "rows/row_codec.h"
 #include "store/store_file.h"
 
@@ -12,7 +13,7 @@ namespace {
 
 using Changed = std::vector<const RowChange*>;
 
-/// Lets go of what a statement reads, also when its bytes turn out to be damaged.
+// Resets a statement when its rows have been read, also when their bytes turn out to be damaged.
 class Reading {
  public:
   explicit Reading(Statement& statement) : statement_(statement) {}
@@ -24,10 +25,7 @@ class Reading {
   Statement& statement_;
 };
 
-/// The object that a row is of, or whose parameter it is.
-std::string_view object_of(std::string_view name) { return name.substr(0, name.rfind('.') + 1); }
-
-/// Calls `visit(name, row)` for each row of an entry.
+// Calls `visit(name, row)` for each row of an entry.
 template <typename Visit>
 void for_each_row_in(std::string_view entry, std::string_view path, const Visit& visit) {
   RowReader reader(entry);
@@ -44,7 +42,7 @@ void put_new(RowWriter& writer, const RowChange& change) {
   if (change.after) writer.put(change.name, std::nullopt, view_of(*change.after));
 }
 
-/// An entry with the changes made in it; both are in byte order of the names.
+// An entry with the changes made in it; both are in byte order of the names.
 std::string changed(std::string_view entry, std::string_view path, const Changed& changes) {
   RowWriter writer;
   auto next = changes.begin();
@@ -79,7 +77,7 @@ void update(Database& database, std::int64_t number, const std::string& entry) {
       .run();
 }
 
-/// The entry that an object has, with the changes made in it; its number is 0 when there is none.
+// The entry that an object has, with the changes made in it; its number is 0 when there is none.
 std::pair<std::int64_t, std::string> changed_entry(Database& database, std::string_view path,
                                                    const Changed& changes) {
   Statement& found = database.statement("SELECT number, rows FROM object WHERE path = ?");
