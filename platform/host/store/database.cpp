@@ -28,7 +28,7 @@ StoreError error_of(int code) {
   }
 }
 
-/// To make a file or to lengthen the log's index fails on a full disk in the words of any failure.
+// To make a file or to lengthen the log's index fails on a full disk in the words of any failure.
 bool ran_out_of_space(sqlite3* connection, int code) {
   const int kind = code & kKindOfError;
   if (connection == nullptr || (kind != SQLITE_IOERR && kind != SQLITE_CANTOPEN)) return false;
@@ -133,6 +133,10 @@ void Database::empty_log() {
 void Database::run(const char* sql) {
   const int code = sqlite3_exec(connection_, sql, nullptr, nullptr, nullptr);
   if (code != SQLITE_OK) fail(connection_, code);
+}
+
+void Database::set_pragma(const std::string& name, std::int64_t number) {
+  run(("PRAGMA " + name + " = " + std::to_string(number)).c_str());
 }
 
 std::int64_t Database::number(const char* sql) {

@@ -54,6 +54,7 @@ class Database {
   void run(const char* sql);
   std::int64_t number(const char* sql);  ///< the first column of the first row
   std::string text(const char* sql);
+  void set_pragma(const std::string& name, std::int64_t number);
 
   /// Prepared once for each text, which must be a literal, and handed out fresh.
   Statement& statement(const char* sql);

@@ -18,9 +18,10 @@
 namespace host {
 namespace {
 
-constexpr std::int64_t kApplicationId = 0x49474453;
+constexpr std::int64_t kApplicationId = 0x49474453;  // "IGDS" tells a store from other databases
 constexpr std::int64_t kFormat = 2;
 constexpr std::int64_t kPageSize = 4096;
+constexpr std::int64_t kLongestLog = 4 << 20;
 constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
 constexpr const char* kLog = "-wal";
 
@@ -33,22 +34,20 @@ constexpr const char* kTables = R"(
   CREATE TABLE pending(only INTEGER PRIMARY KEY CHECK (only = 1), generation INTEGER NOT NULL,
                        label TEXT NOT NULL, boot TEXT NOT NULL, started INTEGER NOT NULL,
                        deadline INTEGER NOT NULL);
-  PRAGMA application_id = 1229407315;
-  PRAGMA user_version = 2;
 )";
 
 bool is_in_memory(const std::string& path) { return path == ":memory:"; }
 
-/// Size of a file, none when it is not there.
+// Size of a file, none when it is not there.
 std::optional<std::int64_t> size_of(const std::string& path) {
   struct stat status = {};
   if (stat(path.c_str(), &status) != 0) return std::nullopt;
   return status.st_size;
 }
 
-/// Sees to it that the file is there with the right mode, and that one that SQLite takes for new
-/// really is: it would throw the log of a database away that lost its main file, and write over a
-/// single byte.
+// Sees to it that the file is there with the right mode, and that one that SQLite takes for new
+// really is: it would throw the log of a database away that lost its main file, and write over a
+// single byte.
 std::string prepared(const std::string& path, const StoreOptions& options) {
   if (is_in_memory(path) || !options.vfs.empty()) return path;
   const std::int64_t size = size_of(path).value_or(0);
@@ -65,7 +64,7 @@ std::string prepared(const std::string& path, const StoreOptions& options) {
   return path;
 }
 
-/// Renames a file that is there, durably.
+// Renames a file that is there, durably.
 bool renamed(const std::string& from, const std::string& to) {
   if (!size_of(from)) return true;
   if (std::rename(from.c_str(), to.c_str()) != 0) return false;
@@ -76,7 +75,7 @@ bool renamed(const std::string& from, const std::string& to) {
   return synced;
 }
 
-/// Where a change stands among those that are kept.
+// Where a change stands among those that are kept.
 std::int64_t place_of(Generation generation) {
   return static_cast<std::int64_t>(generation % kChangesKept);
 }
@@ -96,24 +95,21 @@ StoreFile::StoreFile(const std::string& path, const StoreOptions& options)
   }
   if (options.size_limit_bytes > 0) {
     const auto pages = static_cast<std::int64_t>(options.size_limit_bytes) / kPageSize;
-    const std::string limit =
-        "PRAGMA max_page_count = " + std::to_string(std::max<std::int64_t>(pages, 1));
-    database_.run(limit.c_str());
+    database_.set_pragma("max_page_count", std::max<std::int64_t>(pages, 1));
   }
   if (database_.number("PRAGMA page_count") == 0) make_new();
   check_owner();
 }
 
-/// A file that is in another mode, as a copy may be, is changed by this.
+// A file that is in another mode, as a copy may be, is changed by this.
 void StoreFile::keep_log() {
   const std::string mode = database_.text("PRAGMA journal_mode = WAL");
   if (mode != "wal" && mode != "memory") {
     throw StoreFailure(StoreError::kIo, "the file system cannot hold a write-ahead log");
   }
-  // Durable at every commit with one sync; the log is written back at 4 MiB and cut to that.
-  database_.run("PRAGMA synchronous = FULL");
-  database_.run("PRAGMA wal_autocheckpoint = 1024");
-  database_.run("PRAGMA journal_size_limit = 4194304");
+  database_.run("PRAGMA synchronous = FULL");  // durable at every commit, with one sync
+  database_.set_pragma("wal_autocheckpoint", kLongestLog / kPageSize);
+  database_.set_pragma("journal_size_limit", kLongestLog);
 }
 
 void StoreFile::check_owner() {
@@ -127,7 +123,7 @@ void StoreFile::check_owner() {
                                                      std::to_string(kFormat));
 }
 
-/// One transaction, so that the file is a whole store or still empty whatever happens.
+// One transaction, so that the file is a whole store or still empty whatever happens.
 void StoreFile::make_new() {
   Transaction transaction(database_, Transaction::kWrite);
   if (database_.number("PRAGMA page_count") > 0 &&
@@ -135,6 +131,8 @@ void StoreFile::make_new() {
     return;  // another process was faster
   }
   database_.run(kTables);
+  database_.set_pragma("application_id", kApplicationId);
+  database_.set_pragma("user_version", kFormat);
   Tree factory = Tree::factory();
   const RowSet rows = rows_of(TreeAccess::store(factory));
   write({1, std::time(nullptr), "factory state", changes_between({}, rows)});
@@ -205,8 +203,8 @@ void StoreFile::write(const Change& change) {
       .run();
 }
 
-/// The file goes before its log, and for good: a file without the log that belongs to it would look
-/// like a store that is whole, only older. A log without its file is refused.
+// The file goes before its log, and for good: a file without the log that belongs to it would look
+// like a store that is whole, only older. A log without its file is refused.
 void keep_aside(const std::string& path) {
   std::string aside;
   for (int n = 1; aside.empty() || size_of(aside) || size_of(aside + kLog); ++n) {
