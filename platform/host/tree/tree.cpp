@@ -12,7 +12,7 @@ constexpr int kDone = 0;
 constexpr int kRefused = -1;
 constexpr std::size_t kRefusalsKept = 10000;
 
-/// Why a text that should be the path of an object is none.
+// Why a text that should be the path of an object is none.
 const char* why_no_object(const TreeStore& store, const std::string& path) {
   if (path.empty()) return "the path is empty";
   if (store.cell(path)) return "this is a parameter, not an object";
@@ -44,7 +44,7 @@ const char* why_not_set(const TreeStore& store, const std::string& name, const C
   return nullptr;
 }
 
-/// Notes a refused call, when there is a reason for one. Returns whether there was.
+// Notes a refused call, when there is a reason for one. Returns whether there was.
 bool refuse(std::vector<Refusal>& refusals, const char* call, const std::string& name,
             const char* reason) {
   if (reason == nullptr) return false;
@@ -55,14 +55,13 @@ bool refuse(std::vector<Refusal>& refusals, const char* call, const std::string&
   return true;
 }
 
-/// Why a write is refused, or null: first what the tree has against it; then the observer is asked,
-/// and after it the tree `again` when it moved on meanwhile.
-template <typename Again>
-const char* why_refused(const char* reason, TreeObserver* observer, const Again& again) {
-  if (reason != nullptr || observer == nullptr) return reason;
+// Asks the observer about a write that the tree itself allows; sets the reason when it refuses.
+// Returns whether the tree's content may be another one now, so that the write is judged anew.
+bool moved_on(TreeObserver* observer, const char*& reason) {
+  if (reason != nullptr || observer == nullptr) return false;
   const TreeObserver::Admission admission = observer->admit();
-  if (admission.refusal != nullptr || !admission.moved) return admission.refusal;
-  return again();
+  reason = admission.refusal;
+  return reason == nullptr && admission.moved;
 }
 
 }  // namespace
@@ -90,7 +89,8 @@ Tree& Tree::operator=(Tree&& other) noexcept {
 // cppcheck-suppress constParameter  // what is replaced stands behind a pointer of the tree's
 std::string TreeAccess::replace(Tree& tree, TreeStore content) {
   Tree::Impl& impl = *tree.impl_;
-  const char* const reason = why_refused(nullptr, impl.observer, [] { return nullptr; });
+  const char* reason = nullptr;
+  (void)moved_on(impl.observer, reason);  // whatever it holds is replaced
   const std::string root(kRootPath);
   if (refuse(impl.refusals, "replace", root, reason)) return reason;
   const RowSet before = impl.observer != nullptr ? rows_of(impl.store) : RowSet();
@@ -103,11 +103,11 @@ int Tree::add_object(const std::string& table_path, int* instance) {
   TreeStore& store = impl_->store;
   TreeObserver* const observer = impl_->observer;
   Node* table = store.node(table_path);
-  const auto why = [&] { return why_no_instance(store, table_path, table, instance); };
-  const char* const reason = why_refused(why(), observer, [&] {
+  const char* reason = why_no_instance(store, table_path, table, instance);
+  if (moved_on(observer, reason)) {
     table = store.node(table_path);
-    return why();
-  });
+    reason = why_no_instance(store, table_path, table, instance);
+  }
   if (refuse(impl_->refusals, "addObject", table_path, reason)) return kRefused;
   const std::optional<Row> table_before = observer != nullptr ? row_of(*table) : std::nullopt;
   const Node& added = store.add_instance(*table, table->last_number + 1);
@@ -120,11 +120,11 @@ int Tree::delete_object(const std::string& object_path) {
   TreeStore& store = impl_->store;
   TreeObserver* const observer = impl_->observer;
   Node* node = store.node(object_path);
-  const auto why = [&] { return why_not_deleted(store, object_path, node); };
-  const char* const reason = why_refused(why(), observer, [&] {
+  const char* reason = why_not_deleted(store, object_path, node);
+  if (moved_on(observer, reason)) {
     node = store.node(object_path);
-    return why();
-  });
+    reason = why_not_deleted(store, object_path, node);
+  }
   if (refuse(impl_->refusals, "deleteObject", object_path, reason)) return kRefused;
   if (observer != nullptr) observer->deleting(object_path, rows_below(*node));
   const bool always_there = node->kind == Node::Kind::kObject && node->schema != nullptr;
@@ -140,11 +140,11 @@ int Tree::set_value(const std::string& name, const std::string& value) {
   const TreeStore& store = impl_->store;
   TreeObserver* const observer = impl_->observer;
   Cell cell = store.cell(name);
-  const auto why = [&] { return why_not_set(store, name, cell); };
-  const char* const reason = why_refused(why(), observer, [&] {
+  const char* reason = why_not_set(store, name, cell);
+  if (moved_on(observer, reason)) {
     cell = store.cell(name);
-    return why();
-  });
+    reason = why_not_set(store, name, cell);
+  }
   if (refuse(impl_->refusals, "setValue", name, reason)) return kRefused;
   if (observer != nullptr) observer->setting(name, value_of(cell), row_of(cell), value);
   TreeStore::set(cell, value);
