@@ -9,7 +9,7 @@ namespace {
 
 constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
 
-/// Feeds libcsv line by line, since libcsv does not count lines.
+// Feeds libcsv line by line, since libcsv does not count lines.
 class CsvReader {
  public:
   CsvReader() {

@@ -15,7 +15,7 @@ using Row = std::string[kColumns];
 
 const char* flag(bool value) { return value ? "true" : "false"; }
 
-/// A field as RFC 4180 has it; in quotes only where a reader could take it for something else.
+// A field as RFC 4180 has it; in quotes only where a reader could take it for something else.
 std::string csv_field(const std::string& text) {
   const bool is_plain = text.find_first_of(",\"\r\n") == std::string::npos &&
                         (text.empty() || (text.front() != ' ' && text.back() != ' '));
@@ -25,8 +25,8 @@ std::string csv_field(const std::string& text) {
   return quoted;
 }
 
-/// The data model's own names for kinds of strings are no types that other readers know. An
-/// extension keeps the type that it came with.
+// The data model's own names for kinds of strings are no types that other readers know. An
+// extension keeps the type that it came with.
 std::string dump_type(const ParameterInfo& info) {
   const bool is_kind_of_string =
       info.type == "IPAddress" || info.type == "MACAddress" || info.type == "Alias";

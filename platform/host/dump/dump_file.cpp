@@ -14,7 +14,7 @@
 namespace host {
 namespace {
 
-/// A file beside the place it is meant for, gone again unless it was moved there.
+// A file beside the place it is meant for, gone again unless it was moved there.
 class NewFile {
  public:
   explicit NewFile(const std::string& path)
@@ -27,7 +27,7 @@ class NewFile {
     if (!in_place_) (void)unlink(draft_.c_str());
   }
 
-  bool is_open() const { return file_ >= 0; }  ///< mkostemp gives it mode 0600
+  bool is_open() const { return file_ >= 0; }  // mkostemp gives it mode 0600
 
   bool write_all(const std::string& text) const {
     std::size_t done = 0;
@@ -51,8 +51,8 @@ class NewFile {
   bool in_place_ = false;
 };
 
-/// Why what stands at a path must stay. A link is not followed, because somebody else may have put
-/// it there, and not replaced, because then its target would silently stay behind.
+// Why what stands at a path must stay. A link is not followed, because somebody else may have put
+// it there, and not replaced, because then its target would silently stay behind.
 std::string why_not_replaced(const std::string& path) {
   struct stat there {};
   if (lstat(path.c_str(), &there) != 0 || S_ISREG(there.st_mode)) return {};
@@ -61,7 +61,7 @@ std::string why_not_replaced(const std::string& path) {
   return path + ": is no regular file";
 }
 
-/// Replaces a file by this text. Returns why it could not, or "".
+// Replaces a file by this text. Returns why it could not, or "".
 std::string replaced(const std::string& path, const std::string& text) {
   std::string reason = why_not_replaced(path);
   if (!reason.empty()) return reason;

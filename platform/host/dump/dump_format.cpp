@@ -9,7 +9,7 @@ constexpr std::string_view kDigits = "0123456789abcdef";
 constexpr unsigned kBits = 4;  // of a digit
 constexpr unsigned kMask = 0xF;
 
-/// The value of a digit, which may be a capital letter; npos for anything else.
+// The value of a digit, which may be a capital letter; npos for anything else.
 std::size_t value_of_digit(char digit) {
   const bool is_capital = digit >= 'A' && digit <= 'F';
   return kDigits.find(is_capital ? static_cast<char>(digit - 'A' + 'a') : digit);

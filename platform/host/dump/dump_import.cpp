@@ -26,15 +26,15 @@ bool is_flag(const std::string& text) {
 
 bool is_true(const std::string& text) { return normalised_boolean(text) == "true"; }
 
-/// No type at all is no unknown one.
+// No type at all is no unknown one.
 bool is_known_type(const std::string& text) {
   return text.empty() || text == "xsd:string" || type_from_dump(text) != kString;
 }
 
 bool is_own(const std::string& name) { return name.substr(0, name.find('.')) == kRootName; }
 
-/// Builds the tree that a dump describes, one record at a time. Every step returns the reason why
-/// the dump is refused, or "" to go on.
+// Builds the tree that a dump describes, one record at a time. Every step returns the reason why
+// the dump is refused, or "" to go on.
 class DumpImport {
  public:
   std::string take_header(const CsvRecord& header) {
@@ -74,7 +74,7 @@ class DumpImport {
     return is_true(field(record, kIsObject)) ? take_object(record) : take_parameter(record);
   }
 
-  /// Puts the finished tree into place.
+  // Puts the finished tree into place.
   std::string finish(Tree& tree, ImportResult& result) {
     if (lines_.empty()) return "there is no row of " + std::string(kRootName);
     for_each_node(tree_.store().root(), [this](const Node& node) {
@@ -90,7 +90,7 @@ class DumpImport {
   }
 
  private:
-  /// "" where an optional column is not there.
+  // "" where an optional column is not there.
   const std::string& field(const CsvRecord& record, Column column) const {
     static const std::string none;
     return places_[column].has_value() ? record.fields[*places_[column]] : none;
@@ -166,7 +166,7 @@ class DumpImport {
     return text;
   }
 
-  /// Counts can be compared only when every instance is there.
+  // Counts can be compared only when every instance is there.
   void note_wrong_counts() {
     for (const Parameter& stated : stated_counts_) {
       const std::string computed = value_of(tree_.store().cell(stated.name));
@@ -177,10 +177,10 @@ class DumpImport {
   DumpTree tree_;
   ImportResult result_;
   DumpNotes notes_;
-  std::vector<Parameter> stated_counts_;  ///< as the dump has them
+  std::vector<Parameter> stated_counts_;  // as the dump has them
   std::size_t width_ = 0;
   std::optional<std::size_t> places_[kColumns];
-  std::unordered_map<std::string, std::size_t> lines_;  ///< where each name of the tree stood
+  std::unordered_map<std::string, std::size_t> lines_;  // where each name of the tree stood
 };
 
 ImportResult refused(const std::string& source, std::size_t line, const std::string& reason) {

@@ -28,8 +28,8 @@ bool is_utf8(const std::string& text) {
   }
 }
 
-/// Texts of the tree are bytes, those of JSON are Unicode: what is no UTF-8 stands as hexadecimal
-/// digits under another key, so that no reader takes it for the text.
+// Texts of the tree are bytes, those of JSON are Unicode: what is no UTF-8 stands as hexadecimal
+// digits under another key, so that no reader takes it for the text.
 void put_text(Json& object, const std::string& key, const std::string& text) {
   if (is_utf8(text)) {
     object[key] = text;

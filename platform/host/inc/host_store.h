@@ -125,7 +125,7 @@ class HOST_EXPORT Store {
                                      StoreResult* result);
   Store(const Store&) = delete;
   Store& operator=(const Store&) = delete;
-  /// Lets go of what was not committed.
+  /// Undoes what was not committed, as abandon() does.
   ~Store();
 
   /// @return the file behind symbolic links, absolute; or ":memory:"

@@ -2,9 +2,9 @@
 
 namespace host {
 
-/// The size of a text's block. Allocators hand out memory in steps of 16 bytes, some of which they
-/// need themselves; by taking what they would round up to, a text of nearly the same length can
-/// take an old one's block.
+// The size of a text's block. Allocators hand out memory in steps of 16 bytes, some of which they
+// need themselves; by taking what they would round up to, a text of nearly the same length can
+// take an old one's block.
 std::size_t StoredText::block_size(std::size_t length) {
   constexpr std::size_t kStep = 16;
   constexpr std::size_t kOverhead = sizeof(void*);

@@ -7,7 +7,7 @@
 namespace host {
 namespace {
 
-/// The path of an object below another, in exactly the memory it takes.
+// The path of an object below another, in exactly the memory it takes.
 std::string path_below(const Node& parent, std::string_view name) {
   std::string path;
   path.reserve(parent.path.size() + name.size() + 1);
@@ -39,7 +39,7 @@ Node& TreeStore::attach(Node& parent, std::unique_ptr<Node> node) {
   return placed;
 }
 
-/// Gives a new object the objects that the data model has below it.
+// Gives a new object the objects that the data model has below it.
 void TreeStore::complete(Node& node) {
   for (const auto& [name, schema] : node.schema->children) {
     const auto kind = schema->is_table() ? Node::Kind::kTable : Node::Kind::kObject;
@@ -84,7 +84,7 @@ void TreeStore::set(const Cell& cell, std::string_view text) {
   }
 }
 
-/// Takes a node and all below it out of the index.
+// Takes a node and all below it out of the index.
 void TreeStore::forget(const Node& node) {
   for_each_node(node, [this](const Node& gone) { index_.leave(gone); });
 }

@@ -1,4 +1,4 @@
-/// c_debug_out and the place where its lines go.
+// c_debug_out and the place where its lines go.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -15,7 +15,7 @@
 namespace host {
 namespace {
 
-/// Made at first use and never destroyed: lines may still be written while the process ends.
+// Made at first use and never destroyed: lines may still be written while the process ends.
 DebugSink& current_sink() {
   static auto* const sink = new DebugSink;
   return *sink;
@@ -27,7 +27,7 @@ std::string log_line(const char* file, int line, const std::string& text) {
   return std::string(file) + ":" + std::to_string(line) + ": " + text + "\n";
 }
 
-/// An open file that is closed with its last user.
+// An open file that is closed with its last user.
 class LogFile {
  public:
   explicit LogFile(const std::string& path)
@@ -42,8 +42,8 @@ class LogFile {
 
   bool is_open() const { return descriptor_ >= 0; }
 
-  /// One write for one line, so that lines of several processes do not mix. A line that the disk
-  /// does not take is lost: the log never disturbs its caller.
+  // One write for one line, so that lines of several processes do not mix. A line that the disk
+  // does not take is lost: the log never disturbs its caller.
   void append(const std::string& line) const {
     const ssize_t written = write(descriptor_, line.data(), line.size());
     (void)written;

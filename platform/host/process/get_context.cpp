@@ -1,5 +1,5 @@
-/// The context that libigd asks for. In a source of its own, so that a program which is linked to
-/// the platform as an archive can supply another one.
+// The context that libigd asks for. In a source of its own, so that a program which is linked to
+// the platform as an archive can supply another one.
 #include "host_platform.h"
 #include "process/process_tree.h"
 

@@ -1,4 +1,4 @@
-/// The process's tree where the platform is built without stores.
+// The process's tree where the platform is built without stores.
 #include "process/process_tree.h"
 
 namespace host {

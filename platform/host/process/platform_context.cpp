@@ -1,4 +1,4 @@
-/// The MibAccess that the context hands out, and the tree behind it.
+// The MibAccess that the context hands out, and the tree behind it.
 #include <cstddef>
 #include <memory>
 #include <optional>
@@ -14,7 +14,7 @@ namespace {
 
 Tree* exchanged_tree = nullptr;  // null: that of the process
 
-/// Stands for the tree of a store that could not be opened: it has nothing and takes nothing.
+// Stands for the tree of a store that could not be opened: it has nothing and takes nothing.
 class NoStore final : public TreeObserver {
  public:
   NoStore() { TreeAccess::observe(tree_, this); }
@@ -35,12 +35,12 @@ Tree& tree_of_no_store() {
   return no_store->tree();
 }
 
-/// Keeps what reads of the active tree show as it is, while it lives.
+// Keeps what reads of the active tree show as it is, while it lives.
 std::shared_ptr<const void> held_view() {
   return exchanged_tree == nullptr ? held_process_tree() : nullptr;
 }
 
-/// Walks the names there were when it was opened, so writes do not disturb it.
+// Walks the names there were when it was opened, so writes do not disturb it.
 class NameIterator final : public InstanceIterator {
  public:
   NameIterator(std::shared_ptr<const Listing> listing, std::shared_ptr<const void> view)
@@ -61,7 +61,7 @@ class NameIterator final : public InstanceIterator {
   std::shared_ptr<const void> view_;
 };
 
-/// Hands every call to the tree that is active at that moment.
+// Hands every call to the tree that is active at that moment.
 class ActiveTreeAccess final : public MibAccess {
  public:
   int addObject(const std::string& table_path, int* instance, int /*access_level*/) override {
@@ -82,7 +82,7 @@ class ActiveTreeAccess final : public MibAccess {
   int setValue(const std::string& name, const std::string& value, int /*flags*/) override {
     return active_tree().set_value(name, value);
   }
-  /// 0 means on disk. A tree that was put in place of the store's is in memory only.
+  // 0 means on disk. A tree that was put in place of the store's is in memory only.
   int commit(int /*mode*/) override {
     return exchanged_tree != nullptr || commit_process_tree() ? 0 : -1;
   }

@@ -1,4 +1,4 @@
-/// The store of this process: where it is, and opening it.
+// The store of this process: where it is, and opening it.
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -19,7 +19,7 @@ std::string environment(const char* name) {
   return text != nullptr ? text : "";
 }
 
-/// Makes the folders of the default path, for their owner alone. What fails shows on opening.
+// Makes the folders of the default path, for their owner alone. What fails shows on opening.
 void make_folders(const std::string& path) {
   for (std::size_t slash = path.find('/', 1); slash != std::string::npos;
        slash = path.find('/', slash + 1)) {
@@ -27,7 +27,7 @@ void make_folders(const std::string& path) {
   }
 }
 
-/// Made at first use and never destroyed: other objects may still use it while the process ends.
+// Made at first use and never destroyed: other objects may still use it while the process ends.
 struct ProcessStore {
   std::unique_ptr<Store> store;
   StoreResult result;

@@ -1,4 +1,4 @@
-/// The process's tree is its store's.
+// The process's tree is its store's.
 #include "host_store.h"
 #include "process/process_tree.h"
 

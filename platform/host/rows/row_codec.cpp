@@ -78,7 +78,7 @@ bool RowReader::next() {
   return !failed_;
 }
 
-/// From now on nothing is taken any more.
+// From now on nothing is taken any more.
 void RowReader::fail() {
   failed_ = true;
   rest_ = {};

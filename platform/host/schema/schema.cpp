@@ -19,7 +19,7 @@ constexpr std::array<std::pair<ValueType, std::string_view>, 8> kTypeNames = {{
     {kAlias, "Alias"},
 }};
 
-/// The place of "WANDevice.{i}.WANConnectionDevice.{i}." below `root`, made as needed.
+// The place of "WANDevice.{i}.WANConnectionDevice.{i}." below `root`, made as needed.
 ObjectSchema& place_of(ObjectSchema& root, std::string_view pattern) {
   ObjectSchema* place = &root;
   while (!pattern.empty()) {
@@ -45,7 +45,7 @@ void take_rows(ObjectSchema& root, SchemaRows rows) {
   }
 }
 
-/// Puts the parameters of an object, and of all below it, into order.
+// Puts the parameters of an object, and of all below it, into order.
 void arrange(ObjectSchema& object) {
   auto& parameters = object.parameters;
   std::sort(parameters.begin(), parameters.end(),

@@ -9,7 +9,7 @@ namespace {
 constexpr std::int64_t kPerSecond = 1000;
 constexpr std::int64_t kNanoseconds = 1000000;  // in a millisecond
 
-/// Read once: it is the same as long as the process lives.
+// Read once: it is the same as long as the process lives.
 const std::string& boot_identity() {
   static const std::string* const identity = [] {
     auto* text = new std::string;

@@ -23,7 +23,7 @@ constexpr std::uint32_t kBatchBytes = 1U << 30U;
 
 std::uint32_t byte_of(SharedState::Batch batch) { return 1 + batch % kBatchBytes; }
 
-/// A lock of the open file, not of the process: two stores in one process exclude each other too.
+// A lock of the open file, not of the process: two stores in one process exclude each other too.
 struct flock byte_lock(std::uint32_t byte, short type) {
   struct flock lock = {};
   lock.l_type = type;

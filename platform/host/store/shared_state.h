@@ -1,7 +1,7 @@
 /// What the processes of one store tell each other: a small file that each of them maps.
 ///
-/// Nothing in it has to survive: the database decides, and whoever opens the store or takes the
-/// turn puts the counter right.
+/// Nothing in it has to survive: the database decides, and whoever opens the store or finds the
+/// counter odd puts it right.
 #ifndef PLATFORM_HOST_SHARED_STATE_H
 #define PLATFORM_HOST_SHARED_STATE_H
 

@@ -1,4 +1,4 @@
-/// Opening a store, and its public face.
+// Opening a store, and its public face.
 #include <sys/stat.h>
 
 #include <climits>
@@ -15,7 +15,7 @@
 namespace host {
 namespace {
 
-/// The file behind symbolic links, so that all processes find the same neighbours of it.
+// The file behind symbolic links, so that all processes find the same neighbours of it.
 std::string resolved(const std::string& path) {
   if (path == ":memory:") return path;
   struct stat status = {};
@@ -37,7 +37,7 @@ std::string resolved(const std::string& path) {
 
 }  // namespace
 
-/// The parts of a store, and what concerns them all: opening, forks, the look at other processes.
+// The parts of a store, and what concerns them all: opening, forks, the look at other processes.
 struct Store::Impl {
   Impl(std::string path, StoreOptions options)
       : connection(std::move(path), std::move(options)),
@@ -55,12 +55,12 @@ struct Store::Impl {
   Impl(const Impl&) = delete;
   Impl& operator=(const Impl&) = delete;
 
-  /// Before each use of the store. A read costs three comparisons while nothing happened.
+  // Before each use of the store. A read costs three comparisons while nothing happened.
   void refresh() {
     if (!view.is_current() || view.pending()) poll();
   }
 
-  /// Takes a step that needs the file, on the newest state.
+  // Takes a step that needs the file, on the newest state.
   template <typename Step>
   StoreResult done(const Step& step) {
     refresh();
@@ -70,12 +70,12 @@ struct Store::Impl {
     });
   }
 
-  /// A child after fork has nothing of its parent's batch, and may have no file yet.
+  // A child after fork has nothing of its parent's batch, and may have no file yet.
   void require_own_file() {
     if (connection.is_inherited()) reopen();
   }
 
-  /// The rows of a checkpoint, or those of now for "".
+  // The rows of a checkpoint, or those of now for "".
   RowSet rows_at(const std::string& name) const {
     return name.empty() ? rows_of(view.content()) : checkpoints.rows_at(name);
   }
@@ -88,7 +88,7 @@ struct Store::Impl {
   StorePending pending;
   StoreBatch batch;
   StoreCheckpoints checkpoints;
-  int holds = 0;  ///< what freezes the view: holds and open walks
+  int holds = 0;  // what freezes the view: holds and open walks
 
  private:
   void open();
@@ -97,7 +97,7 @@ struct Store::Impl {
   void poll();
   void follow();
 
-  std::string last_trouble_;  ///< of following other processes, as it was reported
+  std::string last_trouble_;  // of following other processes, as it was reported
 };
 
 void Store::Impl::open() {
@@ -134,7 +134,7 @@ void Store::Impl::reopen() {
   open();
 }
 
-/// Something may have happened: a commit, a fork, a deadline, the loss of the write lock.
+// Something may have happened: a commit, a fork, a deadline, the loss of the write lock.
 void Store::Impl::poll() {
   const StoreResult result = result_of([this] { follow(); });
   if (result.ok()) return;

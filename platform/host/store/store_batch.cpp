@@ -7,7 +7,7 @@
 
 namespace host {
 
-/// Asked before every write, and only for one that the tree itself allows.
+// Asked before every write, and only for one that the tree itself allows.
 TreeObserver::Admission StoreBatch::admit() {
   const bool goes_on = may_go_on();
   if (!goes_on) {
@@ -29,8 +29,8 @@ void StoreBatch::begin_or_go_on() {
   }
 }
 
-/// Takes the write lock, then catches up: what this batch changes is what the last one left. The
-/// commit asks the database again.
+// Takes the write lock, then catches up: what this batch changes is what the last one left. The
+// commit asks the database again.
 void StoreBatch::begin() {
   number_ = connection_.shared().begin_batch(connection_.options());
   view_.catch_up();
@@ -126,7 +126,7 @@ void StoreBatch::leave_to_parent() {
   drop();
 }
 
-/// Undoes what was written and gives the write lock back.
+// Undoes what was written and gives the write lock back.
 void StoreBatch::drop() {
   log_.undo(view_.content());
   poisoned_ = {};

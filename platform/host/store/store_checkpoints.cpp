@@ -25,7 +25,7 @@ bool is_good_name(const std::string& name) {
   throw StoreFailure(StoreError::kNoCheckpoint, "there is no checkpoint " + name);
 }
 
-/// The generation in "@17", 0 for anything else.
+// The generation in "@17", 0 for anything else.
 Generation generation_in(const std::string& name) {
   constexpr std::size_t kMostDigits = 18;
   const std::string digits = name.substr(1);
@@ -82,7 +82,7 @@ RowSet StoreCheckpoints::rows_at(const std::string& name) const {
   return std::move(*rows);
 }
 
-/// None when the changes since then are not all kept any more.
+// None when the changes since then are not all kept any more.
 std::optional<RowSet> StoreCheckpoints::rows_of_generation(Generation generation) const {
   StoreFile& file = connection_.file();
   if (generation == 0 || generation > file.generation()) return std::nullopt;

@@ -29,16 +29,16 @@ StoreConnection::~StoreConnection() {
   all_connections().erase(this);
 }
 
-/// Gives back only the child's own locks, of which it has none: the parent keeps its.
+// Gives back only the child's own locks, of which it has none: the parent keeps its.
 void StoreConnection::leave_file_to_parent() {
   if (file_ == nullptr || is_in_memory()) return;
   database().leave_log();
   file_.reset();
 }
 
-/// In a child SQLite would go on to count the parent's locks as held and take none, and others
-/// would throw the log away under its feet. So before a child opens a file it closes every one that
-/// it has from its parent, whichever store they belong to.
+// In a child SQLite would go on to count the parent's locks as held and take none, and others
+// would throw the log away under its feet. So before a child opens a file it closes every one that
+// it has from its parent, whichever store they belong to.
 void StoreConnection::leave_files_to_parent() {
   for (StoreConnection* const connection : all_connections()) {
     if (connection->is_inherited()) connection->leave_file_to_parent();

@@ -1,4 +1,4 @@
-/// The states that a store's file keeps beside the newest: named checkpoints, and what is pending.
+// The states that a store's file keeps beside the newest: named checkpoints, and what is pending.
 #include "rows/row_codec.h"
 #include "rows/tree_rows.h"
 #include "store/store_file.h"

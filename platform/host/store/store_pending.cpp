@@ -37,8 +37,8 @@ bool StorePending::is_too_late(const PendingRow& row) const {
 
 bool StorePending::is_overdue() const { return view_.pending() && is_too_late(*view_.pending()); }
 
-/// The opposite of the pending change, which is the newest one because no other was let in. Nobody
-/// asked for this write now, so that of a damaged file is refused.
+// The opposite of the pending change, which is the newest one because no other was let in. Nobody
+// asked for this write now, so that of a damaged file is refused.
 RowChanges StorePending::opposite_of(const PendingRow& row) {
   StoreFile& file = connection_.file();
   file.require_sound();

@@ -27,16 +27,16 @@ void StoreView::publish_counter() {
   connection_.shared().set_counter(seen_counter_);
 }
 
-/// While the counter stands still no change was committed; only that a pending one was confirmed
-/// does not count.
+// While the counter stands still no change was committed; only that a pending one was confirmed
+// does not count.
 void StoreView::catch_up() {
   const std::uint32_t counter = repaired_counter();
   if (counter != seen_counter_ || pending_) read_changes();
   seen_counter_ = counter;
 }
 
-/// The shared counter. A commit that its process did not live to finish leaves it odd; nobody
-/// commits while this one has the commit lock, so then the database tells what it should be.
+// The shared counter. A commit that its process did not live to finish leaves it odd; nobody
+// commits while this one has the commit lock, so then the database tells what it should be.
 std::uint32_t StoreView::repaired_counter() {
   SharedState& shared = connection_.shared();
   const std::uint32_t counter = shared.counter();
