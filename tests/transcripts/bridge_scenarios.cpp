@@ -131,15 +131,15 @@ Scenarios bridge_scenarios() {
       {"bridge_no_member", no_member},
       {"bridge_of_device", bridge_of_device},
       {"bridge_read_pvid", [](Gateway& gw) { record_read(gw, igd_c_get_wan_bridge_pvid_name); }},
-      {"bridge_read_vlanid",
+      {"bridge_read_vlan_id",
        [](Gateway& gw) { record_read(gw, igd_c_get_wan_bridge_vlanid_name); }},
-      {"bridge_read_vlanpriority",
+      {"bridge_read_vlan_priority",
        [](Gateway& gw) { record_read(gw, igd_c_get_wan_bridge_vlanpriority_name); }},
-      {"bridge_read_vlanid_without_lan_bridge", read_vlanid_without_lan_bridge},
+      {"bridge_read_vlan_id_without_lan_bridge", read_vlanid_without_lan_bridge},
       {"bridge_set_pvid", set_pvid},
       {"bridge_set_pvid_without_ports", set_pvid_without_ports},
       {"bridge_set_pvid_of_unknown_bridge", set_pvid_of_unknown_bridge},
-      {"unused_vlan", unused_vlan},
+      {"bridge_unused_vlan", unused_vlan},
   };
 }
 

@@ -55,7 +55,7 @@ Scenarios cache_scenarios() {
       {"cache_request_that_names_nothing", request_that_names_nothing},
       {"cache_drop_one", drop_one},
       {"cache_drop_all_but_listed", drop_all_but_listed},
-      {"list_connections", list_connections},
+      {"cache_list", list_connections},
   };
 }
 

@@ -16,31 +16,6 @@ void create_with_failing_add(Gateway& gateway, int nth) {
   gateway.record([&] { return igd_wan_create("Ethernet", &info); });
 }
 
-// A tree without LAN bridge: the write makes it, then binds a port in it.
-void write_with_failing_add(Gateway& gateway, int nth) {
-  gateway.remove(gateway.bridge_named("internet"));
-  api_wan_info info = support::bridged("1_OTHER", 100, {});
-  const std::string path = gateway.create(info);
-  info.connection_class = kIgdRouted;
-  info.bind_lan = {"LAN1"};
-  gateway.note_writes_only();
-  gateway.fail_add(nth);
-  gateway.record([&] { return igd_wan_set_params(path, &info); });
-}
-
-void give_back_with_failing_add(Gateway& gateway, int nth) {
-  const std::string path = gateway.create(support::bridged("1_OTHER", 100, {"LAN1", "LAN2"}));
-  gateway.note_writes_only();
-  gateway.fail_add(nth);
-  gateway.record([&] { igd_wan_destory(path); });
-}
-
-void route_with_failing_add(Gateway& gateway) {
-  const api_route_info route = {"10.0.0.0", "255.0.0.0", 1, kIgdRouteByGateway, "", "192.168.1.2"};
-  gateway.fail_add(1);
-  gateway.record([&] { return igd_set_static_route(kIgdRouteSet, route); });
-}
-
 // With a number that was never given, the writes go to instance 0 or to bare names: refused.
 Refusals refusals_of_creation(int nth) {
   // Without its device nothing follows; without a mapping nothing else misses it.
@@ -59,15 +34,6 @@ Scenarios failing_add_scenarios() {
          [nth](Gateway& gateway) { create_with_failing_add(gateway, nth); },
          clean ? Refusals::kNone : refusals_of_creation(nth)});
   }
-  for (int nth : {1, 2}) {
-    scenarios.push_back({"write_add_" + std::to_string(nth) + "_fails",
-                         [nth](Gateway& gateway) { write_with_failing_add(gateway, nth); },
-                         Refusals::kExpected});
-    scenarios.push_back({"destroy_add_" + std::to_string(nth) + "_fails",
-                         [nth](Gateway& gateway) { give_back_with_failing_add(gateway, nth); },
-                         Refusals::kExpected});
-  }
-  scenarios.push_back({"route_add_fails", route_with_failing_add, Refusals::kExpected});
   return scenarios;
 }
 

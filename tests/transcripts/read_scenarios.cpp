@@ -96,11 +96,11 @@ Scenarios read_scenarios() {
       {"read_ports_and_option60", read_ports_and_option60},
       {"read_for_the_first_time", read_for_the_first_time},
       {"read_index_that_names_nothing", read_index_that_names_nothing},
-      {"status_dhcp_connected", status_dhcp_connected},
-      {"status_static_unconnected", status_static_unconnected},
-      {"status_pppoe_connected", status_pppoe_connected},
-      {"status_pppoe_unconnected", status_pppoe_unconnected},
-      {"status_none_enabled", status_none_enabled},
+      {"read_status_dhcp_connected", status_dhcp_connected},
+      {"read_status_static_unconnected", status_static_unconnected},
+      {"read_status_pppoe_connected", status_pppoe_connected},
+      {"read_status_pppoe_unconnected", status_pppoe_unconnected},
+      {"read_status_none_enabled", status_none_enabled},
   };
 }
 

@@ -50,6 +50,13 @@ void without_dhcp_and_ppp_objects(Gateway& gateway) {
   record_destroy(gateway, path);
 }
 
+void failing_to_give_back(Gateway& gateway, int nth) {
+  const std::string path = gateway.create(support::bridged("1_OTHER", 100, {"LAN1", "LAN2"}));
+  gateway.note_writes_only();
+  gateway.fail_add(nth);
+  gateway.record([&] { igd_wan_destory(path); });
+}
+
 void may_the_only_internet_go(Gateway& gateway) {
   const std::string path = gateway.create(routed_pppoe("1_INTERNET", 100));
   (void)gateway.create(support::dhcp_management("2_TR069", 46));
@@ -67,13 +74,17 @@ void may_one_of_two_others_go(Gateway& gateway) {
 
 Scenarios remove_scenarios() {
   return {
-      {"destroy_with_bound_ports", with_bound_ports},
-      {"destroy_with_routes", with_routes},
-      {"destroy_without_bridge", without_bridge, Refusals::kExpected},
-      {"destroy_without_lan_bridge", without_lan_bridge, Refusals::kExpected},
-      {"destroy_without_dhcp_and_ppp_objects", without_dhcp_and_ppp_objects, Refusals::kExpected},
-      {"may_the_only_internet_go", may_the_only_internet_go},
-      {"may_one_of_two_others_go", may_one_of_two_others_go},
+      {"remove_with_bound_ports", with_bound_ports},
+      {"remove_with_routes", with_routes},
+      {"remove_without_bridge", without_bridge, Refusals::kExpected},
+      {"remove_without_lan_bridge", without_lan_bridge, Refusals::kExpected},
+      {"remove_without_dhcp_and_ppp_objects", without_dhcp_and_ppp_objects, Refusals::kExpected},
+      {"remove_add_1_fails", [](Gateway& gateway) { failing_to_give_back(gateway, 1); },
+       Refusals::kExpected},
+      {"remove_add_2_fails", [](Gateway& gateway) { failing_to_give_back(gateway, 2); },
+       Refusals::kExpected},
+      {"remove_check_of_the_only_internet", may_the_only_internet_go},
+      {"remove_check_of_one_of_two_others", may_one_of_two_others_go},
   };
 }
 

@@ -44,6 +44,12 @@ void add_of_no_type(Gateway& gateway) {
   record_route(gateway, kIgdRouteSet, route);
 }
 
+void add_fails(Gateway& gateway) {
+  const api_route_info route = {"10.0.0.0", "255.0.0.0", 1, kIgdRouteByGateway, "", "192.168.1.2"};
+  gateway.fail_add(1);
+  record_route(gateway, kIgdRouteSet, route);
+}
+
 void update(Gateway& gateway) {
   add_three_routes(gateway);
   record_route(gateway, kIgdRouteSet, kByGateway);
@@ -84,13 +90,14 @@ Scenarios route_scenarios() {
       {"route_add_by_interface", add_by_interface},
       {"route_add_by_unknown_interface", add_by_unknown_interface},
       {"route_add_of_no_type", add_of_no_type},
+      {"route_add_fails", add_fails, Refusals::kExpected},
       {"route_update", update},
       {"route_delete", remove},
       {"route_delete_missing", remove_missing},
       {"route_unknown_operation", unknown_operation},
-      {"routes_list", list},
-      {"routes_clear", clear},
-      {"routes_clear_empty", clear_empty},
+      {"route_list", list},
+      {"route_clear", clear},
+      {"route_clear_empty", clear_empty},
   };
 }
 

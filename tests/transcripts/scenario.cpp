@@ -7,11 +7,8 @@ namespace {
 
 Scenarios collect() {
   Scenarios all;
-  for (const auto& part :
-       {create_scenarios, failing_add_scenarios, write_scenarios, write_port_scenarios,
-        read_scenarios, remove_scenarios, lookup_scenarios, validate_scenarios, bridge_scenarios,
-        cache_scenarios, route_scenarios, settings_scenarios}) {
-    Scenarios scenarios = part();
+  for (const Area& area : kAreas) {
+    Scenarios scenarios = area.scenarios();
     all.insert(all.end(), std::make_move_iterator(scenarios.begin()),
                std::make_move_iterator(scenarios.end()));
   }

@@ -104,7 +104,22 @@ Scenarios validate_scenarios();
 Scenarios write_port_scenarios();
 Scenarios write_scenarios();
 
-/// All of the above.
+/// What an operation is about; the names of its scenarios begin with it.
+struct Area {
+  const char* name;
+  Scenarios (*scenarios)();
+};
+
+inline constexpr Area kAreas[] = {
+    {"create", create_scenarios}, {"create", failing_add_scenarios},
+    {"write", write_scenarios},   {"write", write_port_scenarios},
+    {"read", read_scenarios},     {"remove", remove_scenarios},
+    {"lookup", lookup_scenarios}, {"validate", validate_scenarios},
+    {"bridge", bridge_scenarios}, {"cache", cache_scenarios},
+    {"route", route_scenarios},   {"settings", settings_scenarios},
+};
+
+/// The scenarios of all areas.
 const Scenarios& all_scenarios();
 
 /// Plays a scenario on a gateway of its own.

@@ -8,6 +8,7 @@
 
 #include "create_rows.h"
 #include "expected_text.h"
+#include "pattern.h"
 #include "scenario.h"
 
 namespace transcripts {
@@ -26,6 +27,19 @@ bool some_row(Predicate predicate) {
 
 TEST(ScenarioTable, GivesEachNameOnce) {
   EXPECT_EQ(scenario_names().size(), all_scenarios().size());
+}
+
+TEST(ScenarioTable, NamesAreWordsInLowerCase) {
+  const Pattern words("[a-z][a-z0-9]*(_[a-z0-9]+)+");
+  for (const std::string& name : scenario_names()) EXPECT_TRUE(words.matches(name)) << name;
+}
+
+TEST(ScenarioTable, BeginsEachNameWithItsArea) {
+  for (const Area& area : kAreas) {
+    for (const Scenario& scenario : area.scenarios()) {
+      EXPECT_EQ(scenario.name.rfind(std::string(area.name) + '_', 0), 0U) << scenario.name;
+    }
+  }
 }
 
 TEST(ScenarioTable, HasOneFileForEachScenario) {

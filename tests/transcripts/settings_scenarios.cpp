@@ -1,4 +1,5 @@
-// Settings of the device, and operations that never ask the tree.
+// Settings of the device, one value for all objects of a connection, and operations that never ask
+// the tree.
 #include <array>
 
 #include "igd_common.h"
@@ -44,13 +45,38 @@ void physical_name_with_suffix(Gateway& gateway) {
   gateway.record([] { return std::string(getPhyName("LAN2", 1, 100, nullptr)); });
 }
 
+void record_write_all(Gateway& gateway, const std::string& path, const std::string& node) {
+  gateway.record([&] { igd_set_wan_all_value(path, node, "true"); });
+}
+
+void all_objects_below_dhcp(Gateway& gateway) {
+  const std::string path = gateway.create(support::routed_pppoe("1_INTERNET", 100));
+  record_write_all(gateway, path, path + "WANIPConnection.2.Reset");
+}
+
+void all_objects_elsewhere(Gateway& gateway) {
+  const std::string path = gateway.create(support::routed_pppoe("1_INTERNET", 100));
+  record_write_all(gateway, path, path + "X_CT-COM_Enable");
+}
+
+void all_objects_without_ppp(Gateway& gateway) {
+  const std::string path = gateway.add_connection_device(1, {"Static", "DHCP"});
+  record_write_all(gateway, path, path + "WANIPConnection.1.Reset");
+}
+
 }  // namespace
 
 Scenarios settings_scenarios() {
   return {
-      {"management_set", management_set}, {"management_get", management_get},
-      {"lan_address", lan_address},       {"l3_names", l3_names},
-      {"record_dump", record_dump},       {"physical_name_with_suffix", physical_name_with_suffix},
+      {"settings_set_management_server", management_set},
+      {"settings_get_management_server", management_get},
+      {"settings_lan_address", lan_address},
+      {"settings_l3_names", l3_names},
+      {"settings_record_dump", record_dump},
+      {"settings_physical_name_with_suffix", physical_name_with_suffix},
+      {"settings_all_objects_below_dhcp", all_objects_below_dhcp},
+      {"settings_all_objects_elsewhere", all_objects_elsewhere},
+      {"settings_all_objects_without_ppp", all_objects_without_ppp},
   };
 }
 

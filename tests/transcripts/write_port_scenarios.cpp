@@ -1,4 +1,5 @@
-// Writing over an existing connection: ports that move, and what new ports get.
+// Writing over an existing connection: ports that move, what new ports get, and the list of
+// bound ports by itself.
 #include "scenario.h"
 
 namespace transcripts {
@@ -68,6 +69,41 @@ void without_lan_bridge(Gateway& gateway) {
   record_move(gateway, support::bridged("1_INTERNET", 100, {}), after);
 }
 
+// A tree without LAN bridge: the write makes it, then binds a port in it.
+void without_lan_bridge_failing_add(Gateway& gateway, int nth) {
+  gateway.remove(gateway.bridge_named("internet"));
+  api_wan_info info = support::bridged("1_OTHER", 100, {});
+  const std::string path = gateway.create(info);
+  info.connection_class = kIgdRouted;
+  info.bind_lan = {"LAN1"};
+  gateway.note_writes_only();
+  gateway.fail_add(nth);
+  gateway.record([&] { return igd_wan_set_params(path, &info); });
+}
+
+void binding(Gateway& gateway) {
+  const std::string path = gateway.create(support::routed_pppoe("1_INTERNET", 100));
+  api_wan_info info;
+  info.bind_lan = {"LAN0", "LAN2"};
+  info.bind_wan = {"WLAN1"};
+  gateway.record([&] { saveLanInterfaceToWanNode(path, &info); });
+}
+
+void binding_that_is_there(Gateway& gateway) {
+  api_wan_info info = support::routed_pppoe("1_INTERNET", 100);
+  info.bind_lan = {"LAN1"};
+  const std::string path = gateway.create(info);
+  gateway.set(path + "WANIPConnection.2.X_CT-COM_LanInterface", "LAN4");
+  gateway.record([&] { saveLanInterfaceToWanNode(path, &info); });
+}
+
+void binding_without_objects(Gateway& gateway) {
+  const std::string path = gateway.add_connection_device(1, {"DHCP"});
+  api_wan_info info;
+  info.bind_lan = {"LAN1"};
+  gateway.record([&] { saveLanInterfaceToWanNode(path, &info); });
+}
+
 }  // namespace
 
 Scenarios write_port_scenarios() {
@@ -82,6 +118,13 @@ Scenarios write_port_scenarios() {
       {"write_second_switched_port", second_switched_port},
       {"write_ports_with_option60", with_option60},
       {"write_ports_without_lan_bridge", without_lan_bridge},
+      {"write_add_1_fails", [](Gateway& gateway) { without_lan_bridge_failing_add(gateway, 1); },
+       Refusals::kExpected},
+      {"write_add_2_fails", [](Gateway& gateway) { without_lan_bridge_failing_add(gateway, 2); },
+       Refusals::kExpected},
+      {"write_binding", binding},
+      {"write_binding_that_is_there", binding_that_is_there},
+      {"write_binding_without_objects", binding_without_objects, Refusals::kExpected},
   };
 }
 
