@@ -1,15 +1,12 @@
 #include "order_rules.h"
 
 #include <algorithm>
-#include <sstream>
 #include <utility>
 
 #include "pattern.h"
 
 namespace transcripts {
 namespace {
-
-using Lines = std::vector<std::string>;
 
 const std::string kAnyBridge = R"(InternetGatewayDevice\.Layer2Bridging\.Bridge\.[0-9]+\.)";
 
@@ -234,13 +231,6 @@ Finding adds_of_a_creation_in_order(const Lines& lines) {
 Finding removal_in_order(const Lines& lines) {
   static const Pattern kOrder(R"(r*cp*bp*N*\.)");
   return kinds_in_order(lines, 'c', kOrder);
-}
-
-std::vector<std::string> lines_of(const std::string& text) {
-  Lines lines;
-  std::istringstream stream(text);
-  for (std::string line; std::getline(stream, line);) lines.push_back(line);
-  return lines;
 }
 
 }  // namespace transcripts

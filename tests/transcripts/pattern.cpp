@@ -13,6 +13,7 @@ Pattern::Pattern(const std::string& expression) {
 Pattern::~Pattern() { ::regfree(&compiled_); }
 
 std::vector<std::string> Pattern::groups_of(const std::string& text) const {
+  if (text.find('\0') != std::string::npos) return {};
   std::vector<regmatch_t> found(compiled_.re_nsub + 1);
   if (::regexec(&compiled_, text.c_str(), found.size(), found.data(), 0) != 0) return {};
   std::vector<std::string> groups;

@@ -10,7 +10,7 @@
 
 namespace transcripts {
 
-/// Matches whole texts only.
+/// Matches whole texts only, and none with a NUL byte.
 class Pattern {
  public:
   explicit Pattern(const std::string& expression);

@@ -1,0 +1,37 @@
+#include "lines.h"
+
+#include <gtest/gtest.h>
+
+namespace transcripts {
+namespace {
+
+TEST(Edits, AreNoneForEqualLines) { EXPECT_TRUE(edits_between({"a", "b"}, {"a", "b"}).empty()); }
+
+TEST(Edits, NameTheLinesThatGoAndThoseInTheirPlace) {
+  const std::vector<Edit> edits = edits_between({"a", "b", "c", "d"}, {"a", "x", "y", "d", "e"});
+  ASSERT_EQ(edits.size(), 2U);
+  EXPECT_EQ(edits[0].at, 1U);
+  EXPECT_EQ(edits[0].gone, 2U);
+  EXPECT_EQ(edits[0].instead, (Lines{"x", "y"}));
+  EXPECT_EQ(edits[1].at, 4U);
+  EXPECT_EQ(edits[1].gone, 0U);
+  EXPECT_EQ(edits[1].instead, (Lines{"e"}));
+}
+
+TEST(Edits, MakeOneTextOfTheOther) {
+  const Lines texts[] = {{},
+                         {"a"},
+                         {"a", "a"},
+                         {"a", "b", "a"},
+                         {"b", "a", "b", "c"},
+                         {"c", "b", "a"},
+                         {"x", "a", "y", "b", "a", "z"}};
+  for (const Lines& before : texts) {
+    for (const Lines& after : texts) {
+      EXPECT_EQ(edited(before, edits_between(before, after)), after);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace transcripts
