@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "pattern.h"
+#include "form/pattern.h"
 
 namespace transcripts {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "lines.h"
+#include "form/lines.h"
 
 namespace transcripts {
 

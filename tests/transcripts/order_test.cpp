@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "order_rules.h"
-#include "scenario.h"
+#include "scenarios/scenario.h"
 
 namespace transcripts {
 namespace {

@@ -6,10 +6,10 @@
 #include <set>
 #include <tuple>
 
-#include "create_rows.h"
 #include "expected_text.h"
-#include "pattern.h"
-#include "scenario.h"
+#include "form/pattern.h"
+#include "scenarios/create_rows.h"
+#include "scenarios/scenario.h"
 
 namespace transcripts {
 namespace {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "expected_text.h"
-#include "scenario.h"
+#include "scenarios/scenario.h"
 
 namespace transcripts {
 namespace {

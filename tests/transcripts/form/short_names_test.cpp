@@ -6,7 +6,7 @@
 #include <set>
 
 #include "lines.h"
-#include "scenario.h"
+#include "scenarios/scenario.h"
 
 namespace transcripts {
 namespace {
