@@ -1,26 +1,16 @@
 #include "expected_text.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
 #include <sstream>
-#include <stdexcept>
-#include <vector>
+
+#include "form/lines.h"
 
 namespace transcripts {
 namespace {
 
 constexpr std::size_t kLinesBefore = 5;
 constexpr std::size_t kLinesFrom = 4;
-
-using Lines = std::vector<std::string>;
-
-Lines lines_of(const std::string& text) {
-  Lines lines;
-  std::istringstream stream(text);
-  for (std::string line; std::getline(stream, line);) lines.push_back(line);
-  return lines;
-}
 
 void show(std::ostream& out, char mark, const Lines& lines, std::size_t from, std::size_t to) {
   for (std::size_t i = from; i < std::min(to, lines.size()); ++i) out << mark << lines[i] << '\n';
@@ -29,23 +19,14 @@ void show(std::ostream& out, char mark, const Lines& lines, std::size_t from, st
 
 }  // namespace
 
-std::string file_of(const std::string& scenario) {
-  return std::string(TRANSCRIPT_DIR) + '/' + scenario + ".txt";
+std::string file_of(const std::string& name) {
+  return std::string(TRANSCRIPT_DIR) + '/' + name + ".txt";
 }
 
 std::string read_file(const std::string& path) {
   std::ostringstream text;
   text << std::ifstream(path, std::ios::binary).rdbuf();
   return text.str();
-}
-
-bool update_wanted() { return std::getenv("IGD_UPDATE_TRANSCRIPTS") != nullptr; }
-
-void write_file(const std::string& path, const std::string& text) {
-  std::ofstream file(path, std::ios::binary);
-  file << text;
-  file.close();
-  if (!file) throw std::runtime_error("cannot write " + path);
 }
 
 std::string first_difference(const std::string& expected, const std::string& actual) {

@@ -6,16 +6,11 @@
 
 namespace transcripts {
 
-/// Path of a scenario's file.
-std::string file_of(const std::string& scenario);
+/// Path of the file with this name.
+std::string file_of(const std::string& name);
 
 /// What a file holds; empty when it cannot be read.
 std::string read_file(const std::string& path);
-
-/// Whether the files shall be rewritten from what is recorded (IGD_UPDATE_TRANSCRIPTS is set).
-bool update_wanted();
-
-void write_file(const std::string& path, const std::string& text);
 
 /// Shows where two texts part: the lines before, then what was expected ("-") and what came ("+").
 /// Empty when they are equal.

@@ -6,6 +6,7 @@
 #include <set>
 #include <tuple>
 
+#include "documents.h"
 #include "expected_text.h"
 #include "form/pattern.h"
 #include "scenarios/create_rows.h"
@@ -42,12 +43,15 @@ TEST(ScenarioTable, BeginsEachNameWithItsArea) {
   }
 }
 
-TEST(ScenarioTable, HasOneFileForEachScenario) {
+TEST(ScenarioTable, HasOneFileForEachDocument) {
+  std::set<std::string> documents;
+  for (const Document& document : all_documents()) documents.insert(document.name);
+  EXPECT_EQ(documents.size(), all_documents().size());
   std::set<std::string> files;
   for (const auto& file : std::filesystem::directory_iterator(TRANSCRIPT_DIR)) {
     files.insert(file.path().stem().string());
   }
-  EXPECT_EQ(files, scenario_names());
+  EXPECT_EQ(files, documents);
 }
 
 TEST(ScenarioTable, CreatesEveryClassInEveryModeOnEveryUplink) {

@@ -53,16 +53,4 @@ std::vector<Edit> edits_between(const Lines& before, const Lines& after) {
   return edits;
 }
 
-Lines edited(const Lines& before, const std::vector<Edit>& edits) {
-  Lines result;
-  std::size_t at = 0;
-  for (const Edit& edit : edits) {
-    for (; at < edit.at; ++at) result.push_back(before[at]);
-    result.insert(result.end(), edit.instead.begin(), edit.instead.end());
-    at += edit.gone;
-  }
-  for (; at < before.size(); ++at) result.push_back(before[at]);
-  return result;
-}
-
 }  // namespace transcripts

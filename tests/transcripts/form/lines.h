@@ -22,9 +22,6 @@ struct Edit {
 /// The fewest lines that have to go and to come for `before` to become `after`, in order.
 std::vector<Edit> edits_between(const Lines& before, const Lines& after);
 
-/// What the edits make of the lines.
-Lines edited(const Lines& before, const std::vector<Edit>& edits);
-
 }  // namespace transcripts
 
 #endif  // IGD_TESTS_LINES_H

@@ -5,6 +5,19 @@
 namespace transcripts {
 namespace {
 
+// What the edits make of the lines.
+Lines edited(const Lines& before, const std::vector<Edit>& edits) {
+  Lines result;
+  std::size_t at = 0;
+  for (const Edit& edit : edits) {
+    for (; at < edit.at; ++at) result.push_back(before[at]);
+    result.insert(result.end(), edit.instead.begin(), edit.instead.end());
+    at += edit.gone;
+  }
+  for (; at < before.size(); ++at) result.push_back(before[at]);
+  return result;
+}
+
 TEST(Edits, AreNoneForEqualLines) { EXPECT_TRUE(edits_between({"a", "b"}, {"a", "b"}).empty()); }
 
 TEST(Edits, NameTheLinesThatGoAndThoseInTheirPlace) {

@@ -10,32 +10,34 @@ std::string connection(Gateway& gateway) {
 
 std::string cached_path(const std::string& path) { return _get_cache(path)->wan_path; }
 
+int entries_after_rebuilding(std::vector<std::string>& listed) {
+  _rebuid_cache(listed);
+  return static_cast<int>(g_wan_mibinfo_cache_list.size());
+}
+
 void first_request(Gateway& gateway) {
   const std::string path = connection(gateway);
-  Gateway::forget_cache();
-  gateway.record([&] { return cached_path(path); });
+  gateway.forget_cache();
+  gateway.record("wan_path of _get_cache", cached_path, path);
 }
 
 void second_request(Gateway& gateway) {
   const std::string path = connection(gateway);
-  gateway.record([&] { return cached_path(path); });
+  gateway.record("wan_path of _get_cache", cached_path, path);
 }
 
 void request_that_names_nothing(Gateway& gateway) {
-  gateway.record([] { return cached_path(support::wan_path(7, 8)); });
+  gateway.record("wan_path of _get_cache", cached_path, support::wan_path(7, 8));
 }
 
 void drop_one(Gateway& gateway) {
   const std::string path = connection(gateway);
-  gateway.record([&] { return _destory_cache(path); });
+  gateway.record(IGD_OPERATION(_destory_cache), path);
 }
 
 void drop_all_but_listed(Gateway& gateway) {
   std::vector<std::string> listed = {connection(gateway)};
-  gateway.record([&] {
-    _rebuid_cache(listed);
-    return static_cast<int>(g_wan_mibinfo_cache_list.size());
-  });
+  gateway.record("entries after _rebuid_cache", entries_after_rebuilding, listed);
 }
 
 void list_connections(Gateway& gateway) {
@@ -43,7 +45,7 @@ void list_connections(Gateway& gateway) {
   gateway.remove(connection(gateway));
   gateway.remove(gateway.create(support::dhcp_management("2_TR069", 46)));
   std::vector<std::string> paths;
-  gateway.record([&] { return igd_wan_list(paths); });
+  gateway.record(IGD_OPERATION(igd_wan_list), paths);
 }
 
 }  // namespace

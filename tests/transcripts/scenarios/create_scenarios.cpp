@@ -25,7 +25,7 @@ api_wan_info description_of(const CreateRow& row) {
 }
 
 void record_create(Gateway& gateway, const std::string& access_type, api_wan_info info) {
-  gateway.record([&] { return igd_wan_create(access_type, &info); });
+  gateway.record(IGD_OPERATION(igd_wan_create), access_type, &info);
 }
 
 Scenario scenario_of(const CreateRow& row) {

@@ -17,48 +17,48 @@ std::string two_connections(Gateway& gateway) {
 
 void name_of_ip_connection(Gateway& gateway) {
   (void)two_connections(gateway);
-  gateway.record([] { return igd_wan_get_id_by_name("1_INTERNET"); });
+  gateway.record(IGD_OPERATION(igd_wan_get_id_by_name), "1_INTERNET");
 }
 
 void name_of_ppp_connection(Gateway& gateway) {
   const std::string path = gateway.create(routed_pppoe("1_INTERNET", 100));
   gateway.set(path + "WANPPPConnection.1.Name", "dialled");
-  gateway.record([] { return igd_wan_get_id_by_name("dialled"); });
+  gateway.record(IGD_OPERATION(igd_wan_get_id_by_name), "dialled");
 }
 
 void name_of_nobody(Gateway& gateway) {
-  gateway.record([] { return igd_wan_get_id_by_name("nobody"); });
+  gateway.record(IGD_OPERATION(igd_wan_get_id_by_name), "nobody");
 }
 
 void check_owner_parameter(Gateway& gateway) {
   const std::string parameter = gateway.bridge_named("internet") + "X_ZYN_WANName";
-  gateway.record([&] { return igd_check_wan_index(parameter); });
+  gateway.record(IGD_OPERATION(igd_check_wan_index), parameter);
 }
 
 void check_connection_path(Gateway& gateway) {
   const std::string path = two_connections(gateway);
-  gateway.record([&] { return igd_check_wan_index(path); });
+  gateway.record(IGD_OPERATION(igd_check_wan_index), path);
 }
 
 void verify_connection_path(Gateway& gateway) {
   const std::string path = two_connections(gateway);
-  gateway.record([&] { return igd_verify_is_wan_index(path); });
+  gateway.record(IGD_OPERATION(igd_verify_is_wan_index), path);
 }
 
 void verify_wan_device_path(Gateway& gateway) {
   (void)two_connections(gateway);
-  gateway.record([] { return igd_verify_is_wan_index("InternetGatewayDevice.WANDevice.1."); });
+  gateway.record(IGD_OPERATION(igd_verify_is_wan_index), "InternetGatewayDevice.WANDevice.1.");
 }
 
 void verify_connection_path_in_bridge(Gateway& gateway) {
   const std::string path = two_connections(gateway);
-  gateway.record([&] { return igd_verify_wan_index_in_bridge(path); });
+  gateway.record(IGD_OPERATION(igd_verify_wan_index_in_bridge), path);
 }
 
 void ports_of_others(Gateway& gateway) {
   const std::string path = two_connections(gateway);
   std::vector<std::string> ports;
-  gateway.record([&] { return igd_get_used_port_list(path, ports); });
+  gateway.record(IGD_OPERATION(igd_get_used_port_list), path, ports);
 }
 
 }  // namespace

@@ -6,7 +6,7 @@ namespace {
 
 void record_read(Gateway& gateway, const std::string& path) {
   api_wan_info info;
-  gateway.record([&] { return igd_wan_get_params(path, &info); });
+  gateway.record(IGD_OPERATION(igd_wan_get_params), path, &info);
 }
 
 void read_in_mode(Gateway& gateway, IgdConnectMode mode) {
@@ -37,7 +37,7 @@ void read_ports_and_option60(Gateway& gateway) {
 
 void read_for_the_first_time(Gateway& gateway) {
   const std::string path = gateway.create(support::dhcp_management("1_TR069", 46));
-  Gateway::forget_cache();
+  gateway.forget_cache();
   record_read(gateway, path);
 }
 
@@ -60,7 +60,7 @@ void record_status(Gateway& gateway, IgdConnectMode mode,
     gateway.set(path + row.object + row.parameter, row.value);
   }
   api_wan_status status;
-  gateway.record([&] { return igd_wan_status(path, &status); });
+  gateway.record(IGD_OPERATION(igd_wan_status), path, &status);
 }
 
 void status_dhcp_connected(Gateway& gateway) {

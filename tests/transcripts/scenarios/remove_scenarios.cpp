@@ -7,7 +7,7 @@ using support::bridged;
 using support::routed_pppoe;
 
 void record_destroy(Gateway& gateway, const std::string& path) {
-  gateway.record([&] { igd_wan_destory(path); });
+  gateway.record(IGD_OPERATION(igd_wan_destory), path);
 }
 
 void with_bound_ports(Gateway& gateway) {
@@ -54,20 +54,20 @@ void failing_to_give_back(Gateway& gateway, int nth) {
   const std::string path = gateway.create(support::bridged("1_OTHER", 100, {"LAN1", "LAN2"}));
   gateway.note_writes_only();
   gateway.fail_add(nth);
-  gateway.record([&] { igd_wan_destory(path); });
+  gateway.record(IGD_OPERATION(igd_wan_destory), path);
 }
 
 void may_the_only_internet_go(Gateway& gateway) {
   const std::string path = gateway.create(routed_pppoe("1_INTERNET", 100));
   (void)gateway.create(support::dhcp_management("2_TR069", 46));
-  gateway.record([&] { return igd_verify_can_remove_wan(path); });
+  gateway.record(IGD_OPERATION(igd_verify_can_remove_wan), path);
 }
 
 void may_one_of_two_others_go(Gateway& gateway) {
   (void)gateway.create(bridged("1_OTHER", 100, {}));
   (void)gateway.create(support::dhcp_management("2_TR069", 46));
   const std::string path = gateway.create(bridged("3_OTHER", 200, {}));
-  gateway.record([&] { return igd_verify_can_remove_wan(path); });
+  gateway.record(IGD_OPERATION(igd_verify_can_remove_wan), path);
 }
 
 }  // namespace

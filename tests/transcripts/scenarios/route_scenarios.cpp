@@ -24,7 +24,7 @@ void add_three_routes(Gateway& gateway) {
 }
 
 void record_route(Gateway& gateway, int operation, const api_route_info& route) {
-  gateway.record([&] { return igd_set_static_route(operation, route); });
+  gateway.record(IGD_OPERATION(igd_set_static_route), operation, route);
 }
 
 void add_by_gateway(Gateway& gateway) { record_route(gateway, kIgdRouteSet, kByGateway); }
@@ -70,17 +70,15 @@ void unknown_operation(Gateway& gateway) {
 void list(Gateway& gateway) {
   add_three_routes(gateway);
   std::vector<api_route_info> routes;
-  gateway.record([&] { return igd_get_static_route_list(routes); });
+  gateway.record(IGD_OPERATION(igd_get_static_route_list), routes);
 }
 
 void clear(Gateway& gateway) {
   add_three_routes(gateway);
-  gateway.record([] { return igd_clear_static_route(); });
+  gateway.record(IGD_OPERATION(igd_clear_static_route));
 }
 
-void clear_empty(Gateway& gateway) {
-  gateway.record([] { return igd_clear_static_route(); });
-}
+void clear_empty(Gateway& gateway) { gateway.record(IGD_OPERATION(igd_clear_static_route)); }
 
 }  // namespace
 

@@ -10,26 +10,26 @@ namespace {
 
 void management_set(Gateway& gateway) {
   api_mng_server_info info = {"http://acs.example/", "user", "", "http://192.0.2.1/", "acs", "key"};
-  gateway.record([&] { return igd_mng_server_set_params(&info); });
+  gateway.record(IGD_OPERATION(igd_mng_server_set_params), &info);
 }
 
 void management_get(Gateway& gateway) {
   gateway.set("InternetGatewayDevice.ManagementServer.URL", "http://acs.example/");
   api_mng_server_info info;
-  gateway.record([&] { return igd_mng_server_get_params(&info); });
+  gateway.record(IGD_OPERATION(igd_mng_server_get_params), &info);
 }
 
-void lan_address(Gateway& gateway) {
-  gateway.record([] { return igd_c_get_lan_ipaddr(); });
+void lan_address(Gateway& gateway) { gateway.record(IGD_OPERATION(igd_c_get_lan_ipaddr)); }
+
+std::string l3_name_once_set(const char* key, const char* name) {
+  std::array<char, 16> buffer = {};
+  igd_c_set_l3_name(key, name);
+  igd_c_get_l3_name(key, buffer.data(), buffer.size());
+  return buffer.data();
 }
 
 void l3_names(Gateway& gateway) {
-  std::array<char, 16> buffer = {};
-  gateway.record([&] {
-    igd_c_set_l3_name("wan1", "ppp0");
-    igd_c_get_l3_name("wan1", buffer.data(), buffer.size());
-    return std::string(buffer.data());
-  });
+  gateway.record("igd_c_set_l3_name, then igd_c_get_l3_name", l3_name_once_set, "wan1", "ppp0");
 }
 
 void record_dump(Gateway& gateway) {
@@ -38,15 +38,15 @@ void record_dump(Gateway& gateway) {
   info.bind_wan = {"LAN2"};
   info.dhcp_trans = 6;
   info.nat_mode = 1;
-  gateway.record([&] { return igd_wan_print_params(&info); });
+  gateway.record(IGD_OPERATION(igd_wan_print_params), &info);
 }
 
 void physical_name_with_suffix(Gateway& gateway) {
-  gateway.record([] { return std::string(getPhyName("LAN2", 1, 100, nullptr)); });
+  gateway.record(IGD_OPERATION(getPhyName), "LAN2", 1, 100, nullptr);
 }
 
 void record_write_all(Gateway& gateway, const std::string& path, const std::string& node) {
-  gateway.record([&] { igd_set_wan_all_value(path, node, "true"); });
+  gateway.record(IGD_OPERATION(igd_set_wan_all_value), path, node, "true");
 }
 
 void all_objects_below_dhcp(Gateway& gateway) {

@@ -10,7 +10,7 @@ using support::bridged;
 using support::routed_pppoe;
 
 void record_check(Gateway& gateway, const std::string& path, api_wan_info info) {
-  gateway.record([&] { return igd_verify_new_wan_info_valid(path, &info, kAllPorts); });
+  gateway.record(IGD_OPERATION(igd_verify_new_wan_info_valid), path, &info, kAllPorts);
 }
 
 void new_one_fits(Gateway& gateway) {

@@ -17,7 +17,7 @@ api_wan_info with_ports(const Nodes& bind_lan, const Nodes& bind_wan) {
 
 void record_move(Gateway& gateway, const api_wan_info& before, api_wan_info after) {
   const std::string path = gateway.create(before);
-  gateway.record([&] { return igd_wan_set_params(path, &after); });
+  gateway.record(IGD_OPERATION(igd_wan_set_params), path, &after);
 }
 
 void from_lan_to_wan(Gateway& gateway) {
@@ -78,7 +78,7 @@ void without_lan_bridge_failing_add(Gateway& gateway, int nth) {
   info.bind_lan = {"LAN1"};
   gateway.note_writes_only();
   gateway.fail_add(nth);
-  gateway.record([&] { return igd_wan_set_params(path, &info); });
+  gateway.record(IGD_OPERATION(igd_wan_set_params), path, &info);
 }
 
 void binding(Gateway& gateway) {
@@ -86,7 +86,7 @@ void binding(Gateway& gateway) {
   api_wan_info info;
   info.bind_lan = {"LAN0", "LAN2"};
   info.bind_wan = {"WLAN1"};
-  gateway.record([&] { saveLanInterfaceToWanNode(path, &info); });
+  gateway.record(IGD_OPERATION(saveLanInterfaceToWanNode), path, &info);
 }
 
 void binding_that_is_there(Gateway& gateway) {
@@ -94,14 +94,14 @@ void binding_that_is_there(Gateway& gateway) {
   info.bind_lan = {"LAN1"};
   const std::string path = gateway.create(info);
   gateway.set(path + "WANIPConnection.2.X_CT-COM_LanInterface", "LAN4");
-  gateway.record([&] { saveLanInterfaceToWanNode(path, &info); });
+  gateway.record(IGD_OPERATION(saveLanInterfaceToWanNode), path, &info);
 }
 
 void binding_without_objects(Gateway& gateway) {
   const std::string path = gateway.add_connection_device(1, {"DHCP"});
   api_wan_info info;
   info.bind_lan = {"LAN1"};
-  gateway.record([&] { saveLanInterfaceToWanNode(path, &info); });
+  gateway.record(IGD_OPERATION(saveLanInterfaceToWanNode), path, &info);
 }
 
 }  // namespace

@@ -8,7 +8,7 @@ using support::bridged;
 using support::routed_pppoe;
 
 void record_write(Gateway& gateway, const std::string& path, api_wan_info info) {
-  gateway.record([&] { return igd_wan_set_params(path, &info); });
+  gateway.record(IGD_OPERATION(igd_wan_set_params), path, &info);
 }
 
 void add_route(Gateway& gateway, const std::string& interface, const std::string& table) {
