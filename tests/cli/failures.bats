@@ -10,12 +10,12 @@ load helper
   [ "$before" = "$(igdctl --json wan list)" ]
 }
 
-@test "a gateway whose platform refuses the commit: exit code 9, which says what may stand" {
+@test "a gateway whose platform refuses the commit: exit code 9, and the message says so" {
   make_three_connections
   igdctl -q wan set Television --mtu 1400 --confirm 600  # until then nothing else is committed
   run --separate-stderr igdctl_gateway wan set Internet --vlan 110
   [ "$status" -eq 9 ]
-  has "may stand" "$stderr"
+  has "may be in effect" "$stderr"
   run --separate-stderr igdctl_gateway wan remove Television
   [ "$status" -eq 9 ]
   has "did not remove" "$stderr"
