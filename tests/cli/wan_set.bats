@@ -64,13 +64,26 @@ load helper
   expect_unchanged 0 wan set Internet --vlan 110 --dry-run
   has "Writes, in order:"
   has 'VLANID = "110", was "100"'
-  has 'Password = "********", as before'
+  has_not "as before"
   has "Dry run: nothing was changed"
   has_not "correct-horse"
   expect_unchanged 0 wan set Internet --vlan 110 --dry-run --json
   has '"result": "dry-run"'
   has '"plan": ['
   has '"difference": {'
+}
+
+@test "--verbose shows also the writes that change nothing" {
+  make_three_connections
+  expect_unchanged 0 wan set Internet --vlan 110 --dry-run
+  has "more change nothing; -v shows them"
+  has_not "Password"
+  expect_unchanged 0 -v wan set Internet --vlan 110 --dry-run
+  has 'Password = "********", as before'
+  has_not "more change nothing"
+  has_not "correct-horse"
+  expect_unchanged 0 -v wan set Internet --vlan 110 --dry-run --json
+  has ".Password"
 }
 
 @test "the management connection is changed with --yes or --confirm only" {

@@ -49,7 +49,9 @@ class Transaction {
   /// To be called after the last write. None where the backend cannot tell. Throws Failure
   /// (kPlatform) when writes were refused; bare names do not count, which the library writes for
   /// connection objects that are missing.
-  virtual std::optional<ChangeEffect> effect(bool show_secrets) = 0;
+  ///
+  /// @param all_writes  show also those that wrote what was there
+  virtual std::optional<ChangeEffect> effect(bool show_secrets, bool all_writes) = 0;
 
   /// Puts the writes into effect.
   ///

@@ -32,7 +32,7 @@ Json report_of(ChangeOutcome outcome, const std::string& what, const std::string
 void add_change_options(CLI::App& command, const Session& session, ChangeOptions& options) {
   const std::string without = session.backend().has_store() ? "" : " (not in this build)";
   command.add_flag("--dry-run", options.dry_run,
-                   "Show every write in order and the difference, change nothing" + without);
+                   "Show the writes in order and the difference, change nothing" + without);
   command
       .add_option_function<std::string>(  // numbers of CLI11 may be octal, "true" is one, too
           "--confirm",
@@ -109,7 +109,8 @@ ChangeOutcome Change::run(const std::string& label, const std::function<void()>&
   (void)session_.tree();
   const std::unique_ptr<Transaction> transaction = session_.backend().begin_change();
   work();
-  const std::optional<ChangeEffect> effect = transaction->effect(session_.options.show_secrets);
+  const std::optional<ChangeEffect> effect =
+      transaction->effect(session_.options.show_secrets, session_.options.output.verbose);
   const bool no_difference = no_difference_ || (effect && effect->empty);
   if (options_.dry_run) {
     keep_for_report(*effect);

@@ -14,7 +14,7 @@ class DirectWrites : public Transaction {
  public:
   explicit DirectWrites(MibAccess& tree) : tree_(tree) {}
 
-  std::optional<ChangeEffect> effect(bool) override { return std::nullopt; }
+  std::optional<ChangeEffect> effect(bool, bool) override { return std::nullopt; }
 
   void land(const std::string&, int) override {
     if (tree_.commit(kCommitMode) == 0) return;

@@ -35,7 +35,16 @@ std::string change_text(const std::string& name, const std::string& before,
 
 }  // namespace
 
-std::string text_of(const std::vector<host::WriteStep>& plan, bool show_secrets) {
+std::vector<host::WriteStep> changing_steps(const std::vector<host::WriteStep>& plan) {
+  std::vector<host::WriteStep> steps;
+  for (const host::WriteStep& step : plan) {
+    if (step.kind != Kind::kSet || step.before != step.after) steps.push_back(step);
+  }
+  return steps;
+}
+
+std::string text_of(const std::vector<host::WriteStep>& plan, bool show_secrets,
+                    std::size_t left_out) {
   Table table;
   for (const host::WriteStep& step : plan) {
     std::string text = step.name;
@@ -44,7 +53,9 @@ std::string text_of(const std::vector<host::WriteStep>& plan, bool show_secrets)
     }
     table.rows.push_back({std::to_string(table.rows.size() + 1), verb_of(step.kind), text});
   }
-  return "Writes, in order:\n" + rendered(table, {});
+  std::string text = "Writes, in order:\n" + (plan.empty() ? "none\n" : rendered(table, {}));
+  if (left_out != 0) text += std::to_string(left_out) + " more change nothing; -v shows them\n";
+  return text;
 }
 
 std::string text_of(const host::Difference& difference, bool show_secrets) {

@@ -47,15 +47,17 @@ class Trial : public Transaction {
     if (store_.in_trial()) store_.discard();
   }
 
-  std::optional<ChangeEffect> effect(bool show_secrets) override {
+  std::optional<ChangeEffect> effect(bool show_secrets, bool all_writes) override {
     fail_on_refusals(store_.tree());
     const host::Difference difference = store_.difference();
-    const std::vector<host::WriteStep>& plan = store_.plan();
+    const std::vector<host::WriteStep>& all = store_.plan();
+    const std::vector<host::WriteStep> plan = all_writes ? all : changing_steps(all);
     Json json = {{"plan", json_of(plan, show_secrets)},
                  {"difference", json_of(difference, show_secrets)}};
-    return ChangeEffect{difference.empty(),
-                        text_of(plan, show_secrets) + text_of(difference, show_secrets),
-                        std::make_shared<const Json>(std::move(json))};
+    return ChangeEffect{
+        difference.empty(),
+        text_of(plan, show_secrets, all.size() - plan.size()) + text_of(difference, show_secrets),
+        std::make_shared<const Json>(std::move(json))};
   }
 
   void land(const std::string& label, int confirm) override {
