@@ -1,5 +1,6 @@
 # Changing connections.
 load helper
+load household
 
 @test "set changes what is named, by name, by path or by number" {
   make_three_connections
@@ -71,6 +72,19 @@ load helper
   has '"result": "dry-run"'
   has '"plan": ['
   has '"difference": {'
+}
+
+@test "a plain field is one write in each object that holds it and has another text" {
+  make_three_connections
+  local device=InternetGatewayDevice.WANDevice.1.WANConnectionDevice.1
+  expect_unchanged 0 wan set Internet --stp on --dry-run
+  [ "${lines[1]}" = "1  set  $device.X_CT-COM_STPEnable = \"true\", was \"false\"" ]
+  [ "${lines[2]}" = "Difference:" ]
+  expect_unchanged 0 wan set Internet --service VOIP --dry-run
+  [ "$(grep -c '  set  ' <<<"$output")" -eq 3 ]
+  edit_tree set "$device.WANIPConnection.1.X_CT-COM_ServiceList" VOIP
+  expect_unchanged 0 wan set Internet --service VOIP --dry-run
+  [ "$(grep -c '  set  ' <<<"$output")" -eq 2 ]
 }
 
 @test "--verbose shows also the writes that change nothing" {

@@ -33,9 +33,9 @@ class WanObjections : public ::testing::Test {
 
   static void make(const std::string& name, int vlan, const Names& ports) {
     WanPatch patch;
-    patch.name = name;
-    patch.vlan = vlan;
-    patch.bind_lan = ports;
+    patch["name"] = name;
+    patch["vlan"] = vlan;
+    patch["bind_lan"] = ports;
     WanDraft draft = draft_new(patch);
     const support::StdoutCapture trace;
     (void)igd_wan_create(draft.access, &draft.info);
@@ -75,8 +75,8 @@ class WanObjections : public ::testing::Test {
 
 TEST_F(WanObjections, NoneToAChangeThatFits) {
   WanPatch patch;
-  patch.vlan = 110;
-  patch.bind_lan = Names{"LAN2"};
+  patch["vlan"] = 110;
+  patch["bind_lan"] = Names{"LAN2"};
   EXPECT_TRUE(conflicts("Internet", patch).empty());
 }
 
@@ -96,8 +96,8 @@ TEST_F(WanObjections, NothingForcesAChangeOfAConnectionWithoutItsBridge) {
 TEST_F(WanObjections, NothingForcesABridgedConnectionWithoutTheLanBridge) {
   set("InternetGatewayDevice.Layer2Bridging.Bridge.1.BridgeName", "lan");
   WanPatch patch;
-  patch.connection_class = kIgdBridged;
-  patch.vlan = 300;
+  patch["class"] = "bridged";
+  patch["vlan"] = 300;
   const std::vector<Conflict> all = conflicts_of_new(patch);
   ASSERT_NE(find(all, About::kBridge), nullptr);
   EXPECT_FALSE(find(all, About::kBridge)->can_be_forced);
@@ -108,18 +108,29 @@ TEST_F(WanObjections, AModeNeedsItsObject) {
   ASSERT_EQ(tree_.delete_object(path + "WANPPPConnection.1."), 0);
   forget();
   WanPatch patch;
-  patch.mode = kIgdPppoe;
+  patch["mode"] = "pppoe";
   ASSERT_NE(find(conflicts("Internet", patch), About::kObject), nullptr);
+}
+
+TEST_F(WanObjections, AFieldNeedsTheObjectThatKeepsIt) {
+  const std::string path = connection("Internet").path;
+  ASSERT_EQ(tree_.delete_object(path + "WANPPPConnection.1."), 0);
+  forget();
+  WanPatch patch;
+  patch["user"] = "household@example.net";
+  EXPECT_NE(find(conflicts("Internet", patch), About::kObject), nullptr);
+  patch["user"] = "";  // as it is
+  EXPECT_EQ(find(conflicts("Internet", patch), About::kObject), nullptr);
 }
 
 TEST_F(WanObjections, AVlanThatIsSharedAlreadyIsNoReasonAgainstAnotherChange) {
   set(connection("Voice").bridge_path + "VLANID", "100");
   WanPatch patch;
-  patch.mtu = 1400;
+  patch["mtu"] = 1400;
   const std::vector<Conflict> all = conflicts("Internet", patch);
   ASSERT_NE(find(all, About::kVlan), nullptr);
   EXPECT_TRUE(find(all, About::kVlan)->was_there);
-  patch.vlan = 200;
+  patch["vlan"] = 200;
   EXPECT_TRUE(conflicts("Internet", patch).empty());
   set(connection("Voice").bridge_path + "VLANID", "200");
   EXPECT_FALSE(find(conflicts("Internet", patch), About::kVlan)->was_there);
@@ -127,7 +138,7 @@ TEST_F(WanObjections, AVlanThatIsSharedAlreadyIsNoReasonAgainstAnotherChange) {
 
 TEST_F(WanObjections, APortOfAnotherConnectionIsTakenByNoForce) {
   WanPatch patch;
-  patch.bind_wan = Names{"LAN1"};
+  patch["bind_wan"] = Names{"LAN1"};
   const std::vector<Conflict> all = conflicts("Voice", patch);
   ASSERT_NE(find(all, About::kPort), nullptr);
   EXPECT_FALSE(find(all, About::kPort)->can_be_forced);
@@ -136,8 +147,8 @@ TEST_F(WanObjections, APortOfAnotherConnectionIsTakenByNoForce) {
 TEST_F(WanObjections, AManagementServiceOfAnObjectThatIsOffCountsToo) {
   set(connection("Voice").path + "WANPPPConnection.1.X_CT-COM_ServiceList", "TR069");
   WanPatch patch;
-  patch.vlan = 300;
-  patch.service = Names{"TR069"};
+  patch["vlan"] = 300;
+  patch["service"] = Names{"TR069"};
   const std::vector<Conflict> all = conflicts_of_new(patch);
   ASSERT_NE(find(all, About::kManagement), nullptr);
   EXPECT_TRUE(find(all, About::kManagement)->can_be_forced);
@@ -146,8 +157,8 @@ TEST_F(WanObjections, AManagementServiceOfAnObjectThatIsOffCountsToo) {
 TEST_F(WanObjections, ANameOfASingleObjectOfAnotherConnectionIsTaken) {
   set(connection("Voice").path + "WANIPConnection.1.Name", "Radio");
   WanPatch patch;
-  patch.name = "Radio";
-  patch.vlan = 300;
+  patch["name"] = "Radio";
+  patch["vlan"] = 300;
   const GatewayState gateway = [] {
     const support::StdoutCapture trace;
     return read_gateway_state(host::mib_access(), nullptr);

@@ -26,15 +26,17 @@ TEST(WanPatch, TakesEveryField) {
       "remote_management": false, "stp": false})"),
                                     &problems);
   EXPECT_TRUE(problems.empty()) << problems.front().message;
-  EXPECT_EQ(patch.access, "Ethernet");
-  EXPECT_EQ(patch.connection_class, 1);
-  EXPECT_EQ(patch.mode, 3);
-  EXPECT_EQ(patch.vlan, 4094);
-  EXPECT_EQ(patch.service, (Names{"INTERNET", "VOIP"}));
-  EXPECT_EQ(patch.bind_wan, Names{});
-  EXPECT_EQ(patch.dns->size(), 2U);
-  EXPECT_EQ(patch.enable, true);
-  EXPECT_EQ(patch.port_option60->at("LAN4"), "tv");
+  const auto value = [&patch](const char* key) { return *patch.find(field_of(key)); };
+  for (const WanField& field : kWanFields) EXPECT_NE(patch.find(field), nullptr) << field.key;
+  EXPECT_EQ(value("access"), Value("Ethernet"));
+  EXPECT_EQ(value("class"), Value("routed"));
+  EXPECT_EQ(value("mode"), Value("pppoe"));
+  EXPECT_EQ(value("vlan"), Value(4094));
+  EXPECT_EQ(value("service"), Value(Names{"INTERNET", "VOIP"}));
+  EXPECT_EQ(value("bind_wan"), Value(Names{}));
+  EXPECT_EQ(value("dns"), Value(Names{"192.0.2.53", "2001:db8::53"}));
+  EXPECT_EQ(value("enable"), Value(true));
+  EXPECT_EQ(value("port_option60"), Value(TextsByPort{{"LAN4", "tv"}}));
 }
 
 TEST(WanPatch, NullNamesNothingButAnUntaggedVlan) {
@@ -42,10 +44,10 @@ TEST(WanPatch, NullNamesNothingButAnUntaggedVlan) {
   const WanPatch patch = read_patch(
       Json::parse(R"({"vlan": null, "mode": null, "mtu": null, "name": null})"), &problems);
   EXPECT_TRUE(problems.empty());
-  EXPECT_EQ(patch.vlan, 0);
-  EXPECT_FALSE(patch.mode.has_value());
-  EXPECT_FALSE(patch.mtu.has_value());
-  EXPECT_FALSE(patch.name.has_value());
+  EXPECT_EQ(*patch.find(field_of("vlan")), Value(0));
+  for (const char* key : {"mode", "mtu", "name"}) {
+    EXPECT_EQ(patch.find(field_of(key)), nullptr) << key;
+  }
 }
 
 TEST(WanPatch, RefusesWhatIsWrongByItself) {

@@ -13,6 +13,7 @@
 #include "stdout_capture.h"
 #include "wan/wan_change.h"
 #include "wan/wan_description.h"
+#include "wan/wan_writes.h"
 
 namespace igdctl_tests {
 
@@ -97,8 +98,8 @@ class WanSet : public ::testing::Test {
   }
 
   static void write(const Connection& connection, const WanPatch& patch) {
-    WanDraft draft = propose(connection, patch);
-    quietly([&] { write_over(host::mib_access(), connection, &draft); });
+    const WanDraft draft = propose(connection, patch);
+    quietly([&] { WanWrites(host::mib_access(), connection, draft).run(); });
   }
 
   host::Tree tree_ = host::Tree::factory();

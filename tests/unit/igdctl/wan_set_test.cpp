@@ -83,7 +83,7 @@ TEST_F(WanSetOfMadeConnections, ChangesOnlyWhatIsNamed) {
   const Values before = values();
   const Connection connection = only_connection();
   WanPatch patch;
-  patch.mtu = 1300;
+  patch["mtu"] = 1300;
   write(connection, patch);
   EXPECT_EQ(difference_since(before), connection.path + "WANIPConnection.2.MTU: 1400 -> 1300\n");
 }
@@ -95,9 +95,9 @@ TEST_F(WanSetOfMadeConnections, ANewModeKeepsTheServersOfItsOwnObject) {
   set(fixed + "DNSEnabled", "true");
   set(fixed + "DNSServers", "198.51.100.53");
   WanPatch patch;
-  patch.mode = kIgdStatic;
+  patch["mode"] = "static";
   const WanDraft draft = propose(connection, patch);
-  EXPECT_EQ(dns_servers_of(draft.info), (Names{"198.51.100.53"}));
+  EXPECT_EQ(field_of("dns").value(draft), Value(Names{"198.51.100.53"}));
 }
 
 }  // namespace

@@ -41,21 +41,8 @@ WordKind kind_of(const CLI::Option& option) {
   return by_own_name ? kind_of_name(option.get_name()) : kind;
 }
 
-struct ValuesOfOption {
-  const char* option;
-  const char* values;
-};
-
-// Words that commands check themselves, so that all problems come together.
-constexpr ValuesOfOption kCheckedLater[] = {{"--access", "Ethernet,3G,Repeator"},
-                                            {"--class", "routed,bridged,routed-bridged"},
-                                            {"--mode", "dhcp,static,pppoe"}};
-
-// "{csv,json}" of a check, or "on|off" as the name of a value.
+// "{csv,json}" of a check, or "on|off" as the name of a value that the command checks itself.
 std::vector<std::string> fixed_values(const CLI::Option& option) {
-  for (const ValuesOfOption& row : kCheckedLater) {
-    if (option.check_name(row.option)) return split_list(row.values);
-  }
   const std::string type = option.get_type_name();
   const std::size_t open = type.find('{');
   const std::size_t close = type.find('}');

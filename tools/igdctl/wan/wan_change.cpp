@@ -3,8 +3,8 @@
 #include "cli/session.h"
 #include "igd_api.h"
 #include "term/text.h"
-#include "wan/preserved_values.h"
 #include "wan/wan_description.h"
+#include "wan/wan_writes.h"
 
 namespace igdctl {
 
@@ -18,13 +18,6 @@ void forget_paths() {
 
 void append(std::vector<Problem>* problems, const std::vector<Problem>& more) {
   problems->insert(problems->end(), more.begin(), more.end());
-}
-
-bool has_lan_bridge(const GatewayState& gateway) {
-  for (const Bridge& bridge : gateway.bridges) {
-    if (bridge.name == kLanBridge) return true;
-  }
-  return false;
 }
 
 std::string consent_for(const std::string& title) {
@@ -45,13 +38,7 @@ WanDraft draft_change(MibAccess& tree, const Connection& connection, const WanPa
   const DnsOfMode dns_of_mode = [&tree, &connection](int mode, api_wan_info* info) {
     read_dns_of_mode(tree, connection, mode, info);
   };
-  return lay_over(patch, read_description(tree, connection), connection.access, dns_of_mode);
-}
-
-void write_over(MibAccess& tree, const Connection& connection, WanDraft* draft) {
-  PreservedValues kept(tree, connection);
-  (void)igd_wan_set_params(connection.path, &draft->info);
-  kept.restore(*draft);
+  return lay_over(patch, {read_description(tree, connection), connection.access}, dns_of_mode);
 }
 
 WanChanger::WanChanger(Session& session, Change& change)
@@ -90,21 +77,17 @@ std::string WanChanger::create(const WanPatch& patch, std::vector<Problem> probl
 
 bool WanChanger::set(const Connection& connection, const WanPatch& patch,
                      std::vector<Problem> problems) {
-  WanDraft draft = draft_change(tree_, connection, patch);
+  const WanDraft draft = draft_change(tree_, connection, patch);
   const GatewayState gateway = read_gateway_state(tree_, &connection);
   append(&problems, problems_of(draft, gateway));
   fail_on(problems);
   stop_or_go_on(conflicts_of(draft, gateway));
-  // Only a store tells whether writes make a difference, and takes them back when they do not; and
-  // the library makes a LAN bridge that is missing, which nobody asked for.
-  if (draft.changed.empty() && (!session_.backend().has_store() || !has_lan_bridge(gateway)))
-    return false;
-  const bool has_management =
-      carries_management(connection.service) || carries_management(draft.info.service_type);
-  if (has_management && !draft.changed.empty()) {
+  WanWrites writes(tree_, connection, draft);
+  if (writes.empty()) return false;
+  if (carries_management(connection.service) || carries_management(draft.info.service_type)) {
     change_.needs_consent(consent_for(title_of(connection)));
   }
-  write_over(tree_, connection, &draft);
+  writes.run();
   return true;
 }
 

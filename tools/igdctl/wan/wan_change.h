@@ -38,10 +38,6 @@ class WanChanger {
 /// The draft for a connection that is there.
 WanDraft draft_change(MibAccess& tree, const Connection& connection, const WanPatch& patch);
 
-/// Writes a draft over a connection with igd_wan_set_params, and puts back what that changed
-/// beside the fields that are named.
-void write_over(MibAccess& tree, const Connection& connection, WanDraft* draft);
-
 }  // namespace igdctl
 
 #endif  // IGDCTL_WAN_CHANGE_H

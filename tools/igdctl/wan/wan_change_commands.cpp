@@ -23,7 +23,7 @@ struct Request {
 void create(Session& session, const Request& request) {
   std::vector<Problem> problems;
   const WanPatch patch = read_patch(description_of(request.wan, &problems), &problems);
-  const std::string name = patch.name.value_or("");
+  const std::string name = patch.text("name");
   Change change(session, request.change);
   std::string path;
   const ChangeOutcome outcome = change.run(

@@ -22,6 +22,7 @@ struct GatewayState {
   /// Names of single objects of other connections. A connection goes by that of its enabled object;
   /// the library finds it by each of them, and igd_wan_create would write over it.
   std::set<std::string> object_names;
+  std::vector<WanObject> objects;  ///< those of the connection being changed
 };
 
 GatewayState read_gateway_state(MibAccess& tree, const Connection* connection);

@@ -5,6 +5,7 @@
 #include "term/text.h"
 #include "wan/wan_checks.h"
 #include "wan/wan_words.h"
+#include "wan/wan_writes.h"
 
 namespace igdctl {
 
@@ -50,6 +51,22 @@ void add_mode_conflicts(const WanDraft& draft, const GatewayState& gateway,
                             " has no object for mode " + word_of_mode(mode),
                         "choose another mode, or remove the connection and make it anew", false,
                         false});
+}
+
+// A tree that the library did not make can lack objects.
+void add_object_conflicts(const WanDraft& draft, const GatewayState& gateway,
+                          std::vector<Conflict>* conflicts) {
+  if (gateway.connection == nullptr) return;
+  for (const WanField& field : kWanFields) {
+    const bool of_objects = !field.structural && field.places.front().where != Where::kOwnPorts;
+    if (!of_objects || !draft.changes(field.key)) continue;
+    if (has_place(gateway.objects, field, draft)) continue;
+    conflicts->push_back({About::kObject,
+                          "connection " + in_quotes(title_of(*gateway.connection)) +
+                              " has no object that keeps " + field.key,
+                          "leave it out, or remove the connection and create it anew", false,
+                          false});
+  }
 }
 
 std::string owner_of(const Port& port, const GatewayState& gateway) {
@@ -193,7 +210,8 @@ const char* why_it_stays(const std::string& service) {
 }  // namespace
 
 GatewayState read_gateway_state(MibAccess& tree, const Connection* connection) {
-  GatewayState gateway{connection, list_connections(tree), read_bridges(tree), {}};
+  GatewayState gateway{connection, list_connections(tree), read_bridges(tree), {}, {}};
+  if (connection != nullptr) gateway.objects = objects_of(tree, *connection);
   for (const ObjectType type : {kIpConnectionName, kPppConnectionName}) {
     for (const std::string& name : instances_below(kWanDeviceTable, type)) {
       const bool own = connection != nullptr && begins_with(name, connection->path);
@@ -210,6 +228,7 @@ std::vector<Conflict> conflicts_of(const WanDraft& draft, const GatewayState& ga
     conflicts.push_back(no_bridge(*gateway.connection));
   }
   add_mode_conflicts(draft, gateway, &conflicts);
+  if (conflicts.empty()) add_object_conflicts(draft, gateway, &conflicts);
   // A routed connection gets the LAN bridge made by the library.
   if (!has_lan_bridge(gateway) && draft.info.connection_class != kIgdRouted) {
     conflicts.push_back(no_lan_bridge());

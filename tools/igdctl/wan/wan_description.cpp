@@ -2,10 +2,13 @@
 
 #include <nlohmann/json.hpp>
 
+#include "gateway/secrets.h"
 #include "gateway/tree_reader.h"
 #include "igd_api.h"
+#include "igd_vocabulary.h"
 #include "term/text.h"
-#include "wan/wan_words.h"
+#include "wan/fields.h"
+#include "wan/wan_patch.h"
 
 namespace igdctl {
 
@@ -16,19 +19,27 @@ std::string object_of_mode(const std::string& wan_path, int connect_mode) {
     const std::vector<std::string> paths = instances_below(wan_path, kPppConnection);
     return paths.empty() ? std::string() : paths.front();
   }
-  const char* const addressing = connect_mode == kIgdStatic ? "Static" : "DHCP";
+  const char* const addressing =
+      connect_mode == kIgdStatic ? igd::kStaticAddressing : igd::kDhcpAddressing;
   return parent_of(igd_tool_loop_fullname(wan_path, kAddressingType, addressing));
 }
 
-Json number_or_null(const std::string& text) {
-  constexpr long kLargest = 999999999;
-  long number = 0;
-  return parse_number(text, 0, kLargest, &number) ? Json(number) : Json();
+bool is_true(const std::string& text) { return text == igd::kTrue; }
+
+// Null where the tree has none of the values of the field.
+Json json_of(const WanField& field, const Value& value) {
+  const bool text = std::holds_alternative<std::string>(value);
+  if (field.kind == FieldKind::kNumber && text) return {};
+  return std::visit(
+      [](const auto& held) -> Json {
+        if constexpr (std::is_same_v<std::decay_t<decltype(held)>, std::monostate>) {
+          return {};
+        } else {
+          return Json(held);
+        }
+      },
+      value);
 }
-
-Json word_or_null(const std::string& word) { return word.empty() ? Json() : Json(word); }
-
-bool is_true(const std::string& text) { return text == "true"; }
 
 }  // namespace
 
@@ -52,50 +63,32 @@ api_wan_info read_description(MibAccess& tree, const Connection& connection) {
   return info;
 }
 
-std::vector<std::string> dns_servers_of(const api_wan_info& info) {
-  std::vector<std::string> servers;
-  for (std::string& server : split_list(info.ip_dns1 + ',' + info.ip_dns2)) {
-    if (!server.empty()) servers.push_back(std::move(server));
-  }
-  return servers;
-}
-
-const std::string& mtu_of(const api_wan_info& info) {
-  if (info.connect_mode == kIgdPppoe) return info.pppoe_mtu;
-  return info.connect_mode == kIgdStatic ? info.static_mtu : info.dhcp_mtu;
-}
-
 Json json_of(const Connection& connection, const api_wan_info& info, bool show_secrets) {
-  Json json = {
-      {"path", connection.path},
-      {"id", connection.id},
-      {"bridge", connection.has_bridge() ? Json(connection.bridge_name) : Json()},
-      {"access", connection.access},
-      {"name", info.wan_info_name},
-      {"class", word_or_null(word_of_class(info.connection_class))},
-      {"mode", word_or_null(word_of_mode(info.connect_mode))},
-      {"vlan", info.vlan_enable != 0 ? info.vlan_id : 0},
-      {"priority", info.vlan_priority},
-      {"service", split_list(info.service_type)},
-      {"bind_lan", info.bind_lan},
-      {"bind_wan", info.bind_wan},
-      {"nat", info.nat_mode == 1},
-      {"user", info.pppoe_user_name},
-      {"password_set", !info.pppoe_password.empty()},
-      {"address", info.ip_addr},
-      {"mask", info.ip_mask},
-      {"gateway", info.ip_gw},
-      {"dns", dns_servers_of(info)},
-      {"mtu", number_or_null(mtu_of(info))},
-      {"option60", info.dhcp_option60},
-      {"port_option60", Json::object()},
-      {"enable", is_true(info.wan_enable)},
-      {"remote_management", is_true(info.wan_remote_management_enable)},
-      {"stp", is_true(info.stp_enable)},
-  };
-  for (const auto& [port, option60] : info.port_option60) json["port_option60"][port] = option60;
-  if (show_secrets) json["password"] = info.pppoe_password;
+  const WanDescription description{info, connection.access};
+  Json json = {{"path", connection.path},
+               {"id", connection.id},
+               {"bridge", connection.has_bridge() ? Json(connection.bridge_name) : Json()}};
+  for (const WanField& field : kWanFields) {
+    const Value value = field.value(description);
+    const bool secret = field.kind == FieldKind::kSecret;
+    if (secret) json[key_of_presence(field)] = value != Value(std::string());
+    if (!secret || show_secrets) json[field.key] = json_of(field, value);
+  }
   return json;
+}
+
+Table table_of(const Connection& connection, const api_wan_info& info, bool show_secrets) {
+  const WanDescription description{info, connection.access};
+  Table table;
+  for (const WanField& field : kWanFields) {
+    std::string text = shown_text(field, field.value(description));
+    if (field.kind == FieldKind::kSecret) text = shown_secret(text, show_secrets);
+    table.rows.push_back({field.label, std::move(text)});
+  }
+  const std::string bridge = connection.has_bridge() ? connection.bridge_name : "";
+  table.rows.insert(table.rows.begin() + 1,  // below the name
+                    {{"id", connection.id}, {"path", connection.path}, {"bridge", bridge}});
+  return table;
 }
 
 }  // namespace igdctl

@@ -3,7 +3,6 @@
 #define IGDCTL_WAN_DESCRIPTION_H
 
 #include <string>
-#include <vector>
 
 #include "common_util.h"
 #include "gateway/connections.h"
@@ -25,15 +24,12 @@ api_wan_info read_description(MibAccess& tree, const Connection& connection);
 void read_dns_of_mode(MibAccess& tree, const Connection& connection, int connect_mode,
                       api_wan_info* info);
 
-/// The DNS servers of a description, at most as many as there are, without empty ones.
-std::vector<std::string> dns_servers_of(const api_wan_info& info);
-
-/// The MTU of the object of the description's mode; that of the DHCP object without a mode.
-const std::string& mtu_of(const api_wan_info& info);
-
-/// The description as docs/igdctl-json.md has it, with "path", "id" and "bridge" in front. The
-/// password is there only with `show_secrets`; "password_set" tells whether there is one.
+/// The description as docs/igdctl-json.md has it, with "path", "id" and "bridge" in front. A secret
+/// is there only with `show_secrets`; "password_set" tells whether there is one.
 Json json_of(const Connection& connection, const api_wan_info& info, bool show_secrets);
+
+/// The same as a table for people, a line a field.
+Table table_of(const Connection& connection, const api_wan_info& info, bool show_secrets);
 
 }  // namespace igdctl
 

@@ -5,18 +5,17 @@
 #include <functional>
 #include <set>
 #include <string>
+#include <string_view>
 
-#include "igd_types.h"
 #include "wan/wan_patch.h"
 
 namespace igdctl {
 
-struct WanDraft {
-  api_wan_info info;
-  std::string access;                ///< for a new connection: of its uplink
+struct WanDraft : WanDescription {
   std::set<std::string> named;       ///< keys that the patch names
   std::set<std::string> changed;     ///< those of them that are different from what is there
-  std::set<std::string> unreadable;  ///< texts that the patch names with a wrong value
+  std::set<std::string> unreadable;  ///< those that the patch names with a wrong value
+  bool names(const char* key) const { return named.count(key) != 0; }
   bool changes(const char* key) const { return changed.count(key) != 0; }
 };
 
@@ -25,13 +24,8 @@ using DnsOfMode = std::function<void(int mode, api_wan_info* info)>;
 
 /// Lays a patch over the description of a connection. What it does not name stays as it is, also
 /// texts of the tree in a form of their own (a flag that is empty, a server list without a comma).
-/// With a new mode come the DNS servers of that mode's object. Lists of ports and services that
-/// differ in their order only are the same.
-///
-/// @param start   what is there
-/// @param access  access type of what is there
-WanDraft lay_over(const WanPatch& patch, const api_wan_info& start, const std::string& access,
-                  const DnsOfMode& dns_of_mode);
+/// With a new mode come the DNS servers of that mode's object.
+WanDraft lay_over(const WanPatch& patch, const WanDescription& start, const DnsOfMode& dns_of_mode);
 
 /// The description of a new connection: the patch over what most connections are. That is access
 /// Ethernet, routed, DHCP, service INTERNET, untagged, enabled, NAT unless it is bridged, MTU 1500,

@@ -33,7 +33,7 @@ std::vector<Wanted> read_wanted(const Request& request) {
   for (const Json& description : descriptions) {
     Wanted wanted;
     wanted.patch = read_patch(description, &wanted.problems);
-    const std::string name = wanted.patch.name.value_or("");
+    const std::string name = wanted.patch.text("name");
     if (name.empty()) {
       wanted.problems.push_back({"a description has no name", "name the connection it is for"});
     } else if (std::find(names.begin(), names.end(), name) != names.end()) {
@@ -75,7 +75,7 @@ void ensure(Session& session, const Request& request) {
     WanChanger changer(session, change);
     for (const Wanted& wanted : all) {
       const std::vector<Connection> connections = list_connections(session.tree());
-      const Connection* const found = find_named(connections, *wanted.patch.name);
+      const Connection* const found = find_named(connections, wanted.patch.text("name"));
       if (found != nullptr) {
         written = changer.set(*found, wanted.patch, {}) || written;
         path = found->path;
@@ -83,7 +83,7 @@ void ensure(Session& session, const Request& request) {
         path = changer.create(wanted.patch, {});
         written = true;
       }
-      titles.push_back(in_quotes(*wanted.patch.name));
+      titles.push_back(in_quotes(wanted.patch.text("name")));
     }
     if (!written) change.makes_no_difference();
   });

@@ -12,46 +12,11 @@
 
 #include "cli/passwords.h"
 #include "term/text.h"
+#include "wan/fields.h"
 
 namespace igdctl {
 
 namespace {
-
-enum class Kind { kText, kNumber, kList, kMap };
-
-struct OptionRow {
-  const char* key;
-  Kind kind;
-  const char* option;
-  const char* value;
-  const char* help;
-};
-
-constexpr OptionRow kOptions[] = {
-    {"access", Kind::kText, "--access", "TYPE", "Uplink: Ethernet, 3G or Repeator; to create only"},
-    {"name", Kind::kText, "--name", "NAME", "Its name, which no other connection has"},
-    {"class", Kind::kText, "--class", "CLASS", "routed, bridged or routed-bridged"},
-    {"mode", Kind::kText, "--mode", "MODE", "dhcp, static or pppoe"},
-    {"vlan", Kind::kNumber, "--vlan", "VLAN", "1 to 4094; 0 for untagged"},
-    {"priority", Kind::kNumber, "--priority", "NUMBER", "802.1p priority of a VLAN, 0 to 7"},
-    {"service", Kind::kList, "--service", "LIST", "What it carries: INTERNET, TR069, VOIP, ..."},
-    {"bind_lan", Kind::kList, "--bind-lan", "PORTS", "Ports of the LAN bridge bound to it"},
-    {"bind_wan", Kind::kList, "--bind-wan", "PORTS", "Ports in its own bridge"},
-    {"nat", Kind::kText, "--nat", "on|off", "Network address translation"},
-    {"user", Kind::kText, "--user", "NAME", "User name of a PPPoE account"},
-    {"address", Kind::kText, "--address", "ADDRESS", "Address of mode static"},
-    {"mask", Kind::kText, "--mask", "MASK", "Its subnet mask"},
-    {"gateway", Kind::kText, "--gateway", "ADDRESS", "Its default gateway"},
-    {"dns", Kind::kList, "--dns", "ADDRESSES", "At most two DNS servers"},
-    {"mtu", Kind::kNumber, "--mtu", "OCTETS", "576 to 1540, of PPPoE at most 1492"},
-    {"option60", Kind::kText, "--option60", "TEXT", "Vendor class that DHCP sends"},
-    {"port_option60", Kind::kMap, "--port-option60", "PORT=TEXT",
-     "Vendor class of a port in its own bridge"},
-    {"enable", Kind::kText, "--enable", "on|off", "Whether it is in use"},
-    {"remote_management", Kind::kText, "--remote-management", "on|off",
-     "Whether the gateway can be managed through it"},
-    {"stp", Kind::kText, "--stp", "on|off", "Spanning tree protocol"},
-};
 
 Json number_of(const std::string& text) {
   constexpr long kLargest = 999999999;
@@ -67,12 +32,13 @@ Json list_of(const std::vector<std::string>& values) {
   return list;
 }
 
-Json map_of(const std::vector<std::string>& values, std::vector<Problem>* problems) {
+Json map_of(const WanField& field, const std::vector<std::string>& values,
+            std::vector<Problem>* problems) {
   Json map = Json::object();
   for (const std::string& value : values) {
     const std::size_t equals = value.find('=');
     if (equals == std::string::npos) {
-      problems->push_back({"--port-option60 is " + in_quotes(value), "give PORT=TEXT"});
+      problems->push_back({option_of(field) + " is " + in_quotes(value), hint_to_give(field)});
     } else {
       map[value.substr(0, equals)] = value.substr(equals + 1);
     }
@@ -80,27 +46,28 @@ Json map_of(const std::vector<std::string>& values, std::vector<Problem>* proble
   return map;
 }
 
-Json value_of(const OptionRow& row, const std::vector<std::string>& values,
+Json value_of(const WanField& field, const std::vector<std::string>& values,
               std::vector<Problem>* problems) {
-  switch (row.kind) {
-    case Kind::kNumber:
+  switch (field.kind) {
+    case FieldKind::kNumber:
       return number_of(values.back());
-    case Kind::kList:
+    case FieldKind::kWords:
+    case FieldKind::kPorts:
+    case FieldKind::kServers:
       return list_of(values);
-    case Kind::kMap:
-      return map_of(values, problems);
-    case Kind::kText:
-      break;
+    case FieldKind::kTextsByPort:
+      return map_of(field, values, problems);
+    default:
+      return values.back();
   }
-  return values.back();
 }
 
 void lay_options_over(const WanOptions& options, Json* description,
                       std::vector<Problem>* problems) {
-  for (const OptionRow& row : kOptions) {
-    const auto given = options.values.find(row.key);
+  for (const WanField& field : kWanFields) {
+    const auto given = options.values.find(field.key);
     if (given == options.values.end() || given->second.empty()) continue;
-    (*description)[row.key] = value_of(row, given->second, problems);
+    (*description)[field.key] = value_of(field, given->second, problems);
   }
   if (!options.password_file.empty()) {
     (*description)["password"] = password_from_file(options.password_file);
@@ -177,9 +144,11 @@ Json read_json(const std::string& file) {
 }  // namespace
 
 void add_wan_options(CLI::App& command, WanOptions& options) {
-  for (const OptionRow& row : kOptions) {
+  for (const WanField& field : kWanFields) {
+    if (field.kind == FieldKind::kSecret) continue;
     CLI::Option& option =
-        *command.add_option(row.option, options.values[row.key], row.help)->type_name(row.value);
+        *command.add_option(option_of(field), options.values[field.key], help_of(field))
+             ->type_name(field.value_name);
     option.allow_extra_args(false);  // one value each time, so that no CONNECTION is taken for one
     option.group("Description");
   }

@@ -1,14 +1,13 @@
 #include <algorithm>
 
 #include "gateway/addresses.h"
+#include "igd_vocabulary.h"
 #include "term/text.h"
 #include "wan/wan_checks.h"
 
 namespace igdctl {
 
 namespace {
-
-constexpr int kLargestPppoeMtu = 1492;
 
 bool holds(const Names& names, const std::string& name) {
   return std::find(names.begin(), names.end(), name) != names.end();
@@ -38,11 +37,14 @@ class FaultFinder {
     return is_new() || std::any_of(keys.begin(), keys.end(),
                                    [this](const char* key) { return draft_.changes(key); });
   }
-  bool lacks(const char* key, const std::string& text) const {
-    return text.empty() && draft_.unreadable.count(key) == 0;
-  }
   void problem(const std::string& what, const std::string& hint) {
     problems_.push_back({what, hint});
+  }
+  // Finds fault with an empty text, unless it is one that could not be read.
+  void require(const char* key, const char* what) {
+    const WanField& field = field_of(key);
+    if (field.value(draft_) != Value(std::string()) || draft_.unreadable.count(key) != 0) return;
+    problem(what, hint_to_give(field));
   }
 
   void judge_name();
@@ -76,7 +78,7 @@ void FaultFinder::judge_name() {
   const std::string& name = info_.wan_info_name;
   if (name.empty() || trimmed(name).size() != name.size()) {
     problem(name.empty() ? "a connection needs a name" : "the name begins or ends with a blank",
-            "give --name NAME");
+            hint_to_give(field_of("name")));
   } else if (reads_as_place(name)) {
     problem("the name " + in_quotes(name) + " reads as a path or number", "choose another name");
   }
@@ -95,7 +97,7 @@ void FaultFinder::judge_name() {
 
 void FaultFinder::judge_access() {
   if (is_new() && draft_.access.empty()) {
-    problem("a connection needs an uplink", "give --access Ethernet, 3G or Repeator");
+    problem("a connection needs an uplink", hint_to_give(field_of("access")));
   } else if (!is_new() && draft_.changes("access")) {
     problem("the access of a connection cannot be changed, it is " +
                 in_quotes(gateway_.connection->access),
@@ -105,7 +107,7 @@ void FaultFinder::judge_access() {
 
 void FaultFinder::judge_service() {
   if (judged({"service"}) && info_.service_type.empty()) {
-    problem("a connection needs a service", "give --service INTERNET, TR069, VOIP or OTHER");
+    problem("a connection needs a service", hint_to_give(field_of("service")) + ", as INTERNET");
   }
 }
 
@@ -149,27 +151,24 @@ void FaultFinder::judge_port_options() {
 void FaultFinder::judge_account() {
   const bool dials = info_.connect_mode == kIgdPppoe && info_.connection_class != kIgdBridged;
   if (!dials || !judged({"mode", "class", "user", "password"})) return;
-  if (lacks("user", info_.pppoe_user_name)) {
-    problem("mode pppoe needs a user name", "give --user NAME");
-  }
-  if (lacks("password", info_.pppoe_password)) {
-    problem("mode pppoe needs a password", "give --password-file FILE or --password-prompt");
-  }
+  require("user", "mode pppoe needs a user name");
+  require("password", "mode pppoe needs a password");
 }
 
 void FaultFinder::judge_mtu() {
   long octets = 0;
   if (info_.connect_mode != kIgdPppoe || !judged({"mtu"})) return;
-  if (parse_number(info_.pppoe_mtu, 0, kLargestPppoeMtu, &octets)) return;
+  if (parse_number(info_.pppoe_mtu, 0, igd::kHighestPppoeMtu, &octets)) return;
   problem("mtu is " + info_.pppoe_mtu + ", and PPPoE takes 8 octets of each frame",
-          "give at most 1492");
+          "give at most " + std::to_string(igd::kHighestPppoeMtu));
 }
 
 void FaultFinder::judge_static_addresses() {
   if (info_.connect_mode != kIgdStatic) {
-    const bool lost = (draft_.changes("address") && !info_.ip_addr.empty()) ||
-                      (draft_.changes("mask") && !info_.ip_mask.empty()) ||
-                      (draft_.changes("gateway") && !info_.ip_gw.empty());
+    const auto is_lost = [this](const char* key) {
+      return draft_.changes(key) && field_of(key).value(draft_) != Value(std::string());
+    };
+    const bool lost = is_lost("address") || is_lost("mask") || is_lost("gateway");
     if (lost) {
       problem("address, mask and gateway belong to mode static",
               "leave them out, or give --mode static");
@@ -178,12 +177,9 @@ void FaultFinder::judge_static_addresses() {
   }
   if (!judged({"mode", "class", "address", "mask", "gateway"})) return;
   if (info_.connection_class == kIgdBridged && info_.ip_addr.empty()) return;
-  if (lacks("address", info_.ip_addr)) {
-    problem("mode static needs an address", "give --address ADDRESS");
-  }
-  if (lacks("mask", info_.ip_mask)) problem("mode static needs a mask", "give --mask MASK");
-  if (lacks("gateway", info_.ip_gw))
-    problem("mode static needs a gateway", "give --gateway ADDRESS");
+  require("address", "mode static needs an address");
+  require("mask", "mode static needs a mask");
+  require("gateway", "mode static needs a gateway");
   judge_subnet();
 }
 
@@ -211,7 +207,7 @@ void FaultFinder::judge_subnet() {
 void FaultFinder::judge_dns() {
   if (!draft_.changes("dns") || info_.connect_mode != 0) return;
   problem("no mode is chosen, so there is nothing that DNS servers could belong to",
-          "give --mode MODE");
+          hint_to_give(field_of("mode")));
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include "igd_types.h"
 #include "term/text.h"
-#include "wan/wan_patch.h"
 
 namespace igdctl {
 
@@ -18,7 +17,6 @@ constexpr Word kClasses[] = {
 constexpr Word kModes[] = {{"dhcp", kIgdDhcp}, {"static", kIgdStatic}, {"pppoe", kIgdPppoe}};
 constexpr Word kSwitches[] = {{"on", 1},  {"true", 1},  {"yes", 1}, {"1", 1},
                               {"off", 0}, {"false", 0}, {"no", 0},  {"0", 0}};
-constexpr const char* kAccessTypes[] = {"Ethernet", "3G", "Repeator"};
 
 template <std::size_t N>
 const Word* find_word(const Word (&words)[N], std::string_view text) {
@@ -53,32 +51,10 @@ int mode_of_word(std::string_view word) {
   return found == nullptr ? 0 : found->code;
 }
 
-std::string access_of_word(std::string_view word) {
-  for (const char* const access : kAccessTypes) {
-    if (lower_case(access) == lower_case(word)) return access;
-  }
-  return {};
-}
-
 bool parse_switch(std::string_view word, bool* on) {
   const Word* const found = find_word(kSwitches, word);
   if (found != nullptr) *on = found->code != 0;
   return found != nullptr;
-}
-
-std::string choices_text(std::string_view kind) {
-  if (kind == "class") return "routed, bridged or routed-bridged";
-  if (kind == "mode") return "dhcp, static or pppoe";
-  return "Ethernet, 3G or Repeator";
-}
-
-const Names& wan_keys() {
-  static const Names keys = {
-      "access",   "name",     "class", "mode",     "vlan",          "priority", "service",
-      "bind_lan", "bind_wan", "nat",   "user",     "password",      "address",  "mask",
-      "gateway",  "dns",      "mtu",   "option60", "port_option60", "enable",   "remote_management",
-      "stp"};
-  return keys;
 }
 
 }  // namespace igdctl

@@ -4,7 +4,6 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace igdctl {
 
@@ -17,13 +16,8 @@ std::string word_of_mode(int connect_mode);
 int class_of_word(std::string_view word);
 int mode_of_word(std::string_view word);
 
-/// The access type as the tree spells it ("Ethernet", "3G", "Repeator"), "" for another word.
-std::string access_of_word(std::string_view word);
-
 /// "on", "true", "yes", "1" and their opposites; false for another word.
 bool parse_switch(std::string_view word, bool* on);
-
-std::string choices_text(std::string_view kind);  ///< "class", "mode", "access": "a, b or c"
 
 }  // namespace igdctl
 
