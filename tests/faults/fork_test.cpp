@@ -23,7 +23,12 @@ const std::string kPassword = kRoot + "ManagementServer.Password";
 
 class Fork : public testing::Test {
  protected:
-  std::unique_ptr<Store> opened() const { return Store::open(path_, {}, nullptr); }
+  std::unique_ptr<Store> opened() const {
+    host::StoreOptions options;
+    options.longest_silence_ms = 100000;
+    options.lock_timeout_ms = 2000;
+    return Store::open(path_, options, nullptr);
+  }
 
   static bool writes(Store& store, const std::string& name, const std::string& text) {
     return store.tree().set_value(name, text) == 0 && store.commit().ok();
@@ -89,6 +94,21 @@ TEST_F(Fork, AChildThatDiscardsLeavesItsParentsBatchAlone) {
   EXPECT_EQ(child.wait(), 0);
   const StoreResult result = store->commit();
   EXPECT_TRUE(result.ok()) << result.text;
+  EXPECT_EQ(opened()->tree().value(kUrl), "parent");
+}
+
+TEST_F(Fork, ATrialOfItsParentIsNotTheChilds) {
+  const auto store = opened();
+  ASSERT_TRUE(store->begin_trial().ok());
+  (void)store->tree().set_value(kUrl, "parent");
+  Child accepts(
+      [&](int /*pipe*/) { return store->accept().error == StoreError::kNoTrial ? 0 : 1; });
+  EXPECT_EQ(accepts.wait(), 0);
+  Child begins([&](int /*pipe*/) {
+    return store->begin_trial().error == StoreError::kLocked ? 0 : 1;  // the parent has it
+  });
+  EXPECT_EQ(begins.wait(), 0);
+  EXPECT_TRUE(store->accept().ok());
   EXPECT_EQ(opened()->tree().value(kUrl), "parent");
 }
 

@@ -81,6 +81,30 @@ TEST_F(ProcessStore, TouchesNoDefaultPathWhenOneIsNamed) {
   }
 }
 
+// Where the file goes when nothing names it, whatever the user's umask lets others see.
+TEST_F(ProcessStore, MakesItsFoldersForTheirOwnerAlone) {
+  constexpr uid_t kSomebody = 65534;
+  ASSERT_EQ(chmod(folder_.c_str(), 0777), 0);
+  const std::string state_folder = folder_ + "/a/state";
+  const pid_t child = fork();
+  if (child == 0) {
+    (void)unsetenv("IGD_STORE");
+    (void)setenv("XDG_STATE_HOME", state_folder.c_str(), 1);
+    (void)umask(0);
+    if (geteuid() == 0 && seteuid(kSomebody) != 0) _exit(1);
+    _exit(host::process_store() != nullptr ? 0 : 2);
+  }
+  int status = 0;
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  EXPECT_EQ(status, 0);
+  for (const std::string& made : {folder_ + "/a", state_folder, state_folder + "/igd"}) {
+    struct stat made_status = {};
+    ASSERT_EQ(stat(made.c_str(), &made_status), 0) << made;
+    EXPECT_EQ(made_status.st_mode & 0777U, 0700U) << made;
+  }
+  EXPECT_TRUE(std::filesystem::exists(state_folder + "/igd/gateway.db"));
+}
+
 TEST_F(ProcessStore, GivesNoContextWhenItCannotBeOpenedAndSaysSoOnce) {
   write_file(path_, "damaged");
   const std::string printed = ran({"context", "context", "context"});

@@ -187,7 +187,7 @@ TEST_F(StoreImport, OfWhatTheStoreHasAlreadyChangesNothing) {
   EXPECT_TRUE(is_as_before(store_->tree()));
 }
 
-TEST_F(StoreImport, OfAMalformedFileChangesAndSpoilsNothing) {
+TEST_F(StoreImport, OfAMalformedFileChangesAndPoisonsNothing) {
   std::ofstream(dump_, std::ios::app) << "InternetGatewayDevice.X,maybe,,,,,\n";
   ASSERT_TRUE(store_->begin_trial().ok());
   store_->tree().set_value(kUrl, "mine");

@@ -121,7 +121,7 @@ TEST_F(StoreSharing, ALockedStoreRefusesTheWholeBatchAtOnceAndSaysSo) {
   EXPECT_EQ(one_->tree().value(kUser), "y");
 }
 
-TEST_F(StoreSharing, LaterWritesOfASpoiltBatchDoNotWait) {
+TEST_F(StoreSharing, LaterWritesOfAPoisonedBatchDoNotWait) {
   options_.lock_timeout_ms = 300;
   auto late = opened();
   write(*one_, kUrl, "x");
@@ -131,7 +131,7 @@ TEST_F(StoreSharing, LaterWritesOfASpoiltBatchDoNotWait) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(15));  // not 100 waits
 }
 
-TEST_F(StoreSharing, ASilentBatchIsSpoiltAsAWholeWhenAnotherOneWaits) {
+TEST_F(StoreSharing, ASilentBatchIsDiscardedAsAWholeWhenAnotherOneWaits) {
   auto next = successor();
   added(one_->tree(), kBridges);
   write(*one_, kUrl, "forgotten");
