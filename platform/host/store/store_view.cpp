@@ -32,7 +32,8 @@ void StoreView::publish_counter() {
 void StoreView::catch_up() {
   const std::uint32_t counter = repaired_counter();
   if (counter != seen_counter_ || pending_) read_changes();
-  seen_counter_ = counter;
+  const bool commit_goes_on = counter % 2 != 0;  // whose process may die before it tells
+  seen_counter_ = commit_goes_on ? kUnknown : counter;
 }
 
 // The shared counter. A commit that its process did not live to finish leaves it odd; nobody

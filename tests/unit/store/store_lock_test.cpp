@@ -9,6 +9,7 @@
 namespace {
 
 using namespace store_tests;
+using host::CommitLock;
 using host::SharedState;
 
 // The usual VFS, but that others act while SQLite sleeps until a lock is free.
@@ -151,6 +152,21 @@ TEST_F(StoreLock, EveryWriteKeepsItFromThoseWhoWait) {
   EXPECT_TRUE(shared.owns(batch));
   shared.end_batch(batch);
   EXPECT_TRUE(waiting.owns(waiting.begin_batch(options_)));
+}
+
+// The reader came while the commit was going on, and its process died before it told the others.
+TEST_F(StoreLock, ACounterThatStaysOddSendsReadersToTheDatabaseAgain) {
+  SharedState shared(path_);
+  {
+    const CommitLock lock(shared);
+    shared.set_counter(3);
+    EXPECT_EQ(other_->tree().value(kUrl), "");
+  }
+  EXPECT_TRUE(is_written(*one_, "x"));
+  EXPECT_TRUE(one_->commit().ok());
+  shared.set_counter(3);
+  EXPECT_EQ(other_->tree().value(kUrl), "x");
+  EXPECT_EQ(shared.counter(), 4U);
 }
 
 }  // namespace
