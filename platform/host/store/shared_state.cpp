@@ -50,6 +50,16 @@ SharedState::Deadline deadline_of(const StoreOptions& options) {
   return Clock::now() + std::chrono::milliseconds(options.lock_timeout_ms);
 }
 
+std::chrono::steady_clock::duration Silence::length(std::uint32_t owner, std::uint32_t activity,
+                                                    std::chrono::steady_clock::time_point now) {
+  if (owner != owner_ || activity != activity_) {
+    owner_ = owner;
+    activity_ = activity;
+    since_ = now;
+  }
+  return now - since_;
+}
+
 SharedState::SharedState(const std::string& store_path) {
   if (store_path == ":memory:") {
     words_ = &own_words_;
@@ -104,21 +114,14 @@ void SharedState::unlock(std::uint32_t byte) {
 SharedState::Batch SharedState::begin_batch(const StoreOptions& options) {
   const Deadline deadline = deadline_of(options);
   const std::chrono::milliseconds longest_silence(options.longest_silence_ms);
-  Batch silent_owner = 0;
-  std::uint32_t silent_activity = 0;
-  Clock::time_point silent_since;
+  Silence silence;
   while (true) {
     {
       const CommitLock lock(*this, deadline);
       const Batch owner = words_->owner.load();
-      const std::uint32_t activity = words_->activity.load();
       if (owner == 0 || !is_locked_by_others(byte_of(owner))) return take_over();
-      if (owner != silent_owner || activity != silent_activity) {
-        silent_owner = owner;
-        silent_activity = activity;
-        silent_since = Clock::now();
-      }
-      if (Clock::now() - silent_since >= longest_silence) return take_over();
+      const std::uint32_t activity = words_->activity.load();
+      if (silence.length(owner, activity, Clock::now()) >= longest_silence) return take_over();
     }
     wait_a_little(deadline);
   }

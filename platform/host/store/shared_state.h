@@ -23,6 +23,20 @@ struct SharedWords {
 };
 static_assert(std::atomic<std::uint32_t>::is_always_lock_free);
 
+/// How long the owner of the write lock has written nothing, as one sees it who waits for it.
+class Silence {
+ public:
+  /// @param owner     the batch that has the lock now
+  /// @param activity  its count of writes now
+  std::chrono::steady_clock::duration length(std::uint32_t owner, std::uint32_t activity,
+                                             std::chrono::steady_clock::time_point now);
+
+ private:
+  std::uint32_t owner_ = 0;
+  std::uint32_t activity_ = 0;
+  std::chrono::steady_clock::time_point since_;
+};
+
 /// Every member that waits throws StoreFailure with kLocked when it took too long.
 class SharedState {
  public:

@@ -114,6 +114,39 @@ TEST_F(ProcessStore, GivesNoContextWhenItCannotBeOpenedAndSaysSoOnce) {
   EXPECT_EQ(content_of(path_), "damaged");
 }
 
+TEST_F(ProcessStore, TakesNoWriteWhenItCannotBeOpened) {
+  write_file(path_, "damaged");
+  const pid_t child = fork();
+  if (child == 0) {
+    (void)setenv("IGD_STORE", path_.c_str(), 1);
+    StoreResult result;
+    const bool is_refused =
+        host::process_store(&result) == nullptr && result.error == StoreError::kCorrupt &&
+        host::active_tree().set_value(kUrl, "x") != 0 && host::active_tree().refusals().size() == 1;
+    _exit(is_refused ? 0 : 1);
+  }
+  int status = 0;
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  EXPECT_EQ(status, 0);
+}
+
+TEST_F(ProcessStore, MakesNoFolderForAFileThatIsNamed) {
+  path_ = folder_ + "/missing/gateway.db";
+  EXPECT_EQ(ran({"context"}).substr(0, 5), "log: ");
+  EXPECT_FALSE(std::filesystem::exists(folder_ + "/missing"));
+}
+
+TEST_F(ProcessStore, SaysOnceHoweverOftenItIsTried) {
+  write_file(path_, "damaged");
+  Client client({"IGD_STORE=" + path_},
+                {"context", "make", folder_ + "/tried", "wait-for", folder_ + "/later", "context"});
+  while (!std::filesystem::exists(folder_ + "/tried")) usleep(1000);
+  usleep(1100000);  // tries are at least a second apart
+  write_file(folder_ + "/later", "");
+  const std::string printed = client.finish();
+  EXPECT_EQ(printed.substr(printed.find('\n')), "\nnone\nnone\n");
+}
+
 TEST_F(ProcessStore, IsTriedAgainWhenItCanBeOpened) {
   write_file(path_, "damaged");
   Client client({"IGD_STORE=" + path_}, {"context", "make", folder_ + "/tried", "wait-for",

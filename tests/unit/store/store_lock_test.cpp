@@ -1,4 +1,5 @@
 // Who may write and when: the lock of a batch, the commit lock, and SQLite's own behind them.
+#include <chrono>
 #include <functional>
 #include <utility>
 
@@ -152,6 +153,35 @@ TEST_F(StoreLock, EveryWriteKeepsItFromThoseWhoWait) {
   EXPECT_TRUE(shared.owns(batch));
   shared.end_batch(batch);
   EXPECT_TRUE(waiting.owns(waiting.begin_batch(options_)));
+}
+
+TEST_F(StoreLock, EveryWriteIsAnActivity) {
+  const auto activity = [this] {  // the third of four words
+    const std::string words = content_of(path_ + "-shared");
+    return words.substr(8, 4);
+  };
+  EXPECT_TRUE(is_written(*one_, "x"));
+  const std::string first = activity();
+  EXPECT_TRUE(is_written(*one_, "y"));
+  EXPECT_NE(activity(), first);
+}
+
+TEST_F(StoreLock, NoBatchHasTheNumberOfNone) {
+  write_file(path_ + "-shared", std::string(12, '\0') + std::string(4, '\xff'));
+  SharedState shared(path_);
+  EXPECT_EQ(shared.begin_batch(options_), 1U);
+}
+
+TEST(StoreLockSilence, BeginsAnewWithEachWriteAndEachOwner) {
+  constexpr std::chrono::milliseconds kSecond{1000};
+  const std::chrono::steady_clock::time_point start;
+  host::Silence silence;
+  EXPECT_EQ(silence.length(1, 7, start), 0 * kSecond);
+  EXPECT_EQ(silence.length(1, 7, start + 4 * kSecond), 4 * kSecond);
+  EXPECT_EQ(silence.length(1, 8, start + 5 * kSecond), 0 * kSecond);
+  EXPECT_EQ(silence.length(1, 8, start + 7 * kSecond), 2 * kSecond);
+  EXPECT_EQ(silence.length(2, 8, start + 8 * kSecond), 0 * kSecond);
+  EXPECT_EQ(silence.length(2, 8, start + 9 * kSecond), 1 * kSecond);
 }
 
 // The reader came while the commit was going on, and its process died before it told the others.

@@ -84,10 +84,17 @@ TEST_F(StoreOpen, InMemoryLeavesNoFile) {
 TEST_F(StoreOpen, RefusesAPlaceThatIsNoFile) {
   path_ = folder_;
   EXPECT_EQ(error_on_open(), StoreError::kNotOpened);
+  EXPECT_FALSE(std::filesystem::exists(path_ + "-shared"));
   path_ = folder_ + "/no/folder/gateway.db";
   EXPECT_EQ(error_on_open(), StoreError::kNotOpened);
   path_ = "";
   EXPECT_EQ(error_on_open(), StoreError::kNotOpened);
+}
+
+TEST_F(StoreOpen, RefusesASizeBelowThatOfAnEmptyStore) {
+  StoreOptions options;
+  options.size_limit_bytes = 1;
+  EXPECT_EQ(error_on_open(options), StoreError::kFull);
 }
 
 TEST_F(StoreOpen, LeavesWhatIsNoDatabaseAsItIs) {

@@ -107,6 +107,12 @@ TEST_F(StorePending, IsRevertedAfterARestartHoweverSoon) {
   EXPECT_EQ(opened()->tree().value(kUrl), "");
 }
 
+TEST_F(StorePending, IsRevertedWhereTheBootHasNoName) {
+  time_.boot = "";
+  EXPECT_TRUE(accept(*store_, "x").ok());
+  EXPECT_EQ(store_->tree().value(kUrl), "");
+}
+
 TEST_F(StorePending, IsRevertedWhenTheClockCannotBeRight) {
   EXPECT_TRUE(accept(*store_, "x").ok());
   time_.milliseconds -= 1;  // before it was accepted, in the same boot

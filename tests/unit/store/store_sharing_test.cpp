@@ -88,6 +88,37 @@ TEST_F(StoreSharing, ANameThatAnotherOneMadeCanBeWrittenAtOnce) {
   EXPECT_EQ(&tree, &other_->tree());
 }
 
+// A kept reference still shows what its batch then finds gone.
+TEST_F(StoreSharing, AWriteIsJudgedOnWhatAnotherOneCommitted) {
+  Tree& tree = other_->tree();
+  EXPECT_TRUE(one_->tree().delete_object(kBridges + "1.") == 0 && one_->commit().ok());
+  EXPECT_NE(tree.set_value(kBridges + "1.BridgeName", "x"), 0);
+  other_->discard();
+  const std::string bridge_path = added(one_->tree(), kBridges);
+  EXPECT_TRUE(one_->commit().ok());
+  EXPECT_TRUE(other_->tree().has_object(bridge_path));
+  EXPECT_TRUE(one_->tree().delete_object(bridge_path) == 0 && one_->commit().ok());
+  EXPECT_EQ(added(tree, bridge_path + "Port."), "");
+  other_->discard();
+  const std::string last_path = added(one_->tree(), kBridges);
+  EXPECT_TRUE(one_->commit().ok());
+  EXPECT_TRUE(other_->tree().has_object(last_path));
+  EXPECT_TRUE(one_->tree().delete_object(last_path) == 0 && one_->commit().ok());
+  EXPECT_NE(tree.delete_object(last_path), 0);
+  EXPECT_EQ(tree.refusals().size(), 3U);
+  EXPECT_TRUE(other_->commit().ok());
+}
+
+TEST_F(StoreSharing, ReportsOnceThatItCannotFollow) {
+  Tree& tree = other_->tree();
+  write_and_commit(*one_, kUrl, "x");
+  run_sql(path_, "DROP TABLE pending");
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(&other_->tree(), &tree);
+  EXPECT_EQ(tree.value(kUrl), "");  // as it was
+  EXPECT_EQ(reported_.size(), 1U);
+  EXPECT_TRUE(is_reported(path_));
+}
+
 TEST_F(StoreSharing, AHoldFreezesTheView) {
   {
     const ReadHold hold(*other_);
