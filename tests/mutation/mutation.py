@@ -1,33 +1,30 @@
 #!/usr/bin/python3
-"""Changes the library in small ways and sees whether the tests notice: see scripts/mutation."""
+"""Changes sources in small ways and sees whether the tests notice: see scripts/mutation."""
 
 import argparse
-import collections
 import fcntl
 import hashlib
 import json
 import pathlib
 import queue
-import random
-import re
 import signal
 import sys
 import threading
 import time
 
-import mutants
+import base
+import folders
+import matrix
+import reach
+import report
+import results
 import worker
-
-ROOT = pathlib.Path(__file__).resolve().parents[2]
-FOLDER = ROOT / "build" / "mutation"
-RESULTS = FOLDER / "results.jsonl"
-REASONS = ROOT / "tests" / "mutation" / "survivors.md"
-LIBRARY = ROOT / "framework" / "igd"
-WORKERS = 2
 
 
 def parsed_arguments():
     parser = argparse.ArgumentParser(prog="scripts/mutation", description=__doc__)
+    parser.add_argument("--folder", choices=folders.TESTS, default="framework/igd",
+                        help="what is changed (default: framework/igd)")
     parser.add_argument("--sample", type=int, default=600, metavar="N",
                         help="try N of all mutants (default: 600)")
     parser.add_argument("--seed", type=int, default=1, metavar="S",
@@ -35,35 +32,22 @@ def parsed_arguments():
     parser.add_argument("--all", action="store_true", help="try every mutant")
     parser.add_argument("--only", metavar="ID", help="try this one, show its change and its end")
     parser.add_argument("--survivors", action="store_true",
-                        help="of those chosen, try the ones again that survived and have no reason")
+                        help="of all that ever survived and have no reason, try those again")
+    parser.add_argument("--matrix", action="store_true",
+                        help="ask every test about each mutant, and show what only one notices")
     parser.add_argument("--list", action="store_true", help="list the mutants, try none")
     parser.add_argument("--report", action="store_true",
                         help="only show the results that there are of those chosen")
+    parser.add_argument("--workers", type=int, default=2, metavar="N",
+                        help="how many mutants at a time (default: 2)")
+    parser.add_argument("--write-to", metavar="FILE", type=pathlib.Path,
+                        help="write the survivors with their changes there now and then, or the "
+                        "table of --matrix")
     return parser.parse_args()
 
 
-# ---- The mutants ----
-
-def include_arguments():
-    """As the library's objects are compiled; the version's header is made by the build."""
-    generated = FOLDER / "version"
-    generated.mkdir(parents=True, exist_ok=True)
-    (generated / "igd_version.h").write_text(
-        (LIBRARY / "inc" / "igd_version.h.in").read_text().replace("@", "0"))
-    folders = (LIBRARY, LIBRARY / "inc", generated, ROOT / "platform" / "inc")
-    return ["-xc++", "-std=c++17"] + [f"-I{folder}" for folder in folders]
-
-
-def all_mutants():
-    arguments = include_arguments()
-    found = []
-    for path in sorted([*LIBRARY.glob("*.cpp"), *LIBRARY.glob("*.h")]):
-        name = str(path.relative_to(ROOT))
-        found += mutants.Finder(path, name, arguments).mutants()
-    return found
-
-
 def chosen(every, options):
+    """The sample does not change with what is written above a mutant, or where its file stands."""
     if options.only:
         named = [mutant for mutant in every if mutant.name == options.only]
         if not named:
@@ -71,172 +55,201 @@ def chosen(every, options):
         return named
     if options.all or options.sample >= len(every):
         return every
-    numbers = list(range(len(every)))
-    random.Random(options.seed).shuffle(numbers)
-    return [every[number] for number in sorted(numbers[:options.sample])]
+    lot = sorted(every, key=lambda m: hashlib.sha256(f"{options.seed}{m.key}".encode()).digest())
+    picked = {mutant.key for mutant in lot[:options.sample]}
+    return [mutant for mutant in every if mutant.key in picked]
 
 
-def digest(mutant):
-    """Of the changed source: what was found out about another one does not count."""
-    changed = mutant.applied_to((ROOT / mutant.file).read_bytes())
-    return hashlib.sha256(changed).hexdigest()[:16]
+class Session:
+    """A run: the shared build, what is known, and the mutants that are wanted."""
 
+    def __init__(self, options):
+        self.options = options
+        self.base = base.base_of_checkout()
+        self.base.folder.mkdir(parents=True, exist_ok=True)
+        self.lock_folder()
+        self.base.configure()
+        self.sources = folders.sources(self.base, options.folder)
+        self.every = [mutant for source in self.sources for mutant in source.mutants]
+        self.contents = {source.name: (self.base.source / source.name).read_bytes()
+                         for source in self.sources}
+        self.wanted = chosen(self.every, options)
+        name = options.folder.replace("/", "-")
+        self.results = results.Results(self.base.folder / f"results-{name}.jsonl")
+        self.notices = matrix.Notices(self.base.folder / f"matrix-{name}.jsonl")
+        self.reach_file = self.base.folder / f"reach-{name}.json"
+        self.tests = self.base.tests(folders.is_asked(options.folder))
+        self.reach = reach.Reach(self.sources)
 
-# ---- The results ----
+    def lock_folder(self):
+        self.lock = open(self.base.folder / "lock", "w", encoding="utf-8")
+        try:
+            fcntl.flock(self.lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
+        except BlockingIOError:
+            sys.exit("mutation: another run works in build/mutation")
 
-def earlier_results():
-    results = {}
-    if RESULTS.exists():
-        for line in RESULTS.read_text().splitlines():
-            result = json.loads(line)
-            results[result["name"], result["digest"]] = result
-    return results
+    def digest(self, mutant):
+        return mutant.digest(self.contents[mutant.file])
 
+    def diff(self, mutant):
+        return mutant.diff(self.contents[mutant.file])
 
-def results_of(wanted):
-    earlier = earlier_results()
-    return {m: earlier[m.name, digest(m)] for m in wanted if (m.name, digest(m)) in earlier}
+    def result_of(self, mutant):
+        return self.results.of(mutant, self.digest(mutant))
+
+    def survived(self):
+        """Those of all mutants that survived and have no reason."""
+        keys, listed = self.results.survivors(), report.explained()
+        return [m for m in self.every if m.key in keys and m.name not in listed]
+
+    def rest(self):
+        if self.options.only:
+            return self.wanted
+        if self.options.survivors:
+            return self.survived()
+        if self.options.matrix:
+            return [m for m in self.wanted if not self.notices.of(m, self.digest(m))]
+        return [m for m in self.wanted if not self.result_of(m)]
+
+    # ---- Before the first mutant ----
+
+    def make_ready(self):
+        """Builds, and runs every test once, unless the same was done before."""
+        say("building")
+        self.base.make(self.tests)
+        self.workers = [worker.Worker(self.base, number + 1)
+                        for number in range(self.options.workers)]
+        state = self.state()
+        if self.reach_file.exists():
+            data = json.loads(self.reach_file.read_text())
+            if data["state"] == state:
+                self.reach.restore(data)
+        if not self.reach.costs:
+            self.reach.measure(self.workers[0], self.tests, say)
+            self.reach_file.write_text(json.dumps({"state": state, **self.reach.as_data()}))
+        for own in self.workers:
+            own.costs = self.reach.costs
+
+    def state(self):
+        """Of the sources and of the tests."""
+        whole = hashlib.sha256(repr(sorted(test.name for test in self.tests)).encode())
+        for path in sorted(self.base.source.rglob("*")):
+            inside = path.relative_to(self.base.source)
+            if inside.parts[0] in ("framework", "platform", "tools", "tests") and path.is_file():
+                if inside.parts[:2] != ("tests", "mutation"):
+                    whole.update(str(inside).encode() + path.read_bytes())
+        return whole.hexdigest()
+
+    # ---- The mutants ----
+
+    def go(self):
+        mutants = self.rest()
+        say(f"{len(mutants)} of {len(self.wanted)} mutants to try")
+        if mutants:
+            self.make_ready()
+            Run(self, mutants).go()
 
 
 class Run:
-    """Tries mutants on several workers; files wait in a queue, so that one stays with a worker."""
+    """Tries mutants on several workers."""
 
-    def __init__(self, wanted, thorough=True):
-        self.thorough = thorough
+    def __init__(self, session, mutants):
+        self.session = session
         self.lock = threading.Lock()
         self.started = time.monotonic()
-        self.left = self.count = len(wanted)
+        self.count = self.left = len(mutants)
         self.failures = []
-        by_file = collections.defaultdict(list)
-        for mutant in wanted:
-            by_file[mutant.file].append(mutant)
-        self.files = queue.Queue()
-        # A changed header compiles nearly everything: those are tried last.
-        for file in sorted(by_file, key=lambda name: (name.endswith(".h"), -len(by_file[name]))):
-            self.files.put(by_file[file])
+        self.queue = queue.Queue()
+        # A changed header compiles much: those are tried last.
+        for mutant in sorted(mutants, key=lambda m: (m.file.endswith(".h"), m.key)):
+            self.queue.put(mutant)
 
     def go(self):
-        with open(FOLDER / "lock", "w", encoding="utf-8") as lock:
-            try:
-                fcntl.flock(lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
-            except BlockingIOError:
-                sys.exit("mutation: another run works in build/mutation")
-            self.start_workers()
-
-    def start_workers(self):
-        folders = worker.worker_folders(ROOT, min(WORKERS, self.files.qsize()))
-        threads = [threading.Thread(target=self.work, args=(folder,)) for folder in folders]
+        threads = [threading.Thread(target=self.work, args=(own,))
+                   for own in self.session.workers]
         for thread in threads:
             thread.start()
         try:
             for thread in threads:
                 thread.join()
         except KeyboardInterrupt:
-            print("stopping when the mutants at hand are done", flush=True)
+            say("stopping when the mutants at hand are done")
             self.failures.append("stopped; the same command goes on from here")
             for thread in threads:
                 thread.join()
         if self.failures:
             sys.exit("mutation: " + self.failures[0])
 
-    def work(self, folder):
+    def work(self, own):
         try:
-            own = worker.Worker(ROOT, folder)
-            own.prepare()
-            if self.thorough:
-                own.try_tests()
             while not self.failures:
-                try:
-                    group = self.files.get_nowait()
-                except queue.Empty:
-                    break
-                for mutant in group:
-                    if not self.failures:
-                        self.attempt(own, mutant)
-            own.restore()
+                self.attempt(own, self.queue.get_nowait())
+        except queue.Empty:
+            pass
         except (RuntimeError, OSError) as error:
             self.failures.append(str(error))
 
     def attempt(self, own, mutant):
         start = time.monotonic()
-        outcome, by = own.attempt(mutant)
-        result = {"name": mutant.name, "digest": digest(mutant), "outcome": outcome, "by": by,
-                  "seconds": round(time.monotonic() - start, 1)}
+        own.put({mutant.file: mutant.applied_to(self.session.contents[mutant.file])}, ())
+        reached = [t for t in self.session.tests if self.session.reach.enters(t, mutant)]
+        result = {"key": mutant.key, "digest": self.session.digest(mutant), "name": mutant.name}
+        ask = matrix.ask_all if self.session.options.matrix else self.ask_in_turn
+        try:
+            own.compile_sources()
+        except worker.BuildFailure as failure:
+            result.update(outcome="stillborn", test="", by=str(failure))
+        else:
+            result.update(ask(own, mutant, reached))
+        result["seconds"] = round(time.monotonic() - start, 1)
+        self.finish(mutant, result)
+
+    def ask_in_turn(self, own, mutant, tests):
+        """Until one notices."""
+        costs = self.session.reach.costs
+        for test in self.session.results.order(tests, mutant.file, costs):
+            try:
+                outcome = own.run(test, costs[test.name])
+            except worker.BuildFailure:
+                return {"outcome": "killed", "test": test.name, "by": "does not compile"}
+            if not outcome.passed:
+                return {"outcome": "killed", "test": test.name, "by": outcome.by}
+        return {"outcome": "survived", "test": "", "by": f"{len(tests)} tests entered it"}
+
+    def finish(self, mutant, result):
         with self.lock:
-            with open(RESULTS, "a", encoding="utf-8") as file:
-                file.write(json.dumps(result) + "\n")
+            result["file"] = mutant.file.rsplit("/", 1)[-1]
+            session = self.session
+            (session.notices if session.options.matrix else session.results).add(result)
             self.left -= 1
             done = self.count - self.left
-            print(f"[{done}/{self.count}, {time.monotonic() - self.started:.0f} s] "
-                  f"{mutant.name} {outcome} {by}", flush=True)
+            say(f"[{done}/{self.count}, {time.monotonic() - self.started:.0f} s] {mutant.name} "
+                f"{result['outcome']} {result['test']} {result['by']} ({result['seconds']} s)")
+            if session.options.write_to and (done % 25 == 0 or self.left == 0):
+                session.options.write_to.write_text(
+                    matrix.table(session) if session.options.matrix else report.survivors(session))
 
 
-# ---- The report ----
-
-def explained():
-    """The names in the list of changes that no test can notice."""
-    return set(re.findall(r"^- (\S+): ", REASONS.read_text(), re.MULTILINE))
-
-
-def report(every, wanted, results):
-    row = "{:<36}{:>8}{:>8}{:>10}{:>11}".format
-    counts = collections.defaultdict(collections.Counter)
-    for mutant, result in results.items():
-        counts[mutant.file][result["outcome"]] += 1
-    print(row("file", "mutants", "killed", "survived", "stillborn"))
-    total = collections.Counter()
-    for file in sorted(counts):
-        total.update(counts[file])
-        print(row(file, sum(counts[file].values()), *columns(counts[file])))
-    print(row("all", sum(total.values()), *columns(total)))
-    show_survivors(results)
-    for name in sorted(explained() - {mutant.name for mutant in every}):
-        print(f"\n{name} stands in {REASONS.name}, and is no mutant (any more)")
-    alive = total["killed"] + total["survived"]
-    print(f"\n{len(wanted)} of {len(every)} mutants chosen, {len(results)} tried, {alive} compiled")
-    if alive:
-        print(f"killed: {total['killed']} of {alive}, {100 * total['killed'] / alive:.1f} %")
-
-
-def columns(counts):
-    return counts["killed"], counts["survived"], counts["stillborn"]
-
-
-def show_survivors(results):
-    listed = explained()
-    for mutant, result in results.items():
-        if result["outcome"] != "survived":
-            continue
-        note = "its reason is listed" if mutant.name in listed else "NOT EXPLAINED"
-        print(f"\n{mutant.name}  ({note})")
-        print(mutant.diff((ROOT / mutant.file).read_bytes()))
+def say(text):
+    print(text, flush=True)
 
 
 def main():
     options = parsed_arguments()
+    session = Session(options)
     signal.signal(signal.SIGTERM, signal.default_int_handler)
-    FOLDER.mkdir(parents=True, exist_ok=True)
-    every = all_mutants()
-    wanted = chosen(every, options)
-    if options.list:
-        for mutant in wanted:
-            print(mutant.name)
-            print(mutant.diff((ROOT / mutant.file).read_bytes()))
-        return
     if options.only:
-        print(wanted[0].diff((ROOT / wanted[0].file).read_bytes()), flush=True)
-        Run(wanted, thorough=False).go()
+        say(session.diff(session.wanted[0]))
+    if options.list:
+        for mutant in session.wanted:
+            say(f"{mutant.name}\n{session.diff(mutant)}")
         return
     if not options.report:
-        results = results_of(wanted)
-        listed = explained()
-        again = [m for m in wanted if m in results and results[m]["outcome"] == "survived"
-                 and m.name not in listed]
-        rest = again if options.survivors else [m for m in wanted if m not in results]
-        print(f"{len(rest)} of {len(wanted)} mutants to try", flush=True)
-        if rest:
-            Run(rest).go()
-    report(every, wanted, results_of(wanted))
+        session.go()
+    if options.matrix:
+        say(matrix.table(session))
+    elif not options.only:
+        report.show(session)
 
 
 if __name__ == "__main__":

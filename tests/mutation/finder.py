@@ -1,15 +1,15 @@
 """Finds on the syntax tree what can be changed in a C++ source. Each change is a mutant."""
 
-import dataclasses
-import difflib
 import re
 
 import clang.cindex
 from clang.cindex import CursorKind, TypeKind
 
-LOOPS = (CursorKind.FOR_STMT, CursorKind.WHILE_STMT, CursorKind.DO_STMT,
-         CursorKind.CXX_FOR_RANGE_STMT)
-JUMPS = (CursorKind.RETURN_STMT, CursorKind.CONTINUE_STMT, CursorKind.BREAK_STMT)
+import literals
+import mutant
+from syntax import (FUNCTIONS, JUMPS, LOOPS, SCOPES, is_constant_evaluated, is_expression,
+                    is_number, is_scoped_enum, matters, unwrapped)
+
 OTHER_OPERATORS = {
     "==": ("!=",), "!=": ("==",),
     "<": ("<=", ">="), "<=": ("<", ">"), ">": (">=", "<="), ">=": (">", "<"),
@@ -20,46 +20,32 @@ OTHER_OPERATORS = {
 COMPARISONS = ("==", "!=", "<", "<=", ">", ">=")
 
 
-@dataclasses.dataclass(frozen=True)
-class Mutant:
-    """Replaces the bytes from start to end of a file."""
-
-    file: str
-    line: int
-    kind: str
-    start: int
-    end: int
-    text: bytes
-    ordinal: int = 1
-
-    @property
-    def name(self):
-        return f"{self.file}:{self.line}:{self.kind}:{self.ordinal}"
-
-    def applied_to(self, source):
-        return source[:self.start] + self.text + source[self.end:]
-
-    def diff(self, source):
-        before = source.decode().splitlines()
-        after = self.applied_to(source).decode().splitlines()
-        lines = list(difflib.unified_diff(before, after, lineterm="", n=1))[2:]
-        return "\n".join(line for line in lines if not line.startswith("@@"))
-
-
 class Finder:
-    """Walks one source. `found` has its mutants, each change once."""
+    """Walks one source. `found` has its mutants, each change once; `blocks` has the bodies between
+    braces in which a call can be put first, from the outer to the inner."""
 
     def __init__(self, path, name, arguments):
         self.name = name
         self.source = path.read_bytes()
         self.found = {}
+        self.blocks = []
+        self.scope = (0, len(self.source))
         unit = clang.cindex.Index.create().parse(str(path), arguments)
         errors = [str(d) for d in unit.diagnostics if d.severity >= clang.cindex.Diagnostic.Error]
         if errors:
             raise RuntimeError(f"{name} was not understood: {errors[0]}")
         for cursor in unit.cursor.get_children():
             if cursor.location.file and cursor.location.file.name == str(path):
-                self.visit(cursor, None, None)
+                self.declaration(cursor)
+
+    def declaration(self, cursor):
+        """Each declaration that is no room for others is a scope of its own."""
+        if cursor.kind in SCOPES:
+            for child in cursor.get_children():
+                self.declaration(child)
+            return
+        self.scope = (cursor.extent.start.offset, cursor.extent.end.offset)
+        self.visit(cursor, None, None)
 
     # ---- What all kinds use ----
 
@@ -70,21 +56,14 @@ class Finder:
         if self.source[start:end] == text:
             return
         line = self.source.count(b"\n", 0, start) + 1
-        self.found.setdefault((start, end, text),
-                              Mutant(self.name, line, kind, start, end, text))
+        self.found.setdefault((start, end, text), mutant.Mutant(
+            self.name, line, kind, start, end, text, self.scope))
 
     def replace_cursor(self, kind, cursor, text):
         self.replace(kind, cursor.extent.start.offset, cursor.extent.end.offset, text)
 
     def mutants(self):
-        """All of them by their place, those of one line and kind numbered."""
-        numbers = {}
-        numbered = []
-        for mutant in sorted(self.found.values(), key=lambda m: (m.start, m.end, m.kind, m.text)):
-            key = (mutant.line, mutant.kind)
-            numbers[key] = numbers.get(key, 0) + 1
-            numbered.append(dataclasses.replace(mutant, ordinal=numbers[key]))
-        return numbered
+        return mutant.numbered(self.found.values(), self.source)
 
     # ---- The walk ----
 
@@ -92,8 +71,7 @@ class Finder:
         kind = cursor.kind
         if kind == CursorKind.STATIC_ASSERT:
             return
-        if kind in (CursorKind.FUNCTION_DECL, CursorKind.CXX_METHOD, CursorKind.CONSTRUCTOR,
-                    CursorKind.DESTRUCTOR, CursorKind.FUNCTION_TEMPLATE, CursorKind.LAMBDA_EXPR):
+        if kind in FUNCTIONS:
             function = cursor
         handler = {
             CursorKind.IF_STMT: self.branch,
@@ -121,6 +99,7 @@ class Finder:
             self.single_statements(cursor)
         if kind == CursorKind.COMPOUND_STMT and function is not None:
             self.statements(cursor, is_body=parent == function)
+            self.note_block(cursor, function, parent)
         for child in cursor.get_children():
             self.visit(child, function, cursor)
 
@@ -237,22 +216,21 @@ class Finder:
     # ---- Constants ----
 
     def number(self, literal):
-        digits = re.match(rb"\d+$", self.text_of(literal))
-        if digits:
-            value = int(digits.group())
-            for other in (value + 1, value - 1):
-                self.replace_cursor("number", literal, str(other).encode())
+        for kind, text in literals.other_numbers(self.text_of(literal)):
+            self.replace_cursor(kind, literal, text)
 
     def character(self, literal):
         self.replace_cursor("character", literal, b"'~'")
 
     def string(self, literal):
         text = self.text_of(literal)
+        start = literal.extent.start.offset
+        for first, last, other in literals.other_statements(text):
+            self.replace("sql", start + first, start + last, other)
         if not text.startswith(b'"'):
             return
-        start = literal.extent.start.offset
         self.replace("string", start, start + 1, b'"~')
-        if text != b'""':
+        if text != b'""' and self.name.startswith("framework/"):  # texts for people need one
             self.replace_cursor("string", literal, b'""')
 
     def boolean(self, literal):
@@ -334,8 +312,12 @@ class Finder:
         if result.kind == TypeKind.BOOL:
             if not self.is_comparison(value) and not text.startswith(b"!"):
                 self.replace_cursor("return", value, b"!(" + text + b")")
-        elif is_number(result):
+            if unwrapped(value).kind == CursorKind.CALL_EXPR:
+                self.replace_cursor("success", value, b"((void)(" + text + b"), true)")
+        elif is_number(result) and not is_scoped_enum(result):
             self.replace_cursor("return", value, b"(" + text + b") + 1")
+            if unwrapped(value).kind == CursorKind.CALL_EXPR:
+                self.replace_cursor("success", value, b"((void)(" + text + b"), 0)")
         elif result.kind == TypeKind.POINTER:
             self.replace_cursor("return", value, b"nullptr")
         elif result.kind == TypeKind.RECORD:
@@ -343,36 +325,9 @@ class Finder:
             if "basic_string<" in result.spelling:
                 self.replace_cursor("return", value, b'"mutant"')
 
+    # ---- Blocks ----
 
-def unwrapped(cursor):
-    """The expression inside of conversions that are not written, and of parentheses."""
-    while cursor.kind in (CursorKind.UNEXPOSED_EXPR, CursorKind.PAREN_EXPR):
-        children = list(cursor.get_children())
-        if len(children) != 1:
-            break
-        cursor = children[0]
-    return cursor
-
-
-def is_expression(cursor):
-    return cursor.kind.is_expression()
-
-
-def is_number(type_):
-    kind = type_.get_canonical().kind
-    return kind == TypeKind.ENUM or TypeKind.BOOL.value < kind.value <= TypeKind.INT128.value
-
-
-def matters(statement):
-    """Whether it is seen when a statement runs: not of a declaration that only joins texts."""
-    if statement.kind in JUMPS:
-        return False
-    if statement.kind != CursorKind.DECL_STMT:
-        return True
-    return any(calls_us(c) for c in statement.walk_preorder() if c.kind == CursorKind.CALL_EXPR)
-
-
-def calls_us(call):
-    target = call.referenced
-    return (target is not None and target.kind != CursorKind.CONSTRUCTOR and
-            target.location.file is not None and "/c++/" not in target.location.file.name)
+    def note_block(self, compound, function, parent):
+        """Where a call that is put after the brace runs, whenever the block is entered."""
+        if parent.kind != CursorKind.SWITCH_STMT and not is_constant_evaluated(function):
+            self.blocks.append((compound.extent.start.offset, compound.extent.end.offset))
