@@ -67,7 +67,6 @@ std::string make_extension(TreeStore& store, const std::string& name, const Row&
   Node* owner = store.node(owner_path);
   if (owner == nullptr || own.empty()) return no_parent(name);
   if (!is_extension(row)) return name + " is not in the data model";
-  if (cell) store.remove(cell);
   cell = TreeStore::add_foreign_parameter(
       *owner, std::string(own), type_of(row.type.substr(kAccessWidth)), access_of(row.type));
   return {};
