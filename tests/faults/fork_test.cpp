@@ -97,6 +97,19 @@ TEST_F(Fork, AChildThatDiscardsLeavesItsParentsBatchAlone) {
   EXPECT_EQ(opened()->tree().value(kUrl), "parent");
 }
 
+TEST(ForkInMemory, AChildGoesOnWithAStoreOfItsOwn) {
+  const auto store = Store::open(":memory:", {}, nullptr);
+  ASSERT_TRUE(store->tree().set_value(kUrl, "parent") == 0 && store->commit().ok());
+  (void)store->tree().set_value(kUser, "not committed yet");
+  Child child([&](int /*pipe*/) {
+    const bool has_all = store->tree().value(kUrl) == "parent" && store->commit().ok() &&
+                         store->tree().value(kUser) == "not committed yet";
+    return has_all && store->generation() == 3 ? 0 : 1;
+  });
+  EXPECT_EQ(child.wait(), 0);
+  EXPECT_EQ(store->generation(), 2U);
+}
+
 TEST_F(Fork, ATrialOfItsParentIsNotTheChilds) {
   const auto store = opened();
   ASSERT_TRUE(store->begin_trial().ok());

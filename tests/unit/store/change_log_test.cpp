@@ -128,6 +128,18 @@ TEST_F(RecordedTree, SaysInWordsWhatBecameOfObjectsAndTexts) {
   EXPECT_EQ(difference.values[1].after, "blue");
 }
 
+TEST_F(RecordedTree, TellsOfNoTextInADeletedObjectWhateverElseIsInIt) {
+  const std::string bridge_path = added(tree_, kBridges);
+  added(tree_, bridge_path + "Port.");
+  tree_.set_value(bridge_path + "BridgeName", "before its ports");
+  tree_.set_value(bridge_path + "X_ZYN_WANName", "behind its ports");
+  recorder_.log.clear();
+  tree_.delete_object(bridge_path);
+  const host::Difference difference = difference_of(net());
+  EXPECT_EQ(difference.deleted, (std::vector<std::string>{bridge_path, bridge_path + "Port.1."}));
+  EXPECT_TRUE(difference.values.empty());
+}
+
 TEST_F(RecordedTree, UndoBringsBackDeletedSubtreesWithCountersAndExtensions) {
   added(tree_, kBridges + "1.Port.");
   tree_.delete_object(kBridges + "1.Port.3.");

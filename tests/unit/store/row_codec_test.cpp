@@ -57,6 +57,13 @@ TEST(RowCodec, NoticesACutAnywhereInAChange) {
   }
 }
 
+// One name that shares nothing, its text, the sides, and no row on either.
+TEST(RowCodec, RefusesSidesThatThereAreNotAndAChangeWithoutAName) {
+  EXPECT_TRUE(host::decoded(std::string("\0\1A\0", 4)));
+  EXPECT_FALSE(host::decoded(std::string("\0\1A\4", 4)));
+  EXPECT_FALSE(host::decoded(std::string("\0\0\0", 3)));
+}
+
 TEST(RowCodec, RefusesNumbersThatPointOutside) {
   for (const char* bytes : {"\x05", "\x01\x01x", "\xff\xff\xff\xff\xff\xff"}) {
     EXPECT_FALSE(host::decoded(bytes)) << bytes;

@@ -42,6 +42,15 @@ TEST_F(StoreCheckpoint, ARestoreHandsNoInstanceNumberOutTwice) {
   EXPECT_EQ(added(store_->tree(), kBridges), kBridges + "3.");
 }
 
+TEST_F(StoreCheckpoint, ARestoreTakesAnObjectAwayWithTheTablesInIt) {
+  EXPECT_TRUE(store_->make_checkpoint("early").ok());
+  added(store_->tree(), added(store_->tree(), kBridges) + "Port.");
+  EXPECT_TRUE(store_->commit().ok());
+  const StoreResult result = store_->restore("early");
+  EXPECT_TRUE(result.ok()) << result.text;
+  EXPECT_FALSE(store_->tree().has_object(kBridges + "2."));
+}
+
 TEST_F(StoreCheckpoint, EveryChangeKeepsTheStateBeforeIt) {
   for (int i = 2; i <= 30; ++i) write_and_commit(std::to_string(i));
   const auto listed = store_->checkpoints();
@@ -92,6 +101,7 @@ TEST_F(StoreCheckpoint, RefusesBadNamesAndChangesNothing) {
     EXPECT_EQ(store_->make_checkpoint(name).error, StoreError::kBadName) << name;
     EXPECT_EQ(store_->delete_checkpoint(name).error, StoreError::kBadName) << name;
   }
+  EXPECT_TRUE(store_->make_checkpoint(std::string(64, 'a')).ok());
   const std::string unknown[] = {"", "@", "@0", "@01", "@1x", "@99", "@99999999999999999999", "no"};
   for (const std::string& name : unknown) {
     EXPECT_EQ(store_->restore(name).error, StoreError::kNoCheckpoint) << name;

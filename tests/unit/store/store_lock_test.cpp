@@ -191,6 +191,7 @@ TEST_F(StoreLock, ACounterThatStaysOddSendsReadersToTheDatabaseAgain) {
     const CommitLock lock(shared);
     shared.set_counter(3);
     EXPECT_EQ(other_->tree().value(kUrl), "");
+    EXPECT_EQ(shared.counter(), 3U);  // whoever commits sets it
   }
   EXPECT_TRUE(is_written(*one_, "x"));
   EXPECT_TRUE(one_->commit().ok());

@@ -63,6 +63,23 @@ TEST_F(StorePending, LeavesAFileAsItIsWhoseRevertIsDamaged) {
   EXPECT_EQ(content_of(path_ + ".corrupt-1"), before);
 }
 
+// Another tool wrote behind it: its revert would not bring the state before it back.
+TEST_F(StorePending, IsNotRevertedBelowAnotherChange) {
+  EXPECT_TRUE(accept(*store_, "x").ok());
+  store_.reset();
+  run_sql(path_, "INSERT INTO change VALUES(3, 3, 0, 'other tool', x'')");
+  pass(kMinute);
+  EXPECT_EQ(error_on_open(options_), StoreError::kCorrupt);
+}
+
+// No counter tells of it.
+TEST_F(StorePending, ThatWasConfirmedElsewhereHoldsNoTrialUp) {
+  auto other = opened();
+  EXPECT_TRUE(accept(*store_, "x").ok());
+  EXPECT_TRUE(other->confirm().ok());
+  EXPECT_TRUE(store_->begin_trial().ok());
+}
+
 TEST_F(StorePending, LeavesADamagedFileInItsMode) {
   EXPECT_TRUE(accept(*store_, "x").ok());
   store_.reset();
@@ -170,6 +187,7 @@ TEST_F(StorePending, IsRevertedUnderAHoldButNotShown) {
 TEST_F(StorePending, GoesAtOnceWhenAsked) {
   EXPECT_TRUE(accept(*store_, "x").ok());
   EXPECT_TRUE(store_->revert().ok());
+  EXPECT_EQ(store_->generation(), 3U);
   EXPECT_EQ(store_->tree().value(kUrl), "");
   EXPECT_EQ(store_->revert().error, StoreError::kNotPending);
   EXPECT_EQ(store_->confirm().error, StoreError::kNotPending);

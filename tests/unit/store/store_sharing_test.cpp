@@ -119,6 +119,15 @@ TEST_F(StoreSharing, ReportsOnceThatItCannotFollow) {
   EXPECT_TRUE(is_reported(path_));
 }
 
+TEST_F(StoreSharing, GoesBackWithAFileThatWentBack) {
+  write_and_commit(*one_, kUrl, "x");
+  EXPECT_EQ(other_->tree().value(kUrl), "x");
+  run_sql(path_, "DELETE FROM change WHERE generation = 2");
+  SharedState(path_).set_counter(2);
+  (void)other_->tree();
+  EXPECT_EQ(other_->generation(), 1U);
+}
+
 TEST_F(StoreSharing, AHoldFreezesTheView) {
   {
     const ReadHold hold(*other_);
@@ -143,6 +152,8 @@ TEST_F(StoreSharing, ALockedStoreRefusesTheWholeBatchAtOnceAndSaysSo) {
   write(*one_, kUrl, "x");
   EXPECT_NE(late->tree().set_value(kUser, "y"), 0);
   EXPECT_EQ(late->tree().refusals().size(), 1U);
+  EXPECT_EQ(late->make_checkpoint("midst").error, StoreError::kBatchOpen);
+  EXPECT_EQ(late->begin_trial().error, StoreError::kBatchOpen);
   one_->discard();
   EXPECT_NE(late->tree().set_value(kUser, "y"), 0);  // though the lock is free now
   EXPECT_EQ(late->commit().error, StoreError::kLocked);
