@@ -185,6 +185,17 @@ TEST(CsvRoundTrip, KeepsNamesThatNeedQuotes) {
   expect_round_trip(tree);
 }
 
+// Many readers trim a field that is not in quotes.
+TEST(CsvExport, QuotesBlanksAtBothEnds) {
+  Tree tree;
+  tree.set_value(kInfo + "Manufacturer", " x");
+  tree.set_value(kInfo + "ModelName", "x ");
+  std::ostringstream text;
+  ASSERT_TRUE(host::export_csv(tree, text).ok);
+  EXPECT_NE(text.str().find(",\" x\","), std::string::npos);
+  EXPECT_NE(text.str().find(",\"x \","), std::string::npos);
+}
+
 TEST(CsvExport, WritesValuesWithANulByteInHexadecimalDigits) {
   Tree tree;
   tree.set_value(kInfo + "Description", std::string("a\0\n\xFF", 4));

@@ -113,8 +113,10 @@ TEST(ImportNotes, TellUnknownTypes) {
   Tree tree;
   const ImportResult result =
       imported(tree, kPlainHeader + kInfo + "X_A,false,true,aGk=,xsd:base64\n" + kInfo +
-                         "X_B,false,true,x,\n" + kInfo + "X_C,false,true,x,xsd:string\n");
-  const Texts expected = {kInfo + "X_A: became a string (the type xsd:base64 is unknown)"};
+                         "X_B,false,true,x,\n" + kInfo + "X_C,false,true,x,xsd:string\n" + kInfo +
+                         "X_D,false,true,7,xyz:int\n");
+  const Texts expected = {kInfo + "X_A: became a string (the type xsd:base64 is unknown)",
+                          kInfo + "X_D: became a string (the type xyz:int is unknown)"};
   EXPECT_EQ(told(result, Kind::kType), expected);
 }
 

@@ -114,16 +114,19 @@ TEST_F(ProcessStore, GivesNoContextWhenItCannotBeOpenedAndSaysSoOnce) {
   EXPECT_EQ(content_of(path_), "damaged");
 }
 
-TEST_F(ProcessStore, TakesNoWriteWhenItCannotBeOpened) {
+TEST_F(ProcessStore, TakesNoWriteWhenItCannotBeOpenedButAnotherTreeDoes) {
   write_file(path_, "damaged");
   const pid_t child = fork();
   if (child == 0) {
     (void)setenv("IGD_STORE", path_.c_str(), 1);
     StoreResult result;
-    const bool is_refused =
-        host::process_store(&result) == nullptr && result.error == StoreError::kCorrupt &&
-        host::active_tree().set_value(kUrl, "x") != 0 && host::active_tree().refusals().size() == 1;
-    _exit(is_refused ? 0 : 1);
+    const bool is_refused = host::process_store(&result) == nullptr &&
+                            result.error == StoreError::kCorrupt &&
+                            host::active_tree().set_value(kUrl, "x") != 0 &&
+                            host::active_tree().refusals().size() == 1 && getContext() == nullptr;
+    host::Tree other;
+    (void)host::exchange_active_tree(&other);
+    _exit(is_refused && getContext() != nullptr ? 0 : 1);
   }
   int status = 0;
   ASSERT_EQ(waitpid(child, &status, 0), child);

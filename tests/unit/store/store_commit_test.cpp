@@ -82,4 +82,22 @@ TEST_F(StoreCommit, KeepsTheLogBounded) {
   EXPECT_LT(std::filesystem::file_size(path_ + "-wal"), 5U << 20U);
 }
 
+// It grows while a reader of an old state keeps it from being written back.
+TEST_F(StoreCommit, CutsALogThatGrewBeyondItsBound) {
+  constexpr std::uintmax_t kBound = 4U << 20U;
+  auto store = opened();
+  const auto commit = [&store](char filling) {
+    store->tree().set_value(kUrl, std::string(1U << 20U, filling));
+    ASSERT_TRUE(store->commit().ok());
+  };
+  sqlite3* reader = nullptr;
+  ASSERT_EQ(sqlite3_open(path_.c_str(), &reader), SQLITE_OK);
+  ASSERT_EQ(sqlite3_exec(reader, "BEGIN; SELECT * FROM object", nullptr, nullptr, nullptr), 0);
+  for (char filling = 'a'; filling < 'g'; ++filling) commit(filling);
+  EXPECT_GT(std::filesystem::file_size(path_ + "-wal"), 2 * kBound);
+  (void)sqlite3_close(reader);
+  for (char filling = 'g'; filling < 'j'; ++filling) commit(filling);
+  EXPECT_LE(std::filesystem::file_size(path_ + "-wal"), 2 * kBound);
+}
+
 }  // namespace

@@ -113,6 +113,7 @@ TEST_F(StorePending, IsRevertedByWhoeverOpensAfterTheDeadline) {
   store_.reset();
   pass(kMinute);
   auto store = opened();
+  EXPECT_EQ(store->generation(), 3U);
   EXPECT_EQ(store->tree().value(kUrl), "");
   EXPECT_TRUE(is_reported("reverted"));
 }
