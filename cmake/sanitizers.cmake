@@ -8,7 +8,11 @@
 #                  does not hold. Where it is meant, the source says so: by a static_cast, or
 #                  by a helper that names it
 #   local-bounds   objects whose size only the optimiser knows
-option(IGD_SANITIZE "Build with Clang's sanitizers" OFF)
+#
+# The harnesses of tests/fuzz are programs of libFuzzer in the same build.
+option(IGD_SANITIZE "Build with Clang's sanitizers, and the harnesses with libFuzzer" OFF)
+add_library(igd_sanitizers INTERFACE)
+link_libraries("$<BUILD_INTERFACE:igd_sanitizers>")
 if(NOT IGD_SANITIZE)
   return()
 endif()
@@ -20,9 +24,10 @@ set(sanitizers
   -fsanitize=address,undefined,integer,implicit-conversion,local-bounds
   -fno-sanitize=vptr
   -fno-sanitize-recover=all)
-add_compile_options(${sanitizers}
+target_compile_options(igd_sanitizers INTERFACE ${sanitizers}
   "-fsanitize-ignorelist=${CMAKE_CURRENT_LIST_DIR}/sanitizers.ignore"
   -fno-omit-frame-pointer)
 # The runtime is in the programs. One in C needs it as for C++, which the libraries are in.
-add_link_options(${sanitizers} $<$<LINK_LANGUAGE:C>:-fsanitize-link-c++-runtime>)
-link_libraries($<$<LINK_LANGUAGE:C>:stdc++>)
+target_link_options(igd_sanitizers INTERFACE
+  ${sanitizers} $<$<LINK_LANGUAGE:C>:-fsanitize-link-c++-runtime>)
+target_link_libraries(igd_sanitizers INTERFACE $<$<LINK_LANGUAGE:C>:stdc++>)

@@ -45,8 +45,8 @@ TEST(CallLaws, EveryOperationHasOne) {
 }
 
 // The page's table has, besides, the instructions that scripts/calls measures.
-TEST(CallLaws, StandInTheQualityPage) {
-  std::ifstream page(QUALITY_PAGE);
+TEST(CallLaws, StandInTheirPage) {
+  std::ifstream page(CALLS_PAGE);
   std::set<std::string> lines;
   for (std::string line; std::getline(page, line);) {
     for (std::size_t i = 0; i < kReportSizes.size(); ++i) {

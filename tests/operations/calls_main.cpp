@@ -1,4 +1,4 @@
-// Measures every operation for docs/quality.md; scripts/calls runs it.
+// Measures every operation for docs/calls.md; scripts/calls runs it.
 //
 //   calls run CONNECTIONS          does every operation once. Fails when the calls are not those of
 //                                  the law. Under callgrind each operation dumps the instructions
