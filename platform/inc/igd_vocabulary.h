@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 namespace igd {
@@ -124,8 +125,8 @@ inline constexpr int kPacketMarkBase = 30;
 /// @param connection  number of its connection device; counts modulo kPacketMarkBase
 /// @return the mark, modulo 2^32
 constexpr unsigned int packet_mark(int device, int connection) {
-  return static_cast<unsigned int>(device) * static_cast<unsigned int>(kPacketMarkBase) +
-         static_cast<unsigned int>(connection % kPacketMarkBase);
+  const std::int64_t mark = std::int64_t{device} * kPacketMarkBase + connection % kPacketMarkBase;
+  return static_cast<unsigned int>(mark);
 }
 
 // ---- VLANs --------------------------------------------------------------------------------------
