@@ -51,7 +51,7 @@ load helper
   has '"https://"' "$stderr"
   has 'a\nb' "$stderr"
   expect 2 acs set
-  has "no setting is named" "$stderr"
+  has "no setting is given" "$stderr"
   expect 2 acs set --password-file - --request-password-file -
   expect 2 acs set --password-file x --password-prompt
   expect 2 acs set --password-file "$BATS_TEST_TMPDIR/none"

@@ -1,4 +1,4 @@
-# Seeing bridges, and mending them when they and their connections have come apart.
+# Showing bridges, and repairing them when they no longer match their connections.
 load helper
 load household
 
@@ -63,7 +63,7 @@ wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice
 
 @test "an interface that is in no bridge" {
   expect 3 bridge of LAN9
-  has "did you mean LAN1" "$stderr"
+  has "did you mean \"LAN1" "$stderr"
   expect 3 bridge of eth0.100
   expect 2 bridge of ""
 }
@@ -100,7 +100,7 @@ wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice
   household
   expect 2 bridge move LAN0 internet
   expect 3 bridge move LAN9 internet
-  has "did you mean LAN" "$stderr"
+  has "did you mean \"LAN" "$stderr"
   expect 3 bridge move LAN1 br_9_9
 }
 
@@ -129,7 +129,7 @@ wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice
   edit_tree delete "$bridges.2."
   expect 10 doctor
   expect 0 bridge create Internet
-  has 'Made the bridge "br_1_1"'
+  has 'Created the bridge "br_1_1"'
   [ "${before//Bridge.2./}" = "$(igdctl bridge show br_1_1 --json | sed 's/Bridge.5.//')" ]
   expect 0 doctor
   expect 0 bridge create Internet
@@ -163,11 +163,11 @@ wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice
   household
   edit_tree set "$bridges.2.BridgeName" br_9_9
   expect 0 bridge remove br_9_9 --force
-  has "--force goes over this" "$stderr"
+  has "--force overrides this" "$stderr"
   expect 3 bridge show br_9_9
 }
 
-@test "the gateway's build mends bridges too" {
+@test "the gateway's build repairs bridges too" {
   run --separate-stderr igdctl_gateway bridge list --json
   [ "$status" -eq 0 ]
   household

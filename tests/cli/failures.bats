@@ -35,12 +35,12 @@ load helper
   igdctl -q tree set --yes "$wan.2.WANIPConnection.1.Name" Internet
   igdctl -q tree set --yes "$wan.2.WANIPConnection.2.Name" Internet
   expect_unchanged 2 wan set Internet --vlan 110
-  has '"Internet" means several connections' "$stderr"
+  has '"Internet" names several connections' "$stderr"
   has "$wan.1., $wan.2." "$stderr"
   expect_unchanged 2 wan ensure --name Internet --vlan 110
   has 'several connections are named "Internet"' "$stderr"
   igdctl -q tree set "$bridges.4.BridgeName" br_1_1
   expect_unchanged 2 bridge show br_1_1
-  has '"br_1_1" means several bridges' "$stderr"
+  has '"br_1_1" names several bridges' "$stderr"
   has "$bridges.2., $bridges.4." "$stderr"
 }

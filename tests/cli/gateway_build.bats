@@ -36,7 +36,7 @@ expect_gateway() {
 @test "it asks for --yes before it touches the management connection" {
   expect_gateway 0 wan create --name Management --service TR069 --vlan 200
   expect_gateway 8 wan set Management --vlan 210
-  has "go on with --yes" "$stderr"
+  has "go ahead with --yes" "$stderr"
   expect_gateway 0 wan set Management --vlan 200
   expect_gateway 0 wan set Management --vlan 210 --yes
 }

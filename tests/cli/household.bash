@@ -1,4 +1,4 @@
-# Gateways to look at and to mend: `load household` after `load helper`.
+# Gateways to look at and to repair: `load household` after `load helper`.
 #
 # EDIT_TREE names the program; ctest sets it.
 

@@ -119,7 +119,7 @@ come_apart() {
   fit
 }
 
-@test "what came of changes: done, none, pending, confirmed, taken back" {
+@test "what came of changes: done, none, pending, confirmed, reverted" {
   keep 0 wan create --name Voice --service VOIP --vlan 400
   has '"path"'
   keep 0 wan create --name Other --service OTHER --vlan 420

@@ -37,7 +37,7 @@ route=InternetGatewayDevice.Layer3Forwarding.Forwarding
 
 @test "host bits are refused, and the network is named" {
   expect 2 route add 198.51.100.7/24 --gateway 192.0.2.1
-  has "its network is 198.51.100.0/24" "$stderr"
+  has "give its network, 198.51.100.0/24" "$stderr"
   expect 0 route list
   has "no static routes"
 }
@@ -87,7 +87,7 @@ route=InternetGatewayDevice.Layer3Forwarding.Forwarding
 
 @test "removing what is not there" {
   expect 3 route remove 198.51.100.0/24
-  has "there is none at all" "$stderr"
+  has "there are no static routes" "$stderr"
   expect 0 route add 198.51.100.0/24 --gateway 192.0.2.1
   expect 3 route remove 198.51.100.0/25
   has "198.51.100.0 255.255.255.0" "$stderr"
@@ -100,7 +100,7 @@ route=InternetGatewayDevice.Layer3Forwarding.Forwarding
   expect 0 route add 198.51.100.0/24 --gateway 192.0.2.1
   expect 0 route add 203.0.113.0/24 --gateway 192.0.2.1
   expect 8 route clear
-  has "all static routes, 2 of them" "$stderr"
+  has "all 2 static routes" "$stderr"
   expect 0 route clear --dry-run
   expect 0 route list
   [ "${#lines[@]}" -eq 3 ]
@@ -109,7 +109,7 @@ route=InternetGatewayDevice.Layer3Forwarding.Forwarding
   has "no static routes"
 }
 
-@test "a route on trial can be shown first, or taken back" {
+@test "a route on trial can be shown first, or reverted" {
   expect 0 route add 198.51.100.0/24 --gateway 192.0.2.1 --dry-run
   has "198.51.100.0"
   expect 0 route list

@@ -78,13 +78,13 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   write_dump
   igdctl store import "$BATS_TEST_TMPDIR/dump.csv"
   expect 0 store export "$BATS_TEST_TMPDIR/out.csv"
-  has "holds passwords in clear"
+  has "contains passwords in clear text"
   [ "$(stat -c %a "$BATS_TEST_TMPDIR/out.csv")" = 600 ]
   export IGD_STORE=$BATS_TEST_TMPDIR/other.db
   igdctl --quiet store import "$BATS_TEST_TMPDIR/out.csv"
   expect 0 store export
   [ "$output" = "$(cat "$BATS_TEST_TMPDIR/out.csv")" ]
-  has "passwords in clear" "$stderr"
+  has "passwords in clear text" "$stderr"
 }
 
 @test "an export for programs is JSON, by its option or its name" {
@@ -141,12 +141,12 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   has 'no checkpoint "after"' "$stderr"
   set_name lan
   expect 2 store checkpoint delete @1
-  has "goes by itself" "$stderr"
+  has "deleted after 20 newer changes" "$stderr"
 }
 
 @test "history lists the changes; the state before each can be restored" {
   expect 0 store history
-  has "There were no changes yet"
+  has "There have been no changes yet"
   set_name lan
   set_name wan
   igdctl store checkpoint named
@@ -188,12 +188,12 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   has open-sesame
 }
 
-@test "a change that waits is shown, and confirmed or taken back" {
+@test "a change that waits is shown, and confirmed or reverted" {
   set_name lan
   igdctl store checkpoint before
   igdctl tree set $name wan --confirm 60
   expect 0 store history
-  has "is taken back in"
+  has "will be reverted in"
   expect 0 --json store history
   has '"milliseconds_left"'
   expect 6 store restore before
@@ -243,7 +243,7 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   cp "$IGD_STORE" "$BATS_TEST_TMPDIR/good.db"
   patch_store 60 '\0\0\0\0143' # SQLite's user version
   expect 5 store history
-  has "use the version that made it" "$stderr"
+  has "use the version of igdctl that wrote it" "$stderr"
   cp "$BATS_TEST_TMPDIR/good.db" "$IGD_STORE"
   patch_store 68 '\0\0\0\01' # SQLite's application id
   cp "$IGD_STORE" "$BATS_TEST_TMPDIR/foreign.db"

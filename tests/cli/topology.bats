@@ -10,7 +10,7 @@ load household
   [ "${lines[2]}" = "│  ├─ own bridge br_1_1: LAN0" ]
   [ "${lines[3]}" = "│  └─ LAN bridge: LAN1 (VLAN 4060), LAN2 (VLAN 4060)" ]
   has "├─ LAN1 ── Internet"
-  has "└─ LAN4, WLAN1, WLAN2, WLAN3, WLAN4 ── bound to none"
+  has "└─ LAN4, WLAN1, WLAN2, WLAN3, WLAN4 ── not bound"
 }
 
 @test "in ASCII where the locale has no box characters" {

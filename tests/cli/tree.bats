@@ -54,15 +54,15 @@ expect_no_change() {
 
 @test "set is one change: all of it, or nothing" {
   expect_no_change 2 tree set $bridge.BridgeName=lan $bridge.VLANID=many
-  has "VLANID\" cannot be \"many\", it is of the type unsignedInt" "$stderr"
-  has "give a number from 0 to 4294967295" "$stderr"
+  has "VLANID\" cannot be \"many\"" "$stderr"
+  has "give a VLAN from 1 to 4094, or 0 for untagged" "$stderr"
 }
 
 @test "all faults of a set are listed at once" {
   expect_no_change 2 tree set $bridge.BridgeEnable=yes $bridge.VLANID=-1 $bridge.VLANID=1 \
     Nothing=1 Layer2Bridging.BridgeNumberOfEntries=9 DeviceInfo.Manufacturer=me
   has "give true or false" "$stderr"
-  has "is set twice" "$stderr"
+  has "is given two values" "$stderr"
   has "there is no parameter \"$root.Nothing\"" "$stderr"
   has "is a count of instances" "$stderr"
   has "DeviceInfo.Manufacturer\" is read-only" "$stderr"
@@ -77,7 +77,7 @@ expect_no_change() {
   expect_no_change 4 tree set DeviceInfo.Manufacturer Somebody
   has "--force" "$stderr"
   expect 0 tree set DeviceInfo.Manufacturer Somebody --force
-  has "goes over this" "$stderr"
+  has "overrides this" "$stderr"
   expect 0 tree get DeviceInfo.Manufacturer
   [ "$output" = Somebody ]
 }
@@ -104,7 +104,7 @@ expect_no_change() {
   expect 2 tree set
   has "nothing to set" "$stderr"
   expect 2 tree set $bridge.VLANID
-  has "is no NAME=VALUE" "$stderr"
+  has "is not NAME=VALUE" "$stderr"
   expect 2 tree set =1
 }
 
@@ -162,7 +162,7 @@ expect_no_change() {
 @test "a bad line of a file is named by its number" {
   printf '# fine\n%s=x\nnonsense\n' $bridge.BridgeName >"$BATS_TEST_TMPDIR/settings"
   expect_no_change 2 tree set --from "$BATS_TEST_TMPDIR/settings"
-  has "settings:3: this is no NAME=VALUE" "$stderr"
+  has "settings:3: the line is not NAME=VALUE" "$stderr"
 }
 
 @test "dump takes the beginning of names" {
@@ -219,7 +219,7 @@ expect_no_change() {
   done
   has "give a whole number of seconds from 1 to 86400" "$stderr"
   expect 0 tree set $bridge.BridgeName lan --confirm 0600  # ten minutes, not octal
-  has "taken back in 600"
+  has "reverted in 600"
 }
 
 @test "a change waits for its confirmation, and stops the next one" {
@@ -249,6 +249,20 @@ EOF
   expect_no_change 8 store import "$BATS_TEST_TMPDIR/managed.csv"
   expect 0 tree set DeviceInfo.ProvisioningCode free
   expect 0 store restore managed --confirm 60
+}
+
+@test "no parameter takes a VLAN beyond 4094, whatever its type" {
+  expect 0 tree set $bridge.VLANID=4094
+  for vlan in 4095 65535 4294967295; do
+    expect_no_change 2 tree set $bridge.VLANID=$vlan
+    has "VLANID\" cannot be \"$vlan\"" "$stderr"
+    has "give a VLAN from 1 to 4094, or 0 for untagged" "$stderr"
+    expect_no_change 2 tree set $bridge.Port.1.PVID=$vlan --force
+  done
+  run --separate-stderr igdctl_gateway tree set $bridge.VLANID 4095
+  [ "$status" -eq 2 ]
+  expect 0 tree get $bridge.VLANID
+  [ "$output" = 4094 ]
 }
 
 @test "a gateway has get and set alone; set commits at once" {

@@ -24,7 +24,7 @@ load helper
   expect 2 wan lst
   [ -z "$output" ]
   has 'igdctl wan has no command "lst"' "$stderr"
-  has "did you mean list?" "$stderr"
+  has "did you mean \"list\"?" "$stderr"
   [ ! -e "$IGD_STORE" ]
 }
 

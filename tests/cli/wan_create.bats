@@ -107,7 +107,7 @@ load helper
   expect 0 wan create --name Second --vlan 100 --force --json
   has '"overridden": ['
   has "VLAN 100"
-  has "goes over this" "$stderr"
+  has "overrides this" "$stderr"
 }
 
 @test "only one connection is untagged" {

@@ -23,7 +23,7 @@ ensure() { expect "$1" wan ensure --from "$BATS_TEST_TMPDIR/wan.json" "${@:2}"; 
   local before
   before=$(kept_in_store)
   ensure 0
-  [ "$output" = "No change: all is as asked for" ]
+  [ "$output" = "No change: everything is already as requested" ]
   [ "$before" = "$(kept_in_store)" ]
   ensure 0 --mtu 1400  # what is held here does change with a commit
   [ "$before" != "$(kept_in_store)" ]
@@ -66,7 +66,7 @@ ensure() { expect "$1" wan ensure --from "$BATS_TEST_TMPDIR/wan.json" "${@:2}"; 
   make_three_connections
   igdctl wan list --json --show-secrets >"$BATS_TEST_TMPDIR/wan.json"
   expect_unchanged 0 wan ensure --from "$BATS_TEST_TMPDIR/wan.json"
-  [ "$output" = "No change: all is as asked for" ]
+  [ "$output" = "No change: everything is already as requested" ]
   # On another gateway it makes the same ones.
   IGD_STORE=$BATS_TEST_TMPDIR/other.db
   ensure 0

@@ -17,7 +17,7 @@ load helper
   expect_unchanged 4 wan remove Internet
   has "the last one with the service INTERNET" "$stderr"
   expect 0 wan remove Internet --force
-  has "goes over this" "$stderr"
+  has "overrides this" "$stderr"
 }
 
 @test "the management connection goes with --yes only" {

@@ -48,7 +48,7 @@ load household
   make_three_connections
   for connection in Internet Management Television; do
     expect_unchanged 0 wan set "$connection"
-    [ "$output" = "No change: all is as asked for" ]
+    [ "$output" = "No change: everything is already as requested" ]
     expect 0 wan set "$connection" --dry-run
     has "none"
   done
@@ -113,7 +113,7 @@ load household
 @test "a change that waits for its confirmation stands in the way of the next" {
   make_three_connections
   expect 0 wan set Management --vlan 210 --confirm 600
-  has "taken back in 600 seconds"
+  has "reverted in 600 seconds"
   expect_unchanged 6 wan set Internet --mtu 1400
   has "still waits for its confirmation" "$stderr"
   expect_unchanged 6 wan set Internet --mtu 1400 --dry-run
@@ -169,7 +169,7 @@ load household
   expect_unchanged 4 wan set Internet --vlan 300
   expect_unchanged 4 wan set Internet --bind-wan LAN4
   expect 0 wan set Internet --vlan 300 --force
-  has "goes over this" "$stderr"
+  has "overrides this" "$stderr"
   # The VLAN is shared now; a change of something else is not held up by that.
   expect 0 wan set Internet --mtu 1400
   has "as before" "$stderr"
@@ -180,7 +180,7 @@ load household
   for connection in Internet Management Television; do
     igdctl wan show "$connection" --json >"$BATS_TEST_TMPDIR/shown.json"
     expect_unchanged 0 wan set "$connection" --from "$BATS_TEST_TMPDIR/shown.json"
-    [ "$output" = "No change: all is as asked for" ]
+    [ "$output" = "No change: everything is already as requested" ]
     igdctl wan show "$connection" --json --show-secrets >"$BATS_TEST_TMPDIR/shown.json"
     expect_unchanged 0 wan set "$connection" --from "$BATS_TEST_TMPDIR/shown.json"
   done

@@ -39,13 +39,13 @@ TEST(Assignments, CommentsAndEmptyLinesSayNothing) {
   EXPECT_EQ(read[1].value, "");
 }
 
-TEST(Assignments, FaultsNameTheirLines) {
+TEST(Assignments, ProblemsNameTheirLines) {
   std::vector<Problem> problems;
   const auto read = read_assignments("nothing\nA=\\q\n=1\nA=\\x4\nA=\\", "f", problems);
   EXPECT_TRUE(read.empty());
   ASSERT_EQ(problems.size(), 5U);
-  EXPECT_EQ(problems[0].message, "f:1: this is no NAME=VALUE");
-  EXPECT_EQ(problems[1].message, "f:2: a backslash in the value begins no escape");
+  EXPECT_EQ(problems[0].message, "f:1: the line is not NAME=VALUE");
+  EXPECT_EQ(problems[1].message, "f:2: the value has a backslash that starts no escape");
   EXPECT_EQ(problems[4].message.substr(0, 4), "f:5:");
 }
 

@@ -24,7 +24,7 @@ TEST_F(Doctor, FindsABridgeThatNamesNoConnection) {
   const Finding finding = only();
   EXPECT_EQ(finding.code, "orphan-bridge");
   EXPECT_EQ(finding.where, path);
-  EXPECT_NE(finding.what.find("names no connection"), std::string::npos);
+  EXPECT_NE(finding.message.find("names no connection"), std::string::npos);
   EXPECT_EQ(finding.fixes, Words{"bridge remove br_7_7"});
 }
 
@@ -32,7 +32,7 @@ TEST_F(Doctor, FindsABridgeThatNamesAConnectionWhichIsNotThere) {
   add_bridge("br_7_7", wan_path(7, 7), "70", "802.1Q");
   const Finding finding = only();
   EXPECT_EQ(finding.code, "orphan-bridge");
-  EXPECT_NE(finding.what.find(wan_path(7, 7)), std::string::npos);
+  EXPECT_NE(finding.message.find(wan_path(7, 7)), std::string::npos);
 }
 
 TEST_F(Doctor, NamesABridgeByItsPathWhenItsNameIsNoPlainWord) {
@@ -70,7 +70,7 @@ TEST_F(Doctor, FindsAPortInTwoBridges) {
   add_port(bridge_named("br_1_1"), "LAN3", "", "100");
   const Finding finding = only();
   EXPECT_EQ(finding.code, "port-in-two-bridges");
-  EXPECT_NE(finding.what.find("LAN3"), std::string::npos);
+  EXPECT_NE(finding.message.find("LAN3"), std::string::npos);
   EXPECT_EQ(finding.fixes, Words{"bridge move LAN3 br_1_1"});
 }
 

@@ -38,7 +38,7 @@ class Doctor : public support::GatewayTest {
     const std::vector<Finding> findings = found();
     EXPECT_EQ(findings.size(), 1U);
     for (const Finding& finding : findings) {
-      if (findings.size() > 1) ADD_FAILURE() << finding.code << ": " << finding.what;
+      if (findings.size() > 1) ADD_FAILURE() << finding.code << ": " << finding.message;
     }
     return findings.empty() ? Finding() : findings.front();
   }

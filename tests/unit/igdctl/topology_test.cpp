@@ -3,6 +3,7 @@
 
 #include <cctype>
 
+#include "igd_vocabulary.h"
 #include "term/text.h"
 #include "topology/topology_graph.h"
 #include "topology/topology_model.h"
@@ -46,7 +47,7 @@ Bridge bridge(const std::string& name, const std::vector<std::string>& nodes) {
 
 // Internet over one uplink, Mobile without a bridge over another; LAN1 bound to Internet.
 Topology sample() {
-  Bridge lan = bridge(kLanBridge, {"LAN1", "LAN2", "LAN4"});
+  Bridge lan = bridge(igd::kLanBridgeName, {"LAN1", "LAN2", "LAN4"});
   lan.ports[0].depend_wan = kFirst;
   lan.ports[0].pvid = "4060";
   lan.ports[1].depend_wan = kMissing;
@@ -86,11 +87,10 @@ TEST(Topology, AsTextWithBoxCharacters) {
             "\n"
             "LAN bridge \"internet\"\n"
             "├─ LAN1 ── Internet\n"
-            "├─ LAN2 ── InternetGatewayDevice.WANDevice.9.WANConnectionDevice.9., "
-            "which is not there\n"
-            "└─ LAN4 ── bound to none\n"
+            "├─ LAN2 ── InternetGatewayDevice.WANDevice.9.WANConnectionDevice.9. (missing)\n"
+            "└─ LAN4 ── not bound\n"
             "\n"
-            "bridges that are no connection's own (see igdctl doctor)\n"
+            "bridges without a connection (see igdctl doctor)\n"
             "└─ br_9_9  [VLAN 100]: LAN4\n");
 }
 
@@ -127,7 +127,7 @@ Topology hostile() {
   DescribedConnection one = connection(kHostile, kFirst, kHostile);
   one.connection.service = kHostile;
   one.connection.access = kHostile;
-  return join({one}, {bridge(kHostile, {kHostile}), bridge(kLanBridge, {"LAN1"})});
+  return join({one}, {bridge(kHostile, {kHostile}), bridge(igd::kLanBridgeName, {"LAN1"})});
 }
 
 bool has_control(const std::string& text) {

@@ -66,7 +66,7 @@ class Keeper {
       return key == kNewMode ? draft.changes("mode") : draft.names(key.c_str());
     };
     std::set<std::string> ports;
-    for (const std::string& name : instances_below(kBridgeTable, kPortInterface)) {
+    for (const std::string& name : instances_below(igd::kBridgeTable, kPortInterface)) {
       ports.insert(parent_of(name));
     }
     for (const Kept& kept : kept_) {

@@ -12,14 +12,13 @@
 #include "cli/session.h"
 #include "gateway/secrets.h"
 #include "igd_api.h"
+#include "igd_vocabulary.h"
 #include "term/failure.h"
 #include "term/text.h"
 
 namespace igdctl {
 
 namespace {
-
-constexpr std::size_t kLongest = 255;
 
 // How a password comes in: from a file, or from a prompt.
 struct PasswordOptions {
@@ -39,11 +38,11 @@ struct TextSetting {
 };
 
 constexpr TextSetting kTexts[] = {
-    {"--url", "Where the management server is; '' for none", &api_mng_server_info::url, true},
-    {"--username", "The gateway's name there", &api_mng_server_info::username, false},
-    {"--request-url", "Where the server reaches the gateway",
+    {"--url", "URL of the management server; '' for none", &api_mng_server_info::url, true},
+    {"--username", "User name of the gateway at the server", &api_mng_server_info::username, false},
+    {"--request-url", "URL at which the server reaches the gateway",
      &api_mng_server_info::connection_request_url, true},
-    {"--request-username", "The server's name here",
+    {"--request-username", "User name of the server at the gateway",
      &api_mng_server_info::connection_request_username, false},
 };
 constexpr std::size_t kTextCount = sizeof kTexts / sizeof kTexts[0];
@@ -107,18 +106,18 @@ bool is_url(const std::string& text) {
 void check_text(const TextSetting& setting, const std::string& text,
                 std::vector<Problem>* problems) {
   const std::string what = std::string(setting.option) + " is " + in_quotes(text);
-  if (text.size() > kLongest || printable(text) != text) {
-    problems->push_back({what, "write at most 255 bytes, and none that cannot be printed"});
+  if (text.size() > igd::kLongestText || printable(text) != text) {
+    problems->push_back({what, "give at most 255 bytes of printable text"});
   } else if (setting.is_url && !text.empty() && !is_url(text)) {
-    problems->push_back(
-        {what, "write an address like https://acs.example.net/cpe, or '' for none"});
+    problems->push_back({what, "give a URL such as https://acs.example.net/cpe, or '' for none"});
   }
 }
 
 void check_passwords(const SetOptions& options, std::vector<Problem>* problems) {
   for (const PasswordOptions* const one : {&options.password, &options.request_password}) {
     if (one->prompt && one->file_option->count() > 0) {
-      problems->push_back({"a password has a file and a prompt", "leave out one of them"});
+      problems->push_back(
+          {"a password would come from both a file and a prompt", "leave out one of them"});
     }
   }
   if (options.password.file == "-" && options.request_password.file == "-") {
@@ -136,7 +135,7 @@ void check(const SetOptions& options) {
     check_text(kTexts[i], options.texts[i], &problems);
   }
   check_passwords(options, &problems);
-  if (!any) problems.push_back({"no setting is named", "see igdctl acs set --help"});
+  if (!any) problems.push_back({"no setting is given", "igdctl acs set --help lists the options"});
   fail_on(problems);
 }
 
@@ -174,28 +173,31 @@ void set(Session& session, const SetOptions& options) {
 
 void add_password_options(CLI::App& command, const std::string& prefix, const std::string& whose,
                           PasswordOptions& options) {
-  options.file_option = command
-                            .add_option("--" + prefix + "password-file", options.file,
-                                        whose + " password, from a file or - for standard input")
-                            ->type_name("FILE");
-  command.add_flag("--" + prefix + "password-prompt", options.prompt, "Ask for it on the terminal");
+  options.file_option =
+      command
+          .add_option("--" + prefix + "password-file", options.file,
+                      "Read " + whose + " password from a file, - for standard input")
+          ->type_name("FILE");
+  command.add_flag("--" + prefix + "password-prompt", options.prompt,
+                   "Ask for it on the terminal, without echo");
 }
 
 void add_acs_show(CLI::App& group, Session& session) {
-  CLI::App& command = add_command(group, "show", "The six settings", "acs show");
+  CLI::App& command = add_command(group, "show", "Show the six settings", "acs show");
   command.callback([&session] { session.on_run([&session] { show(session); }); });
 }
 
 void add_acs_set(CLI::App& group, Session& session) {
-  CLI::App& command = add_command(group, "set", "Change the settings that are named, and no other",
-                                  "acs set --url https://acs.example.net/cpe --password-prompt");
+  CLI::App& command =
+      add_command(group, "set", "Change the given settings and leave the others alone",
+                  "acs set --url https://acs.example.net/cpe --password-prompt");
   const auto options = std::make_shared<SetOptions>();
   for (std::size_t i = 0; i < kTextCount; ++i) {
     options->named[i] =
         command.add_option(kTexts[i].option, options->texts[i], kTexts[i].help)->type_name("TEXT");
   }
-  add_password_options(command, "", "The gateway's", options->password);
-  add_password_options(command, "request-", "The server's", options->request_password);
+  add_password_options(command, "", "the gateway's", options->password);
+  add_password_options(command, "request-", "the server's", options->request_password);
   add_change_options(command, session, options->change);
   command.callback(
       [&session, options] { session.on_run([&session, options] { set(session, *options); }); });
@@ -204,7 +206,7 @@ void add_acs_set(CLI::App& group, Session& session) {
 }  // namespace
 
 void add_acs_commands(CLI::App& root, Session& session) {
-  CLI::App& group = add_group(root, "acs", "The management server: see, change its settings");
+  CLI::App& group = add_group(root, "acs", "Show and change the settings of the management server");
   add_acs_show(group, session);
   add_acs_set(group, session);
 }

@@ -9,7 +9,9 @@
 #include "cli/command_line.h"
 #include "cli/session.h"
 #include "gateway/bridge_names.h"
+#include "gateway/management.h"
 #include "igd_api.h"
+#include "igd_vocabulary.h"
 #include "term/failure.h"
 #include "term/text.h"
 #include "wan/wan_description.h"
@@ -33,10 +35,6 @@ struct MoveOptions {
   std::string bridge;
   ChangeOptions change;
 };
-
-std::string management_of(const Connection& connection) {
-  return "connection " + in_quotes(title_of(connection)) + " carries the management service";
-}
 
 // Another bridge that names the connection, under a name that is not its own.
 const Bridge* misnamed_bridge(const std::vector<Bridge>& bridges, const Connection& connection) {
@@ -67,32 +65,34 @@ void create(Session& session, const CreateOptions& options) {
     if (misnamed != nullptr) {
       throw Failure(ExitCode::kRefused,
                     "the bridge " + in_quotes(title_of(*misnamed)) +
-                        " names this connection, only under another name",
-                    "rename it: " + renaming_of(*misnamed, connection));
+                        " belongs to this connection, but has the wrong name",
+                    "rename it with " + renaming_of(*misnamed, connection));
     }
-    if (carries_management(connection.service)) change.needs_consent(management_of(connection));
+    if (carries_management(connection.service))
+      change.needs_consent(management_reason(title_of(connection)));
     path = make_own_bridge(tree, connection);
   });
-  change.report(outcome, "Made the bridge " + in_quotes(connection.bridge_name), path);
+  change.report(outcome, "Created the bridge " + in_quotes(connection.bridge_name), path);
 }
 
 void refuse_bridges_in_use(Change& change, const Bridge& bridge,
                            const std::vector<Connection>& connections) {
-  if (bridge.name == kLanBridge) {
-    throw Failure(ExitCode::kRefused, "the LAN bridge joins the household's ports",
-                  "it stays; move ports out of it with igdctl bridge move");
+  if (bridge.name == igd::kLanBridgeName) {
+    throw Failure(ExitCode::kRefused, "the LAN bridge cannot be removed",
+                  "move ports out of it with igdctl bridge move");
   }
   for (const Connection& connection : connections) {
     if (connection.path != bridge.wan_path) continue;
     if (connection.bridge_path == bridge.path) {
       throw Failure(ExitCode::kRefused,
-                    "it is the own bridge of connection " + in_quotes(title_of(connection)),
+                    in_quotes(title_of(bridge)) + " is the bridge of connection " +
+                        in_quotes(title_of(connection)),
                     "remove both with igdctl wan remove " + connection.id);
     }
     if (connection.has_bridge()) continue;
     change.override_or_fail(
-        "connection " + in_quotes(title_of(connection)) + " has no other bridge than this",
-        "give it its name: " + renaming_of(bridge, connection));
+        "connection " + in_quotes(title_of(connection)) + " has no other bridge",
+        "rename this one with " + renaming_of(bridge, connection));
   }
 }
 
@@ -111,20 +111,18 @@ void remove(Session& session, const RemoveOptions& options) {
 }
 
 void check_port(const std::vector<Bridge>& bridges, const std::string& node) {
-  if (is_uplink_node(node) || node == "LAN_DEFAULT1") {
+  if (is_shared_node(node)) {
     throw Failure(ExitCode::kBadInput,
-                  in_quotes(node) + " is how connections enter their bridges, and in several",
-                  "name a port of the household: " + joined(assignable_nodes(bridges), ", "));
+                  in_quotes(node) + " is shared by several bridges and cannot be moved",
+                  "give a LAN or WLAN port: " + joined(assignable_nodes(bridges), ", "));
   }
   const std::vector<std::string> nodes = assignable_nodes(bridges);
   if (std::find(nodes.begin(), nodes.end(), node) != nodes.end()) return;
-  const std::vector<std::string> near = near_names(node, nodes);
   throw Failure(ExitCode::kNotFound, "there is no port " + in_quotes(node),
-                near.empty() ? "there are " + joined(nodes, ", ")
-                             : "did you mean " + joined(near, " or ") + "?");
+                did_you_mean(node, nodes, "the ports are " + joined(nodes, ", ")));
 }
 
-// The connections that the port was with, or comes to.
+// The connections that lose the port or get it.
 std::vector<Connection> affected_by(const std::vector<Connection>& connections,
                                     const std::vector<Bridge>& bridges, const std::string& node,
                                     const Bridge& target) {
@@ -157,7 +155,8 @@ void move(Session& session, const MoveOptions& options) {
     const std::vector<Connection> affected =
         affected_by(list_connections(tree), bridges, options.port, target);
     for (const Connection& connection : affected) {
-      if (carries_management(connection.service)) change.needs_consent(management_of(connection));
+      if (carries_management(connection.service))
+        change.needs_consent(management_reason(title_of(connection)));
     }
     move_port(tree, options.port, target, bridges);
     // Each connection notes its ports a second time.
@@ -172,7 +171,7 @@ void move(Session& session, const MoveOptions& options) {
 }  // namespace
 
 void add_bridge_create(CLI::App& group, Session& session) {
-  CLI::App& command = add_command(group, "create", "Make the bridge that a connection lacks",
+  CLI::App& command = add_command(group, "create", "Create the bridge that a connection lacks",
                                   "bridge create Internet");
   const auto options = std::make_shared<CreateOptions>();
   add_connection_argument(command, options->connection);
@@ -182,7 +181,7 @@ void add_bridge_create(CLI::App& group, Session& session) {
 }
 
 void add_bridge_remove(CLI::App& group, Session& session) {
-  CLI::App& command = add_command(group, "remove", "Remove a bridge that is no connection's own",
+  CLI::App& command = add_command(group, "remove", "Remove a bridge that no connection owns",
                                   "bridge remove br_1_9");
   const auto options = std::make_shared<RemoveOptions>();
   add_bridge_argument(command, options->bridge);
@@ -193,10 +192,10 @@ void add_bridge_remove(CLI::App& group, Session& session) {
 }
 
 void add_bridge_move(CLI::App& group, Session& session) {
-  CLI::App& command = add_command(group, "move", "Make a port a member of one bridge and no other",
+  CLI::App& command = add_command(group, "move", "Move a port to one bridge, out of all others",
                                   "bridge move LAN1 internet");
   const auto options = std::make_shared<MoveOptions>();
-  command.add_option("PORT", options->port, "A port of the household, such as LAN1")->required();
+  command.add_option("PORT", options->port, "A LAN or WLAN port, such as LAN1")->required();
   add_bridge_argument(command, options->bridge);
   add_change_options(command, session, options->change);
   command.callback(

@@ -5,14 +5,20 @@
 #include "cli/command_line.h"
 #include "cli/session.h"
 #include "igd_api.h"
+#include "igd_vocabulary.h"
 #include "term/failure.h"
 
 namespace igdctl {
 
 namespace {
 
-// What the search gives when it found nothing free: it may be in use all the same.
+// The result of the search when nothing is free; this VLAN may itself be taken.
 constexpr int kNoneFree = 3999;
+
+std::string searched_range() {
+  return "from " + std::to_string(igd::kFirstSearchedVlan) + " to " +
+         std::to_string(igd::kFirstPrivateVlan - 1);
+}
 
 void show_free_vlan(Session& session) {
   MibAccess& tree = session.tree();
@@ -21,8 +27,8 @@ void show_free_vlan(Session& session) {
   (void)igd_tool_loop_instance("", kBridgeVlanId, names);
   for (const std::string& name : names) {
     if (vlan == kNoneFree && tree.getValue(name) == std::to_string(vlan)) {
-      throw Failure(ExitCode::kNotFound, "no VLAN from 1000 to 4059 is free",
-                    "see igdctl bridge list for who holds them");
+      throw Failure(ExitCode::kNotFound, "no VLAN " + searched_range() + " is free",
+                    "igdctl bridge list shows which bridges have them");
     }
   }
   Output& output = session.output();
@@ -36,7 +42,7 @@ void show_free_vlan(Session& session) {
 }  // namespace
 
 void add_bridge_commands(CLI::App& root, Session& session) {
-  CLI::App& group = add_group(root, "bridge", "Bridges that join ports: see, mend");
+  CLI::App& group = add_group(root, "bridge", "Show and repair bridges");
   add_bridge_list(group, session);
   add_bridge_show(group, session);
   add_bridge_of(group, session);
@@ -46,9 +52,10 @@ void add_bridge_commands(CLI::App& root, Session& session) {
 }
 
 void add_vlan_commands(CLI::App& root, Session& session) {
-  CLI::App& group = add_group(root, "vlan", "VLANs: find a free one");
+  CLI::App& group = add_group(root, "vlan", "Find a free VLAN");
   CLI::App& command =
-      add_command(group, "free", "The lowest VLAN from 1000 that no bridge has", "vlan free");
+      add_command(group, "free", "Show the lowest VLAN " + searched_range() + " that no bridge has",
+                  "vlan free");
   command.callback([&session] { session.on_run([&session] { show_free_vlan(session); }); });
 }
 

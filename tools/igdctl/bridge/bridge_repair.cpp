@@ -5,28 +5,19 @@
 #include "gateway/bridge_names.h"
 #include "gateway/tree_reader.h"
 #include "gateway/tree_writer.h"
+#include "igd_vocabulary.h"
 #include "term/text.h"
 
 namespace igdctl {
 
 namespace {
 
-constexpr char kTrue[] = "true";
-constexpr char kFalse[] = "false";
-
-struct Uplink {
-  const char* access;
-  const char* node;
-};
-
-constexpr Uplink kUplinks[] = {{"Ethernet", "LAN0"}, {"3G", "3G0"}, {"Repeator", "WIFIW0"}};
-
 void write_vlan(MibAccess& tree, const std::string& bridge_path, const std::string& wan_path) {
-  constexpr long kHighest = 4094;
   long vlan = 0;
   const std::string mark = value_in(tree, wan_path, "WANEthernetLinkConfig.X_CT-COM_VLANIDMark");
-  const bool tagged = parse_number(mark, 1, kHighest, &vlan);
-  write_value(tree, bridge_path, "BridgeStandard", tagged ? "802.1Q" : "802.1D");
+  const bool tagged = parse_number(mark, igd::kLowestVlan, igd::kHighestVlan, &vlan);
+  write_value(tree, bridge_path, "BridgeStandard",
+              tagged ? igd::kTaggedStandard : igd::kUntaggedStandard);
   write_value(tree, bridge_path, "VLANID", std::to_string(vlan));
   if (tagged) write_value(tree, bridge_path, "X_ZYN_VLANPriority", "0");
 }
@@ -34,17 +25,18 @@ void write_vlan(MibAccess& tree, const std::string& bridge_path, const std::stri
 // The LAN bridge gives a VLAN only to bound ports; another bridge gives its own to all.
 void add_port(MibAccess& tree, const std::string& bridge_path, const std::string& node,
               const std::string& option60) {
-  const bool in_lan = value_in(tree, bridge_path, "BridgeName") == kLanBridge;
+  const bool in_lan = value_in(tree, bridge_path, "BridgeName") == igd::kLanBridgeName;
   const std::string vlan = in_lan ? std::string() : value_in(tree, bridge_path, "VLANID");
   const std::string port_path = add_instance(tree, bridge_path + "Port.");
   write_value(tree, port_path, "PVID", vlan);
   write_value(tree, port_path, "PortInterface", node);
-  if (!in_lan && !is_uplink_node(node)) write_value(tree, port_path, "PortOption60", option60);
-  write_value(tree, port_path, "PortEnable", kTrue);
+  if (!in_lan && !igd::is_wan_side_port(node))
+    write_value(tree, port_path, "PortOption60", option60);
+  write_value(tree, port_path, "PortEnable", igd::kTrue);
 }
 
 void delete_port(MibAccess& tree, const Port& port) {
-  write_value(tree, port.path, "PortEnable", kFalse);
+  write_value(tree, port.path, "PortEnable", igd::kFalse);
   delete_instance(tree, port.path);
 }
 
@@ -66,14 +58,13 @@ std::vector<Port> ports_with_node(const std::vector<Bridge>& bridges, const std:
 }
 
 std::string make_own_bridge(MibAccess& tree, const Connection& connection) {
-  std::string bridge_path = add_instance(tree, kBridgeTable);
+  std::string bridge_path = add_instance(tree, igd::kBridgeTable);
   write_value(tree, bridge_path, "BridgeName", connection.bridge_name);
   write_vlan(tree, bridge_path, connection.path);
   write_value(tree, bridge_path, "X_ZYN_WANName", connection.path);
-  write_value(tree, bridge_path, "BridgeEnable", kTrue);
-  for (const Uplink& uplink : kUplinks) {
-    if (connection.access == uplink.access) add_port(tree, bridge_path, uplink.node, {});
-  }
+  write_value(tree, bridge_path, "BridgeEnable", igd::kTrue);
+  const std::string uplink(igd::uplink_port_of(connection.access));
+  if (!uplink.empty()) add_port(tree, bridge_path, uplink, {});
   return bridge_path;
 }
 
@@ -84,11 +75,11 @@ void take_bridge_away(MibAccess& tree, const Bridge& bridge, const std::vector<B
     const bool elsewhere = !is_only_in(ports_with_node(bridges, port.node), bridge);
     const bool known = std::find(released.begin(), released.end(), port.node) != released.end();
     const bool unassigned =
-        !port.node.empty() && !is_uplink_node(port.node) && !elsewhere && !known;
+        !port.node.empty() && !igd::is_wan_side_port(port.node) && !elsewhere && !known;
     if (unassigned) released.push_back(port.node);
     delete_port(tree, port);
   }
-  write_value(tree, bridge.path, "BridgeEnable", kFalse);
+  write_value(tree, bridge.path, "BridgeEnable", igd::kFalse);
   delete_instance(tree, bridge.path);
   if (lan == nullptr) return;
   for (const std::string& node : released) add_port(tree, lan->path, node, {});

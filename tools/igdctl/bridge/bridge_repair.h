@@ -1,7 +1,7 @@
-/// Mends bridges: makes a missing one, takes away one that belongs to nobody, moves a port.
+/// Repairs bridges: creates a missing one, removes one that belongs to nobody, moves a port.
 ///
-/// The library makes and removes a bridge together with its connection only. When the two have
-/// come apart, these put the same objects right with single writes. Called inside a Change.
+/// The library creates and removes a bridge only together with its connection. When the two no
+/// longer match, these repair the same objects with single writes. Called inside a Change.
 #ifndef IGDCTL_BRIDGE_REPAIR_H
 #define IGDCTL_BRIDGE_REPAIR_H
 
@@ -13,7 +13,7 @@
 
 namespace igdctl {
 
-/// Makes the own bridge of a connection that has none: with the VLAN that the connection's link
+/// Creates the own bridge of a connection that has none: with the VLAN that the connection's link
 /// has, and the port of its uplink. Returns its path.
 std::string make_own_bridge(MibAccess& tree, const Connection& connection);
 

@@ -12,14 +12,13 @@
 #include "gateway/tree_reader.h"
 #include "igd_api.h"
 #include "igd_c_api.h"
+#include "igd_vocabulary.h"
 #include "term/failure.h"
 #include "term/text.h"
 
 namespace igdctl {
 
 namespace {
-
-Json text_or_null(const std::string& text) { return text.empty() ? Json(nullptr) : Json(text); }
 
 Json json_of(const Port& port, const std::vector<Connection>& connections) {
   return {{"port", port.node},
@@ -36,7 +35,7 @@ Json json_of(const Bridge& bridge, const std::vector<Connection>& connections) {
   const Connection* const owner = owner_of(bridge, connections);
   return {{"name", bridge.name},
           {"path", bridge.path},
-          {"lan", bridge.name == kLanBridge},
+          {"lan", bridge.name == igd::kLanBridgeName},
           {"connection", owner == nullptr ? Json(nullptr) : Json(title_of(*owner))},
           {"connection_path", text_or_null(bridge.wan_path)},
           {"standard", bridge.standard},
@@ -46,20 +45,12 @@ Json json_of(const Bridge& bridge, const std::vector<Connection>& connections) {
           {"ports", ports}};
 }
 
-// Whose it is, in words: also a link to a connection that has another bridge, or that is not there.
+// Its owner; also a connection that it names but that has another bridge, or is missing.
 Cell owner_cell(const Bridge& bridge, const std::vector<Connection>& connections) {
   const Connection* const owner = owner_of(bridge, connections);
   if (owner != nullptr) return title_of(*owner);
   if (bridge.wan_path.empty()) return "";
   return {title_of_path(connections, bridge.wan_path) + " (see igdctl doctor)", Style::kWarning};
-}
-
-Cell switch_cell(bool on) { return {on ? "on" : "off", on ? Style::kGood : Style::kMuted}; }
-
-std::string nodes_of(const Bridge& bridge) {
-  std::vector<std::string> nodes;
-  for (const Port& port : bridge.ports) nodes.push_back(port.node);
-  return joined(nodes, " ");
 }
 
 void list(Session& session) {
@@ -70,7 +61,8 @@ void list(Session& session) {
   for (const Bridge& bridge : read_bridges(tree)) {
     data.push_back(json_of(bridge, connections));
     table.rows.push_back({title_of(bridge), owner_cell(bridge, connections), bridge.standard,
-                          vlan_words(bridge), switch_cell(bridge.enabled), nodes_of(bridge)});
+                          vlan_text(bridge), switch_cell(bridge.enabled),
+                          joined(nodes_of(bridge), " ")});
   }
   Output& output = session.output();
   if (output.json()) {
@@ -91,10 +83,10 @@ Table port_table(const Bridge& bridge, const std::vector<Connection>& connection
   return table;
 }
 
-void show(Session& session, const std::string& words) {
+void show(Session& session, const std::string& selector) {
   MibAccess& tree = session.tree();
   const std::vector<Bridge> bridges = read_bridges(tree);
-  const Bridge& bridge = find_bridge(bridges, words);
+  const Bridge& bridge = find_bridge(bridges, selector);
   const std::vector<Connection> connections = list_connections(tree);
   Output& output = session.output();
   if (output.json()) {
@@ -106,7 +98,7 @@ void show(Session& session, const std::string& words) {
                  {"path", bridge.path},
                  {"connection", owner_cell(bridge, connections)},
                  {"standard", bridge.standard},
-                 {"VLAN", vlan_words(bridge)},
+                 {"VLAN", vlan_text(bridge)},
                  {"priority", bridge.priority},
                  {"enabled", switch_cell(bridge.enabled)}}});
   if (bridge.ports.empty()) return;
@@ -124,7 +116,7 @@ std::vector<const Bridge*> bridges_of(const std::vector<Bridge>& bridges,
                                       const std::string& interface) {
   std::string device_bridge;
   (void)igd_wan_get_bridge_info_from_phy(interface, &device_bridge, nullptr);
-  const bool is_path = begins_with(interface, "InternetGatewayDevice.");
+  const bool is_path = begins_with(interface, igd::kRootObject);
   const std::string served = is_path ? igd_get_bridge_info(interface) : std::string();
   std::vector<const Bridge*> found;
   for (const Bridge& bridge : bridges) {
@@ -139,24 +131,22 @@ std::vector<const Bridge*> bridges_of(const std::vector<Bridge>& bridges,
 [[noreturn]] void fail_unjoined(const std::vector<Bridge>& bridges, const std::string& interface) {
   std::vector<std::string> nodes;
   for (const Bridge& bridge : bridges) {
-    for (const Port& port : bridge.ports) {
-      if (std::find(nodes.begin(), nodes.end(), port.node) == nodes.end()) {
-        nodes.push_back(port.node);
-      }
+    for (const std::string& node : nodes_of(bridge)) {
+      if (std::find(nodes.begin(), nodes.end(), node) == nodes.end()) nodes.push_back(node);
     }
   }
-  const std::vector<std::string> near = near_names(interface, nodes);
   throw Failure(ExitCode::kNotFound, "no bridge has the interface " + in_quotes(interface),
-                near.empty() ? "name a port (" + joined(nodes, ", ") +
-                                   "), a device of the system such as eth1.100, or a path"
-                             : "did you mean " + joined(near, " or ") + "?");
+                did_you_mean(interface, nodes,
+                             "give a port (" + joined(nodes, ", ") +
+                                 "), a device such as eth1.100, or the path of a connection"));
 }
 
 void of(Session& session, const std::string& interface) {
   MibAccess& tree = session.tree();
-  // A device that is no port of the node table has an empty name, and would match.
+  // A device without a row in the node table has an empty name, and would match.
   if (interface.empty()) {
-    throw Failure(ExitCode::kBadInput, "the interface is empty", "name a port or a device");
+    throw Failure(ExitCode::kBadInput, "the interface is empty",
+                  "give a port such as LAN1, or a device");
   }
   const std::vector<Bridge> bridges = read_bridges(tree);
   const std::vector<const Bridge*> found = bridges_of(bridges, interface);
@@ -167,7 +157,7 @@ void of(Session& session, const std::string& interface) {
   for (const Bridge* const bridge : found) {
     data["bridges"].push_back(json_of(*bridge, connections));
     table.rows.push_back(
-        {title_of(*bridge), owner_cell(*bridge, connections), vlan_words(*bridge), bridge->path});
+        {title_of(*bridge), owner_cell(*bridge, connections), vlan_text(*bridge), bridge->path});
   }
   Output& output = session.output();
   if (output.json()) {
@@ -180,22 +170,22 @@ void of(Session& session, const std::string& interface) {
 }  // namespace
 
 void add_bridge_list(CLI::App& group, Session& session) {
-  CLI::App& command = add_command(group, "list", "One line for each bridge", "bridge list");
+  CLI::App& command = add_command(group, "list", "List the bridges, one per line", "bridge list");
   command.callback([&session] { session.on_run([&session] { list(session); }); });
 }
 
 void add_bridge_show(CLI::App& group, Session& session) {
   CLI::App& command =
-      add_command(group, "show", "One bridge and its ports", "bridge show internet");
-  const auto words = std::make_shared<std::string>();
-  add_bridge_argument(command, *words);
+      add_command(group, "show", "Show one bridge and its ports", "bridge show internet");
+  const auto selector = std::make_shared<std::string>();
+  add_bridge_argument(command, *selector);
   command.callback(
-      [&session, words] { session.on_run([&session, words] { show(session, *words); }); });
+      [&session, selector] { session.on_run([&session, selector] { show(session, *selector); }); });
 }
 
 void add_bridge_of(CLI::App& group, Session& session) {
   CLI::App& command =
-      add_command(group, "of", "The bridges that an interface is a member of", "bridge of LAN1");
+      add_command(group, "of", "Show which bridges an interface belongs to", "bridge of LAN1");
   const auto interface = std::make_shared<std::string>();
   command
       .add_option("INTERFACE", *interface,

@@ -32,19 +32,19 @@ Json report_of(ChangeOutcome outcome, const std::string& what, const std::string
 void add_change_options(CLI::App& command, const Session& session, ChangeOptions& options) {
   const std::string without = session.backend().has_store() ? "" : " (not in this build)";
   command.add_flag("--dry-run", options.dry_run,
-                   "Show the writes in order and the difference, change nothing" + without);
+                   "Show the writes in order and the difference, but change nothing" + without);
   command
       .add_option_function<std::string>(  // numbers of CLI11 may be octal, "true" is one, too
           "--confirm",
           [&options](const std::string& text) { options.confirm = seconds_from(text); },
-          "Take the change back unless it is confirmed in time" + without)
+          "Revert the change unless it is confirmed in time" + without)
       ->type_name("SECONDS");
-  command.add_flag("--yes", options.yes, "Go on also where the gateway's management is at stake");
+  command.add_flag("--yes", options.yes, "Go ahead even if you may lose access to the gateway");
 }
 
 void add_force_option(CLI::App& command, ChangeOptions& options) {
   command.add_flag("--force", options.force,
-                   "Go on over checks that say no, where that is safe for data");
+                   "Override checks that fail, where that cannot damage data");
 }
 
 const char* name_of(ChangeOutcome outcome) {
@@ -64,18 +64,18 @@ const char* name_of(ChangeOutcome outcome) {
 Change::Change(Session& session, const ChangeOptions& options)
     : session_(session), options_(options) {}
 
-void Change::override_or_fail(const std::string& what, const std::string& hint) {
-  override_or_fail({{what, hint}});
+void Change::override_or_fail(const std::string& message, const std::string& hint) {
+  override_or_fail({{message, hint}});
 }
 
 void Change::override_or_fail(const std::vector<Problem>& reasons) {
   if (!options_.force && !reasons.empty()) {
     std::vector<Problem> problems = reasons;
-    for (Problem& problem : problems) problem.hint += "; or go on all the same with --force";
+    for (Problem& problem : problems) problem.hint += "; or override this check with --force";
     throw Failure(ExitCode::kRefused, problems);
   }
   for (const Problem& reason : reasons) {
-    session_.output().warn("--force goes over this: " + reason.message);
+    session_.output().warn("--force overrides this: " + reason.message);
     overridden_.push_back(reason.message);
   }
 }
@@ -99,9 +99,9 @@ void Change::require_consent() const {
   if (consent_.empty() || options_.yes || options_.confirm != 0) return;
   throw Failure(ExitCode::kNeedsConsent, consent_,
                 has_store()
-                    ? "add --confirm SECONDS, then igdctl store confirm when the gateway can "
-                      "still be reached; or go on at once with --yes"
-                    : "go on with --yes");
+                    ? "add --confirm SECONDS, then run igdctl store confirm if you can still "
+                      "reach the gateway; or go ahead at once with --yes"
+                    : "go ahead with --yes");
 }
 
 ChangeOutcome Change::run(const std::string& label, const std::function<void()>& work) {
@@ -141,7 +141,7 @@ void Change::report(ChangeOutcome outcome, const std::string& what, const std::s
   output.raw(shown_text_);
   switch (outcome) {
     case ChangeOutcome::kNothing:
-      output.done("No change: all is as asked for");
+      output.done("No change: everything is already as requested");
       break;
     case ChangeOutcome::kShown:
       output.done("Dry run: nothing was changed");
@@ -150,7 +150,7 @@ void Change::report(ChangeOutcome outcome, const std::string& what, const std::s
       output.done(what);
       break;
     case ChangeOutcome::kPending:
-      output.done(what + "; taken back in " + std::to_string(options_.confirm) +
+      output.done(what + "; it will be reverted in " + std::to_string(options_.confirm) +
                   " seconds unless you run: igdctl store confirm");
       break;
   }

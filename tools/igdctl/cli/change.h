@@ -34,7 +34,7 @@ struct ChangeOptions {
 /// first two stay accepted, so that they are refused by name and not as unknown.
 void add_change_options(CLI::App& command, const Session& session, ChangeOptions& options);
 
-/// Adds --force, for commands with checks that it may go over.
+/// Adds --force, for commands with checks that it can override.
 void add_force_option(CLI::App& command, ChangeOptions& options);
 
 enum class ChangeOutcome {
@@ -52,9 +52,9 @@ class Change {
  public:
   Change(Session& session, const ChangeOptions& options);
 
-  /// Goes on over a check, when it is one that --force may go over: then the user is told what was
-  /// overridden, else Failure (kRefused) is thrown with `what` and `hint`.
-  void override_or_fail(const std::string& what, const std::string& hint);
+  /// To be called when a check fails that --force can override. With --force the user is told what
+  /// was overridden; without it Failure (kRefused) is thrown with `message` and `hint`.
+  void override_or_fail(const std::string& message, const std::string& hint);
 
   /// The same for several, which are thrown together.
   void override_or_fail(const std::vector<Problem>& reasons);
@@ -66,7 +66,7 @@ class Change {
   /// @param why  one line: "connection \"Management\" carries the management service"
   void needs_consent(const std::string& why);
 
-  /// To be called inside the work when it finds that all is as it should be, instead of any write:
+  /// To be called inside the work, instead of any write, when everything is already as requested:
   /// on a gateway, where no difference can be seen, run() then commits nothing.
   void makes_no_difference() { no_difference_ = true; }
 

@@ -48,21 +48,21 @@ class HelpFormatter : public CLI::Formatter {
 
 void add_global_options(CLI::App& root, Session& session) {
   GlobalOptions& options = session.options;
-  root.set_help_flag("-h,--help", "This help, or that of a group or command");
+  root.set_help_flag("-h,--help", "Show this help, or that of a group or command");
   root.set_version_flag("--version", std::string("igdctl ") + kVersion)
-      ->description("The version of igdctl");
+      ->description("Show the version of igdctl");
   if (session.backend().has_store()) {
     root.add_option("--store", options.store,
-                    "The store's file, instead of IGD_STORE or the usual one")
+                    "Use this store instead of IGD_STORE or the usual one")
         ->type_name("FILE");
   }
-  root.add_flag("--json", options.output.json, "Results as one JSON document");
-  root.add_flag("--show-secrets", options.show_secrets, "Passwords in clear instead of stars");
-  root.add_option("--trace", options.trace,
-                  "Keep the library's trace, passwords and all, in a file")
+  root.add_flag("--json", options.output.json, "Print results as one JSON document");
+  root.add_flag("--show-secrets", options.show_secrets,
+                "Show passwords in clear text instead of stars");
+  root.add_option("--trace", options.trace, "Write the library's trace, with passwords, to a file")
       ->type_name("[FILE]");
-  root.add_flag("-q,--quiet", options.output.quiet, "No sentences and warnings, only data");
-  root.add_flag("-v,--verbose", options.output.verbose, "Also tell what is going on");
+  root.add_flag("-q,--quiet", options.output.quiet, "Print only data, no sentences or warnings");
+  root.add_flag("-v,--verbose", options.output.verbose, "Print every detail");
 }
 
 // "--bind-lan=" gives an empty value, as "--bind-lan ''" does; CLI11 would miss one.
@@ -93,17 +93,15 @@ const CLI::App& chosen_command(const CLI::App& root) {
   return *command;
 }
 
-// A word where a command should be; CLI11 only says that a command is missing.
+// An unknown command; CLI11 only says that a command is missing.
 bool find_unknown_command(const CLI::App& root, const CLI::App& command, Problem* problem) {
-  const std::vector<std::string> words = root.remaining(true);
+  const std::vector<std::string> rest = root.remaining(true);
   const std::vector<const CLI::App*> known = shown_commands(command);
-  if (known.empty() || words.empty() || words.front().rfind('-', 0) == 0) return false;
+  if (known.empty() || rest.empty() || rest.front().rfind('-', 0) == 0) return false;
   std::vector<std::string> names;
   for (const CLI::App* sub : known) names.push_back(sub->get_name());
-  const std::vector<std::string> near = near_names(words.front(), names);
-  problem->message = command_path(command) + " has no command " + in_quotes(words.front());
-  problem->hint =
-      near.empty() ? "it has " + joined(names, ", ") : "did you mean " + joined(near, " or ") + "?";
+  problem->message = command_path(command) + " has no command " + in_quotes(rest.front());
+  problem->hint = did_you_mean(rest.front(), names, "its commands are " + joined(names, ", "));
   return true;
 }
 
@@ -118,11 +116,11 @@ std::string one_line(std::string text) {
 
 void build_root(CLI::App& root, Session& session) {
   root.name("igdctl");
-  root.description("The WAN connections of a home gateway, and the bridges that carry them");
+  root.description("Show and change the WAN connections of a home gateway and their bridges");
   auto formatter = std::make_shared<HelpFormatter>();
   formatter->column_width(kColumn);
   root.formatter(formatter);
-  root.footer("igdctl GROUP --help lists commands, igdctl GROUP COMMAND --help tells of one.");
+  root.footer("igdctl GROUP --help lists commands, igdctl GROUP COMMAND --help explains one.");
   root.require_subcommand(1);
   add_global_options(root, session);
   root.fallthrough();  // global options may stand anywhere; groups inherit this
@@ -161,12 +159,12 @@ CLI::App& add_command(CLI::App& group, const std::string& name, const std::strin
 }
 
 void add_connection_argument(CLI::App& command, std::string& selector) {
-  command.add_option("CONNECTION", selector, "Its name, its path, or <d>.<c> as in the list")
+  command.add_option("CONNECTION", selector, "Its name, its path, or <d>.<c> as listed")
       ->required();
 }
 
 void add_bridge_argument(CLI::App& command, std::string& selector) {
-  command.add_option("BRIDGE", selector, "Its name or its path, as in the list")->required();
+  command.add_option("BRIDGE", selector, "Its name or its path")->required();
 }
 
 std::string command_path(const CLI::App& command) {

@@ -17,7 +17,7 @@ constexpr std::size_t kLargest = std::size_t{64} << 20U;
 [[noreturn]] void fail_to_read(const std::string& file, const std::string& reason) {
   throw Failure(ExitCode::kBadInput,
                 "cannot read " + in_quotes(source_name_of(file)) + ": " + reason,
-                "name a file that you can read, or - for standard input");
+                "give a file that you can read, or - for standard input");
 }
 
 }  // namespace

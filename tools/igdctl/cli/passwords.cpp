@@ -8,13 +8,12 @@
 #include <cstdio>
 
 #include "cli/input_file.h"
+#include "igd_vocabulary.h"
 #include "term/failure.h"
 
 namespace igdctl {
 
 namespace {
-
-constexpr std::size_t kLongest = 255;  // a longer text is cut by programs of the gateway
 
 std::string without_line_end(std::string text) {
   if (!text.empty() && text.back() == '\n') text.pop_back();
@@ -68,7 +67,7 @@ std::string line_of(int descriptor) {
 
 std::string password_from_file(const std::string& file) {
   std::string password = without_line_end(content_of_file(file));
-  if (password.size() > kLongest || password.find('\0') != std::string::npos) {
+  if (password.size() > igd::kLongestText || password.find('\0') != std::string::npos) {
     throw Failure(ExitCode::kBadInput,
                   "the password is longer than 255 bytes or contains a zero byte",
                   "put nothing but the password into the file");

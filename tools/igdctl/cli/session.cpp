@@ -43,7 +43,8 @@ int Session::run() {
     report(failure);
     return static_cast<int>(failure.code);
   } catch (const std::bad_alloc&) {
-    report(Failure(ExitCode::kFailed, "there is not enough memory", "free some, then try again"));
+    report(Failure(ExitCode::kFailed, "there is not enough memory",
+                   "free some memory, then try again"));
     return static_cast<int>(ExitCode::kFailed);
   } catch (const std::exception& error) {
     report(Failure(ExitCode::kFailed, std::string("unexpected: ") + error.what(),

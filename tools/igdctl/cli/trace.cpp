@@ -16,12 +16,13 @@ namespace igdctl {
 namespace {
 
 constexpr char kHeader[] =
-    "# Trace of libigd, kept by igdctl. It holds passwords in clear: delete it when done.\n";
+    "# Trace of libigd, kept by igdctl. It contains passwords in clear text: delete it when "
+    "done.\n";
 constexpr mode_t kOwnerOnly = 0600;
 
 [[noreturn]] void fail_to_open(const std::string& file, const char* reason) {
   throw Failure(ExitCode::kBadInput, "cannot write the trace to " + in_quotes(file) + ": " + reason,
-                "name a file in a folder of your own: --trace=FILE");
+                "give a file in a folder of your own: --trace=FILE");
 }
 
 int open_trace_file(const std::string& file) {
@@ -35,7 +36,7 @@ int open_trace_file(const std::string& file) {
   if (ours && write(descriptor, kLine.data(), kLine.size()) == static_cast<ssize_t>(kLine.size())) {
     return descriptor;
   }
-  const char* const reason = regular ? std::strerror(errno) : "it is no ordinary file";
+  const char* const reason = regular ? std::strerror(errno) : "it is not a regular file";
   (void)close(descriptor);
   fail_to_open(file, reason);
 }
@@ -57,7 +58,7 @@ Trace::Trace(const std::string& file) {
   if (results_ == nullptr || dup2(trace, STDOUT_FILENO) < 0) {
     throw Failure(ExitCode::kFailed,
                   std::string("cannot set up standard output: ") + std::strerror(errno),
-                  "see whether this process has too many open files");
+                  "check whether this process has too many open files");
   }
   (void)close(trace);
 }

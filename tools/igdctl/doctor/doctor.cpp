@@ -18,11 +18,6 @@ bool is_plain(const std::string& text) {
 
 bool is_plain_argument(const std::string& text) { return is_plain(text) && text.front() != '-'; }
 
-bool means(const Connection& connection, const std::string& words) {
-  return connection.name == words || connection.id == words || connection.path == words ||
-         connection.path == words + '.';
-}
-
 }  // namespace
 
 std::string shell_word(const std::string& text) {
@@ -38,21 +33,22 @@ std::string shell_word(const std::string& text) {
   return quoted + '\'';
 }
 
-std::string word_of(const Snapshot& snapshot, const Connection& connection) {
-  for (const std::string* const words : {&connection.name, &connection.id}) {
-    const auto others = std::count_if(
-        snapshot.connections.begin(), snapshot.connections.end(),
-        [words](const ConnectionState& state) { return means(state.connection, *words); });
-    if (others == 1 && is_plain_argument(*words)) return *words;
+std::string selector_of(const Snapshot& snapshot, const Connection& connection) {
+  for (const std::string* const selector : {&connection.name, &connection.id}) {
+    const auto selected = std::count_if(snapshot.connections.begin(), snapshot.connections.end(),
+                                        [selector](const ConnectionState& state) {
+                                          return is_selected_by(state.connection, *selector);
+                                        });
+    if (selected == 1 && is_plain_argument(*selector)) return *selector;
   }
   return connection.path;
 }
 
-std::string word_of(const Snapshot& snapshot, const Bridge& bridge) {
-  const auto others =
+std::string selector_of(const Snapshot& snapshot, const Bridge& bridge) {
+  const auto namesakes =
       std::count_if(snapshot.bridges.begin(), snapshot.bridges.end(),
                     [&bridge](const Bridge& other) { return other.name == bridge.name; });
-  return others == 1 && is_plain_argument(bridge.name) ? bridge.name : bridge.path;
+  return namesakes == 1 && is_plain_argument(bridge.name) ? bridge.name : bridge.path;
 }
 
 const ConnectionState* find_path(const Snapshot& snapshot, const std::string& path) {

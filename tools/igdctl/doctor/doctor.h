@@ -1,4 +1,4 @@
-/// What in a tree contradicts itself or will surprise, and the command that mends it.
+/// Finds what contradicts itself in a tree, and the commands that fix it.
 #ifndef IGDCTL_DOCTOR_H
 #define IGDCTL_DOCTOR_H
 
@@ -33,17 +33,17 @@ struct Snapshot {
   std::vector<ConnectionState> connections;
   std::vector<Bridge> bridges;
   std::vector<RouteState> routes;
-  bool has_store = true;  ///< whether --confirm is there for the commands that mend
+  bool has_store = true;  ///< whether the commands that fix findings have --confirm
 };
 
 Snapshot read_snapshot(MibAccess& tree);
 
 struct Finding {
-  std::string code;   ///< one word for programs: "orphan-bridge"
-  std::string where;  ///< path of the object that it is about
-  std::string what;   ///< one sentence without a full stop, as are the next
-  std::string why;    ///< why it matters
-  /// The commands that mend it, in order, without "igdctl ": "bridge remove br_1_9". Each can be
+  std::string code;     ///< one word for programs: "orphan-bridge"
+  std::string where;    ///< path of the object that it is about
+  std::string message;  ///< one sentence without a full stop, as is the next
+  std::string why;      ///< why it matters
+  /// The commands that fix it, in order, without "igdctl ": "bridge remove br_1_9". Each can be
   /// given to a shell as it is.
   std::vector<std::string> fixes;
 };

@@ -2,6 +2,7 @@
 
 #include "doctor/doctor_rules.h"
 #include "gateway/bridge_names.h"
+#include "igd_vocabulary.h"
 #include "term/text.h"
 
 namespace igdctl {
@@ -16,44 +17,45 @@ Finding orphan(const Snapshot& snapshot, const Bridge& bridge) {
   const std::string whose =
       bridge.wan_path.empty()
           ? "names no connection"
-          : "names the connection " + in_quotes(bridge.wan_path) + ", which is not there";
+          : "names the connection " + in_quotes(bridge.wan_path) + ", which does not exist";
   return {"orphan-bridge",
           bridge.path,
           "the bridge " + quoted_title(bridge) + ' ' + whose,
-          "its ports serve nobody, and its VLAN counts as taken",
-          {"bridge remove " + word_of(snapshot, bridge)}};
+          "its ports serve no connection, and its VLAN counts as taken",
+          {"bridge remove " + selector_of(snapshot, bridge)}};
 }
 
 Finding linked_lan_bridge(const Bridge& bridge) {
   return {"misnamed-bridge",
           bridge.path,
           "the LAN bridge names the connection " + in_quotes(bridge.wan_path),
-          "every port of the household counts as that connection's",
+          "every LAN port counts as a port of that connection",
           {"tree set " + bridge.path + "X_ZYN_WANName ''"}};
 }
 
-// A second bridge beside the right one has no use; the only one needs its name.
-Finding misnamed(const Snapshot& snapshot, const Bridge& bridge, const Connection& connection) {
-  const std::string what = "the bridge " + quoted_title(bridge) + " names connection " +
-                           quoted_title(connection) + ", whose bridge is " +
-                           in_quotes(connection.bridge_name);
-  const std::string fixes = connection.has_bridge() ? "bridge remove " + word_of(snapshot, bridge)
-                                                    : "tree set " + bridge.path + "BridgeName " +
-                                                          shell_word(connection.bridge_name);
-  return {"misnamed-bridge",
-          bridge.path,
-          what,
-          "a bridge counts as a connection's own only when link and name agree",
-          {fixes}};
-}
-
-// Of several bridges under the wrong name only the first can get the right one.
-bool is_spare(const Snapshot& snapshot, const Bridge& bridge) {
+// Of several bridges that name one connection only the first can get its name.
+bool has_namesake_before(const Snapshot& snapshot, const Bridge& bridge) {
   for (const Bridge& other : snapshot.bridges) {
     if (other.path == bridge.path) return false;
     if (other.wan_path == bridge.wan_path) return true;
   }
   return false;
+}
+
+// A connection needs one bridge under its own name; any other one is of no use.
+Finding misnamed(const Snapshot& snapshot, const Bridge& bridge, const Connection& connection) {
+  const std::string message = "the bridge " + quoted_title(bridge) + " names connection " +
+                              quoted_title(connection) + ", whose bridge is " +
+                              in_quotes(connection.bridge_name);
+  const bool is_spare = connection.has_bridge() || has_namesake_before(snapshot, bridge);
+  const std::string fix =
+      is_spare ? "bridge remove " + selector_of(snapshot, bridge)
+               : "tree set " + bridge.path + "BridgeName " + shell_word(connection.bridge_name);
+  return {"misnamed-bridge",
+          bridge.path,
+          message,
+          "a bridge belongs to a connection only if both its X_ZYN_WANName and its name say so",
+          {fix}};
 }
 
 // Where a port most likely belongs: with the connection that owns a bridge it is in, else in the
@@ -67,9 +69,7 @@ const Bridge& best_bridge(const Snapshot& snapshot, const std::vector<const Brid
   return lan != nullptr ? *lan : *bridges.front();
 }
 
-bool is_shared_node(const std::string& node) {
-  return node.empty() || is_uplink_node(node) || node == "LAN_DEFAULT1";
-}
+bool is_household_node(const std::string& node) { return !node.empty() && !is_shared_node(node); }
 
 std::string consent_of(const Snapshot& snapshot, const std::vector<const Bridge*>& bridges) {
   for (const Bridge* const bridge : bridges) {
@@ -90,11 +90,11 @@ std::vector<const Bridge*> bridges_with(const Snapshot& snapshot, const std::str
   return bridges;
 }
 
-// The same for every finding about a port, so that none undoes what another mended.
+// The same for every finding about a port, so that none undoes the fix of another.
 std::string fix_of(const Snapshot& snapshot, const std::string& node) {
   const std::vector<const Bridge*> bridges = bridges_with(snapshot, node);
   return "bridge move " + shell_word(node) + ' ' +
-         word_of(snapshot, best_bridge(snapshot, bridges)) + consent_of(snapshot, bridges);
+         selector_of(snapshot, best_bridge(snapshot, bridges)) + consent_of(snapshot, bridges);
 }
 
 void examine_node(const Snapshot& snapshot, const Port& port, Findings* findings) {
@@ -106,18 +106,19 @@ void examine_node(const Snapshot& snapshot, const Port& port, Findings* findings
       {"port-in-two-bridges",
        port.path,
        "the port " + in_quotes(port.node) + " is in the bridges " + joined(titles, " and "),
-       "checks look at the first only, and frames pass between the bridges",
+       "checks look only at the first, and frames pass between the bridges",
        {fix_of(snapshot, port.node)}});
 }
 
 void examine_binding(const Snapshot& snapshot, const Port& port, Findings* findings) {
   if (port.depend_wan.empty() || find_path(snapshot, port.depend_wan) != nullptr) return;
-  const bool can_move = find_lan_bridge(snapshot.bridges) != nullptr && !is_shared_node(port.node);
+  const bool can_move =
+      find_lan_bridge(snapshot.bridges) != nullptr && is_household_node(port.node);
   findings->push_back({"stale-binding",
                        port.path,
                        "the port " + in_quotes(port.node) + " is bound to the connection " +
-                           in_quotes(port.depend_wan) + ", which is not there",
-                       "it reaches nothing, and no connection can have it",
+                           in_quotes(port.depend_wan) + ", which does not exist",
+                       "it reaches nothing, and no connection can use it",
                        {can_move ? fix_of(snapshot, port.node)
                                  : "tree set " + port.path + "X_ZYN_DependWanName ''"}});
 }
@@ -126,7 +127,7 @@ void examine_binding(const Snapshot& snapshot, const Port& port, Findings* findi
 
 void examine_bridges(const Snapshot& snapshot, Findings* findings) {
   for (const Bridge& bridge : snapshot.bridges) {
-    if (bridge.name == kLanBridge) {
+    if (bridge.name == igd::kLanBridgeName) {
       if (!bridge.wan_path.empty()) findings->push_back(linked_lan_bridge(bridge));
       continue;
     }
@@ -135,8 +136,6 @@ void examine_bridges(const Snapshot& snapshot, Findings* findings) {
       findings->push_back(orphan(snapshot, bridge));
     } else if (state->connection.bridge_path != bridge.path) {
       findings->push_back(misnamed(snapshot, bridge, state->connection));
-      if (state->connection.has_bridge() || !is_spare(snapshot, bridge)) continue;
-      findings->back().fixes = {"bridge remove " + word_of(snapshot, bridge)};
     }
   }
 }
@@ -146,7 +145,7 @@ void examine_ports(const Snapshot& snapshot, Findings* findings) {
   for (const Bridge& bridge : snapshot.bridges) {
     for (const Port& port : bridge.ports) {
       const bool known = std::find(seen.begin(), seen.end(), port.node) != seen.end();
-      if (known || is_shared_node(port.node)) continue;
+      if (known || !is_household_node(port.node)) continue;
       seen.push_back(port.node);
       examine_node(snapshot, port, findings);
     }

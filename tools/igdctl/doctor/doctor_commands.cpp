@@ -23,30 +23,35 @@ Json json_of(const Finding& finding, const std::string& program) {
   for (const std::string& command : finding.fixes) fixes.push_back(program + command);
   return {{"finding", finding.code},
           {"where", finding.where},
-          {"what", finding.what},
+          {"message", finding.message},
           {"why", finding.why},
-          {"mend", fixes}};
+          {"fix", fixes}};
 }
 
 Table table_of(const Finding& finding, const std::string& program) {
   Table table{{}, {{"where", finding.where}, {"why", finding.why}}};
   for (const std::string& command : finding.fixes) {
-    table.rows.push_back({"mend", {program + command, Style::kGood}});
+    table.rows.push_back({"fix", {program + command, Style::kGood}});
   }
   return table;
 }
 
+// "1 bridge", "2 bridges"
+std::string counted(std::size_t count, const std::string& noun) {
+  return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
+}
+
 std::string counts_of(const Snapshot& snapshot) {
-  return std::to_string(snapshot.connections.size()) + " connections, " +
-         std::to_string(snapshot.bridges.size()) + " bridges and " +
-         std::to_string(snapshot.routes.size()) + " routes";
+  return counted(snapshot.connections.size(), "connection") + ", " +
+         counted(snapshot.bridges.size(), "bridge") + " and " +
+         counted(snapshot.routes.size(), "route");
 }
 
 void show(Session& session, const std::vector<Finding>& findings) {
   const std::string program = program_of(session);
   Output& output = session.output();
   for (const Finding& finding : findings) {
-    output.heading(finding.code + ": " + finding.what);
+    output.heading(finding.code + ": " + finding.message);
     output.raw(rendered(table_of(finding, program), {0, output.page().colour}));
     output.line("");
   }
@@ -66,15 +71,15 @@ void examine_tree(Session& session) {
   }
   show(session, findings);
   output.done(findings.empty()
-                  ? "All is well with " + counts_of(snapshot)
-                  : std::to_string(findings.size()) + " found in " + counts_of(snapshot));
+                  ? "No problems in " + counts_of(snapshot)
+                  : counted(findings.size(), "problem") + " in " + counts_of(snapshot));
 }
 
 }  // namespace
 
 void add_doctor_command(CLI::App& root, Session& session) {
   CLI::App& command = add_command(
-      root, "doctor", "What contradicts itself or will surprise, and what mends it", "doctor");
+      root, "doctor", "Find contradictions in the configuration and how to fix them", "doctor");
   command.callback([&session] { session.on_run([&session] { examine_tree(session); }); });
 }
 

@@ -1,7 +1,10 @@
 #include <algorithm>
 #include <map>
+#include <optional>
 
 #include "doctor/doctor_rules.h"
+#include "gateway/bridge_names.h"
+#include "igd_vocabulary.h"
 #include "term/text.h"
 
 namespace igdctl {
@@ -14,17 +17,17 @@ std::string quoted_title(const ConnectionState& state) {
 
 std::string wan_set(const Snapshot& snapshot, const ConnectionState& state,
                     const std::string& options) {
-  return "wan set " + word_of(snapshot, state.connection) + ' ' + options +
+  return "wan set " + selector_of(snapshot, state.connection) + ' ' + options +
          consent_for(snapshot, state);
 }
 
-// A bridge that names the connection under another name can be its bridge again.
+// A bridge that names the connection but has another name needs only its name back.
 std::string fix_of_missing_bridge(const Snapshot& snapshot, const ConnectionState& state) {
   for (const Bridge& bridge : snapshot.bridges) {
-    if (bridge.wan_path != state.connection.path || bridge.name == kLanBridge) continue;
+    if (bridge.wan_path != state.connection.path || bridge.name == igd::kLanBridgeName) continue;
     return "tree set " + bridge.path + "BridgeName " + shell_word(state.connection.bridge_name);
   }
-  return "bridge create " + word_of(snapshot, state.connection) + consent_for(snapshot, state);
+  return "bridge create " + selector_of(snapshot, state.connection) + consent_for(snapshot, state);
 }
 
 void examine_bridge(const Snapshot& snapshot, const ConnectionState& state, Findings* findings) {
@@ -33,7 +36,7 @@ void examine_bridge(const Snapshot& snapshot, const ConnectionState& state, Find
                        state.connection.path,
                        "connection " + quoted_title(state) + " has no bridge " +
                            in_quotes(state.connection.bridge_name),
-                       "changing or removing it as it is would act on the ports of every bridge",
+                       "changing or removing it would affect the ports of every bridge",
                        {fix_of_missing_bridge(snapshot, state)}});
 }
 
@@ -50,14 +53,9 @@ void examine_objects(const Snapshot& snapshot, const ConnectionState& state, Fin
         {"several-enabled-objects",
          state.connection.path,
          "connection " + quoted_title(state) + " is enabled for " + joined(modes, " and "),
-         "only one counts, and which one differs between reading and status",
+         "only one counts, and wan show and wan status differ on which",
          {wan_set(snapshot, state, "--mode " + modes.front())}});
   }
-}
-
-bool is_vlan_taken(const Snapshot& snapshot, long vlan) {
-  return std::any_of(snapshot.bridges.begin(), snapshot.bridges.end(),
-                     [vlan](const Bridge& bridge) { return bridge.vlan == std::to_string(vlan); });
 }
 
 // Gives out free VLANs, each once.
@@ -65,40 +63,69 @@ class FreeVlans {
  public:
   explicit FreeVlans(const Snapshot& snapshot) : snapshot_(snapshot) {}
   std::string next() {
-    while (is_vlan_taken(snapshot_, vlan_)) ++vlan_;
+    while (is_taken(std::to_string(vlan_))) ++vlan_;
     return std::to_string(vlan_++);
   }
 
  private:
-  static constexpr long kFirst = 1000;
+  bool is_taken(const std::string& vlan) const {
+    return std::any_of(snapshot_.bridges.begin(), snapshot_.bridges.end(),
+                       [&vlan](const Bridge& bridge) { return bridge.vlan == vlan; });
+  }
+
   const Snapshot& snapshot_;
-  long vlan_ = kFirst;
+  int vlan_ = igd::kFirstSearchedVlan;
 };
 
-std::string vlan_of(const Snapshot& snapshot, const Connection& connection) {
-  constexpr long kLargestVlan = 4095;
-  long number = 0;
+// 0 for an untagged bridge; none when the text is not a VLAN.
+std::optional<long> vlan_of(const Bridge& bridge) {
+  long vlan = 0;
+  const bool valid = bridge.vlan.empty() || parse_number(bridge.vlan, 0, igd::kHighestVlan, &vlan);
+  return valid ? std::optional<long>(vlan) : std::nullopt;
+}
+
+const Bridge* own_bridge(const Snapshot& snapshot, const ConnectionState& state) {
+  if (!state.connection.has_bridge()) return nullptr;
   for (const Bridge& bridge : snapshot.bridges) {
-    if (bridge.path != connection.bridge_path) continue;
-    (void)parse_number(bridge.vlan, 0, kLargestVlan, &number);
+    if (bridge.path == state.connection.bridge_path) return &bridge;
   }
-  return std::to_string(number);
+  return nullptr;
+}
+
+Finding bad_vlan(const Bridge& bridge, const std::string& fix) {
+  return {"bad-vlan",
+          bridge.path,
+          "the bridge " + in_quotes(title_of(bridge)) + " has the VLAN " + in_quotes(bridge.vlan),
+          "VLANs end at " + std::to_string(igd::kHighestVlan) + ", so its frames reach nobody",
+          {fix}};
+}
+
+// Bridges that belong to no connection are to be removed or renamed first.
+void examine_vlan_of_lan(const Snapshot& snapshot, Findings* findings) {
+  const Bridge* const lan = find_lan_bridge(snapshot.bridges);
+  if (lan == nullptr || vlan_of(*lan)) return;
+  findings->push_back(bad_vlan(*lan, "tree set " + lan->path + "VLANID 0"));
 }
 
 void examine_vlans(const Snapshot& snapshot, Findings* findings) {
-  std::map<std::string, const ConnectionState*> first;
+  std::map<long, const ConnectionState*> first;
   FreeVlans free(snapshot);
   for (const ConnectionState& state : snapshot.connections) {
-    if (!state.connection.has_bridge()) continue;
-    const std::string vlan = vlan_of(snapshot, state.connection);
-    const auto [holder, is_first] = first.emplace(vlan, &state);
+    const Bridge* const bridge = own_bridge(snapshot, state);
+    if (bridge == nullptr) continue;
+    const std::optional<long> vlan = vlan_of(*bridge);
+    if (!vlan) {
+      findings->push_back(bad_vlan(*bridge, wan_set(snapshot, state, "--vlan " + free.next())));
+      continue;
+    }
+    const auto [holder, is_first] = first.emplace(*vlan, &state);
     if (is_first) continue;
-    const std::string tag = vlan == "0" ? "no VLAN" : "VLAN " + vlan;
+    const std::string tag = *vlan == 0 ? "no VLAN" : "VLAN " + bridge->vlan;
     findings->push_back({"vlan-twice",
-                         state.connection.bridge_path,
+                         bridge->path,
                          "connections " + quoted_title(*holder->second) + " and " +
                              quoted_title(state) + " both have " + tag,
-                         "their frames cannot be told apart, and the checks refuse changes to both",
+                         "their frames cannot be told apart, and checks refuse changes to both",
                          {wan_set(snapshot, state, "--vlan " + free.next())}});
   }
 }
@@ -108,16 +135,16 @@ void examine_marks(const Snapshot& snapshot, Findings* findings) {
   for (const ConnectionState& state : snapshot.connections) {
     const auto [holder, is_first] = first.emplace(state.mark, &state);
     if (is_first) continue;
-    const std::string words = word_of(snapshot, state.connection);
-    findings->push_back({"mark-twice",
-                         state.connection.path,
-                         "connections " + quoted_title(*holder->second) + " and " +
-                             quoted_title(state) + " both have the packet mark " +
-                             std::to_string(state.mark),
-                         "packets of one go the way of the other; keep the description of the one "
-                         "that goes with igdctl wan show " +
-                             words + " --json --show-secrets",
-                         {"wan remove " + words + consent_for(snapshot, state)}});
+    const std::string selector = selector_of(snapshot, state.connection);
+    findings->push_back(
+        {"mark-twice",
+         state.connection.path,
+         "connections " + quoted_title(*holder->second) + " and " + quoted_title(state) +
+             " both have the packet mark " + std::to_string(state.mark),
+         "packets of one take the route of the other; before you remove one, save its "
+         "description with igdctl wan show " +
+             selector + " --json --show-secrets",
+         {"wan remove " + selector + consent_for(snapshot, state)}});
   }
 }
 
@@ -140,18 +167,18 @@ void examine_names(const Snapshot& snapshot, Findings* findings) {
     findings->push_back({"name-twice",
                          state.connection.path,
                          "several connections are named " + in_quotes(name),
-                         "whoever asks for it by name gets the first",
+                         "asking for one by name always gives the first",
                          {wan_set(snapshot, state, "--name=" + shell_word(new_name))}});
   }
 }
 
-// What a service list carries beside the management service.
+// The services that a connection keeps when it gives up the management service.
 std::string other_services(const ConnectionState& state) {
   std::vector<std::string> others;
   for (const std::string& word : split_list(state.connection.service)) {
     if (!word.empty() && !carries_management(word)) others.push_back(word);
   }
-  return others.empty() ? "OTHER" : joined(others, ",");
+  return others.empty() ? igd::kOtherService : joined(others, ",");
 }
 
 void examine_management(const Snapshot& snapshot, Findings* findings) {
@@ -167,7 +194,7 @@ void examine_management(const Snapshot& snapshot, Findings* findings) {
          state.connection.path,
          "connections " + quoted_title(*first) + " and " + quoted_title(state) +
              " both carry the management service",
-         "the gateway is to be managed through one; the checks let no other take it over",
+         "the gateway is managed through one connection; checks refuse a second one",
          {wan_set(snapshot, state, "--service " + shell_word(other_services(state)))}});
   }
 }
@@ -182,6 +209,7 @@ void examine_connections(const Snapshot& snapshot, Findings* findings) {
 }
 
 void examine_shared(const Snapshot& snapshot, Findings* findings) {
+  examine_vlan_of_lan(snapshot, findings);
   examine_vlans(snapshot, findings);
   examine_marks(snapshot, findings);
   examine_names(snapshot, findings);

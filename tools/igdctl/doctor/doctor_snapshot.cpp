@@ -1,37 +1,27 @@
+#include <utility>
+
 #include "doctor/doctor.h"
+#include "gateway/connection_objects.h"
 #include "gateway/tree_reader.h"
 #include "igd_api.h"
 #include "igd_c_api.h"
+#include "igd_vocabulary.h"
 
 namespace igdctl {
 
 namespace {
 
-struct ConnectionObject {
-  const char* mode;
-  std::string path;
-};
-
-// In the order in which the library asks which of them is in use.
-std::vector<ConnectionObject> objects_of(const std::string& wan_path) {
-  std::vector<ConnectionObject> objects = {
-      {"dhcp", parent_of(igd_tool_loop_fullname(wan_path, kAddressingType, "DHCP"))}};
-  const std::vector<std::string> ppp = instances_below(wan_path, kPppConnection);
-  objects.push_back({"pppoe", ppp.empty() ? std::string() : ppp.front()});
-  objects.push_back(
-      {"static", parent_of(igd_tool_loop_fullname(wan_path, kAddressingType, "Static"))});
-  return objects;
-}
-
 ConnectionState read_state(MibAccess& tree, const Connection& connection) {
   ConnectionState state;
   state.connection = connection;
-  for (const ConnectionObject& object : objects_of(connection.path)) {
-    if (object.path.empty()) continue;
-    state.services.push_back(value_in(tree, object.path, "X_CT-COM_ServiceList"));
-    if (value_in(tree, object.path, "Enable") == "true") {
-      state.enabled_modes.emplace_back(object.mode);
-    }
+  const ConnectionObjects objects = connection_objects(connection.path);
+  // In the order in which the library asks which of them is in use.
+  const std::pair<const char*, const std::string&> by_mode[] = {
+      {"dhcp", objects.dhcp}, {"pppoe", objects.ppp}, {"static", objects.fixed}};
+  for (const auto& [mode, path] : by_mode) {
+    if (path.empty()) continue;
+    state.services.push_back(value_in(tree, path, "X_CT-COM_ServiceList"));
+    if (value_in(tree, path, "Enable") == igd::kTrue) state.enabled_modes.emplace_back(mode);
   }
   state.mark = igd_c_get_mask(connection.bridge_name.c_str());
   return state;
@@ -45,7 +35,7 @@ RouteState read_route(MibAccess& tree, const std::string& path) {
   route.gateway = value_in(tree, path, "GatewayIPAddress");
   route.interface = value_in(tree, path, "Interface");
   route.table = value_in(tree, path, "X_ZYN_RouteTable");
-  route.enabled = value_in(tree, path, "Enable") == "true";
+  route.enabled = value_in(tree, path, "Enable") == igd::kTrue;
   return route;
 }
 

@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "igd_vocabulary.h"
 #include "term/failure.h"
 #include "term/text.h"
 
@@ -9,47 +10,43 @@ namespace igdctl {
 
 namespace {
 
-constexpr long kHighestVlan = 4095;
-
-[[noreturn]] void fail_unknown(const std::vector<Bridge>& bridges, const std::string& words) {
+[[noreturn]] void fail_unknown(const std::vector<Bridge>& bridges, const std::string& selector) {
   std::vector<std::string> titles;
   for (const Bridge& bridge : bridges) titles.push_back(title_of(bridge));
-  std::vector<std::string> near = near_names(words, titles);
-  const bool found_near = !near.empty();
-  if (!found_near) near = titles;
-  for (std::string& name : near) name = in_quotes(name);
-  std::string hint = "there is none at all";
-  if (found_near) hint = "did you mean " + joined(near, " or ") + "?";
-  if (!found_near && !near.empty()) hint = "there are " + joined(near, ", ");
-  throw Failure(ExitCode::kNotFound, "there is no bridge " + in_quotes(words), hint);
+  const std::string all =
+      titles.empty() ? "there are no bridges" : "the bridges are " + quoted_list(titles);
+  throw Failure(ExitCode::kNotFound, "there is no bridge " + in_quotes(selector),
+                did_you_mean(selector, titles, all));
 }
 
 bool vlan_of(const Bridge& bridge, long* vlan) {
-  return bridge.standard == "802.1Q" && parse_number(bridge.vlan, 1, kHighestVlan, vlan);
+  return bridge.standard == igd::kTaggedStandard &&
+         parse_number(bridge.vlan, igd::kLowestVlan, igd::kHighestVlan, vlan);
 }
 
 }  // namespace
 
-const Bridge& find_bridge(const std::vector<Bridge>& bridges, const std::string& words) {
+const Bridge& find_bridge(const std::vector<Bridge>& bridges, const std::string& selector) {
   std::vector<const Bridge*> meant;
   std::vector<std::string> paths;
   for (const Bridge& bridge : bridges) {
-    const bool matches = bridge.name == words || bridge.path == words || bridge.path == words + '.';
-    if (words.empty() || !matches) continue;
+    const bool matches =
+        bridge.name == selector || bridge.path == selector || bridge.path == selector + '.';
+    if (selector.empty() || !matches) continue;
     meant.push_back(&bridge);
     paths.push_back(bridge.path);
   }
-  if (meant.empty()) fail_unknown(bridges, words);
+  if (meant.empty()) fail_unknown(bridges, selector);
   if (meant.size() > 1) {
-    throw Failure(ExitCode::kBadInput, in_quotes(words) + " means several bridges",
-                  "name one by its path: " + joined(paths, ", "));
+    throw Failure(ExitCode::kBadInput, in_quotes(selector) + " names several bridges",
+                  "give the path of one: " + joined(paths, ", "));
   }
   return *meant.front();
 }
 
 const Bridge* find_lan_bridge(const std::vector<Bridge>& bridges) {
   for (const Bridge& bridge : bridges) {
-    if (bridge.name == kLanBridge) return &bridge;
+    if (bridge.name == igd::kLanBridgeName) return &bridge;
   }
   return nullptr;
 }
@@ -65,7 +62,7 @@ std::string title_of(const Bridge& bridge) {
   return bridge.name.empty() ? bridge.path : bridge.name;
 }
 
-std::string vlan_words(const Bridge& bridge) {
+std::string vlan_text(const Bridge& bridge) {
   long vlan = 0;
   return vlan_of(bridge, &vlan) ? std::to_string(vlan) : "untagged";
 }

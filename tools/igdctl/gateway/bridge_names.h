@@ -11,9 +11,9 @@
 
 namespace igdctl {
 
-/// The bridge that people mean: by its name or its path (the last dot may be left out). Throws
-/// Failure: kNotFound, with names that are near, or kBadInput when several match.
-const Bridge& find_bridge(const std::vector<Bridge>& bridges, const std::string& words);
+/// The bridge with this name or path (the last dot may be left out). Throws Failure: kNotFound, with
+/// similar names, or kBadInput when several match.
+const Bridge& find_bridge(const std::vector<Bridge>& bridges, const std::string& selector);
 
 /// The bridge named "internet" that joins the household's ports; null when there is none.
 const Bridge* find_lan_bridge(const std::vector<Bridge>& bridges);
@@ -25,7 +25,7 @@ const Connection* owner_of(const Bridge& bridge, const std::vector<Connection>& 
 std::string title_of(const Bridge& bridge);
 
 /// "untagged", or the VLAN of an 802.1Q bridge.
-std::string vlan_words(const Bridge& bridge);
+std::string vlan_text(const Bridge& bridge);
 
 /// The VLAN of an 802.1Q bridge as a number, null without one.
 Json vlan_json(const Bridge& bridge);

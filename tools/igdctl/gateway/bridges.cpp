@@ -3,14 +3,11 @@
 #include <algorithm>
 
 #include "gateway/tree_reader.h"
+#include "igd_vocabulary.h"
 
 namespace igdctl {
 
 namespace {
-
-constexpr const char* kUplinks[] = {"LAN0", "3G0", "WIFIW0"};
-constexpr const char* kUsualNodes[] = {"LAN1",  "LAN2",  "LAN3",  "LAN4",
-                                       "WLAN1", "WLAN2", "WLAN3", "WLAN4"};
 
 Bridge read_bridge(MibAccess& tree, const std::string& path) {
   Bridge bridge;
@@ -20,7 +17,7 @@ Bridge read_bridge(MibAccess& tree, const std::string& path) {
   bridge.standard = value_in(tree, path, "BridgeStandard");
   bridge.vlan = value_in(tree, path, "VLANID");
   bridge.priority = value_in(tree, path, "X_ZYN_VLANPriority");
-  bridge.enabled = value_in(tree, path, "BridgeEnable") == "true";
+  bridge.enabled = value_in(tree, path, "BridgeEnable") == igd::kTrue;
   return bridge;
 }
 
@@ -31,7 +28,7 @@ Port read_port(MibAccess& tree, const std::string& path) {
   port.node = value_in(tree, path, "PortInterface");
   port.depend_wan = value_in(tree, path, "X_ZYN_DependWanName");
   port.pvid = value_in(tree, path, "PVID");
-  port.enabled = value_in(tree, path, "PortEnable") == "true";
+  port.enabled = value_in(tree, path, "PortEnable") == igd::kTrue;
   return port;
 }
 
@@ -39,10 +36,10 @@ Port read_port(MibAccess& tree, const std::string& path) {
 
 std::vector<Bridge> read_bridges(MibAccess& tree) {
   std::vector<Bridge> bridges;
-  for (const std::string& name : instances_below(kBridgeTable, kBridgeName)) {
+  for (const std::string& name : instances_below(igd::kBridgeTable, kBridgeName)) {
     bridges.push_back(read_bridge(tree, parent_of(name)));
   }
-  for (const std::string& name : instances_below(kBridgeTable, kPortInterface)) {
+  for (const std::string& name : instances_below(igd::kBridgeTable, kPortInterface)) {
     Port port = read_port(tree, parent_of(name));
     for (Bridge& bridge : bridges) {
       if (bridge.path == port.bridge_path) bridge.ports.push_back(port);
@@ -51,22 +48,27 @@ std::vector<Bridge> read_bridges(MibAccess& tree) {
   return bridges;
 }
 
-bool is_uplink_node(const std::string& node) {
-  return std::find(std::begin(kUplinks), std::end(kUplinks), node) != std::end(kUplinks);
+std::vector<std::string> nodes_of(const Bridge& bridge) {
+  std::vector<std::string> nodes;
+  for (const Port& port : bridge.ports) nodes.push_back(port.node);
+  return nodes;
+}
+
+bool is_shared_node(const std::string& node) {
+  return igd::is_wan_side_port(node) || igd::is_shared_device(node);
 }
 
 std::vector<std::string> assignable_nodes(const std::vector<Bridge>& bridges) {
   std::vector<std::string> nodes;
   for (const Bridge& bridge : bridges) {
     for (const Port& port : bridge.ports) {
-      const bool other = port.node.empty() || is_uplink_node(port.node) ||
-                         port.node == "LAN_DEFAULT1" ||
+      const bool other = port.node.empty() || is_shared_node(port.node) ||
                          std::find(nodes.begin(), nodes.end(), port.node) != nodes.end();
       if (!other) nodes.push_back(port.node);
     }
   }
   std::sort(nodes.begin(), nodes.end());
-  if (nodes.empty()) nodes.assign(std::begin(kUsualNodes), std::end(kUsualNodes));
+  if (nodes.empty()) nodes.assign(igd::kBindablePorts.begin(), igd::kBindablePorts.end());
   return nodes;
 }
 

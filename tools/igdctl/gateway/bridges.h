@@ -9,9 +9,6 @@
 
 namespace igdctl {
 
-/// Name of the bridge that joins the household's ports.
-inline constexpr char kLanBridge[] = "internet";
-
 struct Port {
   std::string path;         ///< "...Bridge.1.Port.2."
   std::string bridge_path;  ///< "...Bridge.1."
@@ -35,12 +32,15 @@ struct Bridge {
 /// All bridges with their ports, in the tree's order.
 std::vector<Bridge> read_bridges(MibAccess& tree);
 
-/// True for "LAN0", "3G0" and "WIFIW0": the ports by which a connection enters its own bridge.
-bool is_uplink_node(const std::string& node);
+/// Names of a bridge's ports, in the tree's order.
+std::vector<std::string> nodes_of(const Bridge& bridge);
 
 /// Names of the ports that connections can be given, each once, in byte order: those of all bridges
 /// without the uplinks and "LAN_DEFAULT1". Without any bridge port: LAN1-LAN4, WLAN1-WLAN4.
 std::vector<std::string> assignable_nodes(const std::vector<Bridge>& bridges);
+
+/// True for an uplink and for "LAN_DEFAULT1": several bridges may have such a port.
+bool is_shared_node(const std::string& node);
 
 }  // namespace igdctl
 

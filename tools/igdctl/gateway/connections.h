@@ -21,15 +21,16 @@ struct Connection {
   bool has_bridge() const { return !bridge_path.empty(); }
 };
 
-/// The word that marks the management service in a service list.
-inline constexpr char kManagementService[] = "TR069";
-
 /// All connections, in the tree's order.
 std::vector<Connection> list_connections(MibAccess& tree);
 
-/// The connection that people mean: by its name, its path (the last dot may be left out) or
-/// "<d>.<c>". Throws Failure: kNotFound, with names that are near, or kBadInput when several match.
-Connection find_connection(MibAccess& tree, const std::string& words);
+/// True when the selector is the connection's name, its path (the last dot may be left out) or
+/// "<d>.<c>".
+bool is_selected_by(const Connection& connection, const std::string& selector);
+
+/// The connection that a selector names. Throws Failure: kNotFound, with similar names, or kBadInput
+/// when it names several.
+Connection find_connection(MibAccess& tree, const std::string& selector);
 
 /// "Internet" or, without a name, "1.2".
 std::string title_of(const Connection& connection);

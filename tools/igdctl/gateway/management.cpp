@@ -6,6 +6,11 @@
 
 namespace igdctl {
 
+std::string management_reason(const std::string& title) {
+  return "connection " + in_quotes(title) +
+         " carries the management service: you may lose access to the gateway";
+}
+
 std::vector<ManagementPlace> management_places(MibAccess& tree) {
   std::vector<ManagementPlace> places;
   for (const Connection& connection : list_connections(tree)) {
@@ -19,7 +24,7 @@ std::vector<ManagementPlace> management_places(MibAccess& tree) {
 std::string why_at_stake(const std::vector<ManagementPlace>& places, std::string_view name) {
   for (const ManagementPlace& place : places) {
     if (begins_with(name, place.path) || begins_with(place.path, name)) {
-      return "connection " + in_quotes(place.title) + " carries the management service";
+      return management_reason(place.title);
     }
   }
   return {};

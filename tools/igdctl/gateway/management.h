@@ -10,6 +10,9 @@
 
 namespace igdctl {
 
+/// Why a change of a connection that carries the management service needs consent.
+std::string management_reason(const std::string& title);
+
 struct ManagementPlace {
   std::string title;  ///< of the connection
   std::string path;   ///< of the connection, or of its bridge

@@ -1,14 +1,9 @@
 #include "gateway/names.h"
 
+#include "igd_vocabulary.h"
 #include "term/text.h"
 
 namespace igdctl {
-
-namespace {
-
-constexpr std::string_view kRootPath = "InternetGatewayDevice.";
-
-}  // namespace
 
 std::string parent_of(std::string_view name) {
   if (!name.empty() && name.back() == '.') name.remove_suffix(1);
@@ -22,9 +17,9 @@ std::string_view own_name_of(std::string_view name) {
 }
 
 std::string full_name_of(std::string_view name) {
-  const bool full =
-      begins_with(name, kRootPath) || name == kRootPath.substr(0, kRootPath.size() - 1);
-  return (full ? "" : std::string(kRootPath)) + std::string(name);
+  const std::string root = igd::kRootObject;
+  const bool full = begins_with(name, root) || name == root.substr(0, root.size() - 1);
+  return (full ? "" : root) + std::string(name);
 }
 
 }  // namespace igdctl

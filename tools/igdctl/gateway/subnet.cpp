@@ -18,12 +18,13 @@ std::uint32_t mask_of_prefix(long length) {
 
 bool read_mask(const std::string& mask, Subnet* subnet, std::vector<Problem>* problems) {
   if (!parse_ipv4(mask, &subnet->mask)) {
-    problems->push_back({"the mask is " + in_quotes(mask), "write it like 255.255.255.0"});
+    problems->push_back(
+        {in_quotes(mask) + " is not a subnet mask", "give one such as 255.255.255.0"});
     return false;
   }
   if (is_mask(subnet->mask)) return true;
   problems->push_back({"the mask " + mask + " has a gap between its ones",
-                       "a mask is ones, then zeros: 255.255.255.0"});
+                       "give ones followed by zeros, such as 255.255.255.0"});
   return false;
 }
 
@@ -33,7 +34,7 @@ bool read_prefix(const std::string& length, Subnet* subnet, std::vector<Problem>
   if (valid) subnet->mask = mask_of_prefix(bits);
   if (!valid) {
     problems->push_back(
-        {"the length of the network is " + in_quotes(length), "write a number from 0 to 32"});
+        {in_quotes(length) + " is not a prefix length", "give a number from 0 to 32"});
   }
   return valid;
 }
@@ -54,19 +55,20 @@ bool read_subnet(const std::string& destination, const std::string& mask, Subnet
   const std::string address = destination.substr(0, slash);
   bool valid = parse_ipv4(address, &subnet->address);
   if (!valid) {
-    problems->push_back({"the destination is " + in_quotes(address),
-                         "write an IPv4 address and a length: 198.51.100.0/24"});
+    problems->push_back({in_quotes(address) + " is not an IPv4 address",
+                         "give an address and a prefix length, such as 198.51.100.0/24"});
   }
   if (slash != std::string::npos) {
     if (!mask.empty()) {
-      problems->push_back({"the destination has a length and a mask", "leave out one of them"});
+      problems->push_back(
+          {"the destination has both a prefix length and a mask", "leave out one of them"});
       valid = false;
     }
     return read_prefix(destination.substr(slash + 1), subnet, problems) && valid;
   }
   if (mask.empty()) {
-    problems->push_back(
-        {"the destination has no mask", "write 198.51.100.0/24, or 198.51.100.0 255.255.255.0"});
+    problems->push_back({"the destination has no mask",
+                         "give it as 198.51.100.0/24 or 198.51.100.0 255.255.255.0"});
     return false;
   }
   return read_mask(mask, subnet, problems) && valid;

@@ -18,11 +18,11 @@ struct Subnet {
   bool has_host_bits() const { return network() != address; }
 };
 
-/// The subnet that the tree's two texts mean; false when one is no address, or the mask has gaps.
+/// The subnet that the tree's two texts mean; false when one is not an address, or the mask has gaps.
 bool parse_subnet(const std::string& address, const std::string& mask, Subnet* subnet);
 
-/// What people write: "198.51.100.0/24", or an address and a mask beside it ("" for none). Faults
-/// are appended, and false returned; host bits are no problem.
+/// Reads what people write: "198.51.100.0/24", or an address and a mask ("" for none). Problems are
+/// appended, and false returned; host bits are no problem.
 bool read_subnet(const std::string& destination, const std::string& mask, Subnet* subnet,
                  std::vector<Problem>* problems);
 

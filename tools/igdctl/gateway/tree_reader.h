@@ -11,9 +11,6 @@
 
 namespace igdctl {
 
-inline constexpr char kBridgeTable[] = "InternetGatewayDevice.Layer2Bridging.Bridge.";
-inline constexpr char kWanDeviceTable[] = "InternetGatewayDevice.WANDevice.";
-
 /// The value of a parameter; "" when there is none. For the empty path, that of an object that is
 /// not there, the tree is not asked.
 std::string value_in(MibAccess& tree, const std::string& object_path, std::string_view parameter);

@@ -12,7 +12,7 @@ constexpr int kInternalLevel = 255;
 void require_done(int result, const std::string& what, const std::string& name) {
   if (result == 0) return;
   throw Failure(ExitCode::kPlatform, what + ' ' + in_quotes(name) + " was refused",
-                "igdctl doctor tells whether the tree contradicts itself");
+                "igdctl doctor shows whether the tree contradicts itself");
 }
 
 }  // namespace

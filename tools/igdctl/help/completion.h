@@ -15,23 +15,23 @@ namespace igdctl {
 
 class Session;
 
-/// What can be asked for by `__complete KIND`, beside kNothing.
+/// What `__complete KIND` can be asked for, and kNothing.
 enum class WordKind { kNothing, kConnection, kPort, kBridge, kCheckpoint, kParameter, kFile };
 
 /// What fits at the end of a command line.
 struct Completion {
   std::vector<Candidate> candidates;   ///< commands, options, fixed values
-  WordKind kind = WordKind::kNothing;  ///< words of the tree that fit as well
+  WordKind kind = WordKind::kNothing;  ///< what the tree has that also fits
   std::string before;                  ///< stands before each of those: "--bind-lan=LAN1,"
   std::string prefix;                  ///< how they begin
   std::string store;                   ///< of --store in the line; "" without
 };
 
-/// @param words  those behind "igdctl", the last one perhaps not finished, or ""
+/// @param words  those after "igdctl"; the last one may be unfinished or empty
 Completion complete_line(const CLI::App& root, const std::vector<std::string>& words);
 
-/// The words of a kind in the tree of this run that begin so. None when there is no store or it
-/// cannot be read; a store is never made.
+/// The words of a kind in the tree that begin with `prefix`. None when there is no store or it cannot
+/// be read; a store is never created.
 std::vector<Candidate> words_of_kind(Session& session, WordKind kind, const std::string& prefix);
 
 /// The script for a shell, "bash", "zsh" or "fish"; "" for another one.

@@ -66,7 +66,7 @@ std::vector<Candidate> all_words(Session& session, WordKind kind, const std::str
   return {};
 }
 
-// A word that is not plain text cannot be typed, and a shell must not get it.
+// A word with control characters cannot be typed, and a shell must not get it.
 void print(Output& output, const std::string& before, const std::vector<Candidate>& candidates) {
   for (const Candidate& candidate : candidates) {
     if (candidate.word.empty() || printable(candidate.word) != candidate.word) continue;
@@ -98,7 +98,7 @@ void print_man_page(Session& session, const CLI::App& root, const std::string& n
   }
   const std::string page = man_page(root, name, session.backend().has_store());
   if (page.empty()) {
-    throw Failure(ExitCode::kBadInput, "there is no page " + in_quotes(name),
+    throw Failure(ExitCode::kBadInput, "there is no manual page " + in_quotes(name),
                   "igdctl __man lists them");
   }
   output.raw(page);
@@ -153,7 +153,7 @@ std::vector<Candidate> words_of_kind(Session& session, WordKind kind, const std:
 }
 
 void add_help_commands(CLI::App& root, Session& session) {
-  CLI::App& command = *root.add_subcommand("completion", "The completion script for a shell");
+  CLI::App& command = *root.add_subcommand("completion", "Print the completion script for a shell");
   command.footer("Example:\n  source <(igdctl completion bash)");
   const auto shell = std::make_shared<std::string>();
   command.add_option("SHELL", *shell, "bash, zsh or fish")

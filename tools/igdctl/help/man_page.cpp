@@ -16,27 +16,27 @@ struct Term {
 };
 
 constexpr Term kEnvironment[] = {
-    {"COLUMNS", "Width of tables, instead of the terminal's."},
-    {"NO_COLOR", "When it is set and not empty, nothing is coloured."},
-    {"TERM", "On the terminal \"dumb\" nothing is coloured."},
+    {"COLUMNS", "Width of tables, instead of that of the terminal."},
+    {"NO_COLOR", "If set and not empty, output has no colours."},
+    {"TERM", "If it is \"dumb\", output has no colours."},
 };
 constexpr Term kStoreEnvironment[] = {
-    {"IGD_STORE", "The store's file; \":memory:\" keeps nothing. --store goes before it."},
-    {"XDG_STATE_HOME, HOME", "Where the store is when neither --store nor IGD_STORE says so."},
+    {"IGD_STORE", "The store's file; \":memory:\" keeps nothing. --store takes precedence."},
+    {"XDG_STATE_HOME, HOME", "Folders for the store if neither --store nor IGD_STORE is given."},
 };
 constexpr Term kFiles[] = {
     {"/var/lib/igd/gateway.db", "The store of root."},
     {"~/.local/state/igd/gateway.db", "The store of other users."},
-    {"igdctl.trace", "Where --trace without a file keeps the library's trace. It holds passwords."},
+    {"igdctl.trace", "The library's trace, if --trace names no file. It contains passwords."},
 };
 constexpr char kWithoutStore[] =
     "This build works on the gateway's own configuration tree, which has no store. Commands write "
-    "to it directly and commit once. --dry-run and --confirm are refused with exit status 7, as "
-    "they need a store.";
+    "to the tree directly and commit once. --dry-run and --confirm need a store and are refused "
+    "with exit status 7.";
 constexpr char kWithStore[] =
-    "The tree is kept in a store. Each command that changes it is one change: it is in effect as a "
-    "whole or not at all. --dry-run shows what it would do. --confirm SECONDS takes it back unless "
-    "igdctl store confirm follows in time.";
+    "The configuration tree is kept in a store. Each command changes it as a whole or not at all. "
+    "--dry-run shows what a command would do. --confirm SECONDS reverts its change unless igdctl "
+    "store confirm follows in time.";
 
 std::string page_name_of(const CLI::App& group) { return "igdctl-" + group.get_name(); }
 
@@ -173,10 +173,9 @@ void write_root(Page& page, const CLI::App& root, bool has_store) {
   page.section("DESCRIPTION");
   page.paragraph(has_store ? kWithStore : kWithoutStore);
   page.paragraph(
-      "Results go to standard output, as tables or with --json as one document {\"format\": 1, "
-      "\"kind\": ..., \"data\": ...}. Messages go to standard error: a line with what is wrong, "
-      "and "
-      "one with what to do.");
+      "Results go to standard output: as tables, or with --json as one document {\"format\": 1, "
+      "\"kind\": ..., \"data\": ...}. Messages go to standard error: one line says what is wrong, "
+      "the next what to do.");
   page.section("GROUPS");
   for (const CLI::App* group : shown_commands(root)) {
     page.term(group->get_name(),
@@ -198,7 +197,7 @@ void write_group(Page& page, const CLI::App& root, const CLI::App& group, bool h
   if (commands.empty()) write_command(page, group);
   for (const CLI::App* command : commands) write_command(page, *command);
   page.section("OPTIONS");
-  page.line("These stand before or after the command.");
+  page.line("These may be given before or after the command.");
   write_options(page, root);
 }
 

@@ -11,13 +11,12 @@
 #include "gateway/connections.h"
 #include "gateway/tree_reader.h"
 #include "igd_api.h"
+#include "igd_vocabulary.h"
 #include "term/text.h"
 
 namespace igdctl {
 
 namespace {
-
-constexpr char kHost[] = "InternetGatewayDevice.LANDevice.1.LANHostConfigManagement.";
 
 struct Lan {
   std::string address;
@@ -30,33 +29,26 @@ struct Lan {
 };
 
 Lan read_lan(MibAccess& tree) {
-  const std::string host = kHost;
-  const std::string interface = host + "IPInterface.1.";
+  const std::string host = igd::kLanHostConfig;
+  const std::string interface = igd::kLanIpInterface;
   Lan lan;
   lan.address = igd_c_get_lan_ipaddr();
   lan.mask = value_in(tree, interface, "IPInterfaceSubnetMask");
   lan.addressing = value_in(tree, interface, "IPInterfaceAddressingType");
-  lan.enabled = value_in(tree, interface, "Enable") == "true";
-  lan.dhcp_server = value_in(tree, host, "DHCPServerEnable") == "true";
+  lan.enabled = value_in(tree, interface, "Enable") == igd::kTrue;
+  lan.dhcp_server = value_in(tree, host, "DHCPServerEnable") == igd::kTrue;
   lan.first = value_in(tree, host, "MinAddress");
   lan.last = value_in(tree, host, "MaxAddress");
   return lan;
 }
-
-std::vector<std::string> nodes_of(const Bridge* bridge) {
-  std::vector<std::string> nodes;
-  if (bridge == nullptr) return nodes;
-  for (const Port& port : bridge->ports) nodes.push_back(port.node);
-  return nodes;
-}
-
-Cell switch_cell(bool on) { return {on ? "on" : "off", on ? Style::kGood : Style::kMuted}; }
 
 void show(Session& session) {
   MibAccess& tree = session.tree();
   const Lan lan = read_lan(tree);
   const std::vector<Bridge> bridges = read_bridges(tree);
   const Bridge* const bridge = find_lan_bridge(bridges);
+  const std::vector<std::string> ports =
+      bridge == nullptr ? std::vector<std::string>() : nodes_of(*bridge);
   Output& output = session.output();
   if (output.json()) {
     output.document("lan.show", {{"address", lan.address},
@@ -67,7 +59,7 @@ void show(Session& session) {
                                  {"dhcp_first", lan.first},
                                  {"dhcp_last", lan.last},
                                  {"bridge", bridge == nullptr ? Json(nullptr) : Json(bridge->path)},
-                                 {"ports", nodes_of(bridge)}});
+                                 {"ports", ports}});
     return;
   }
   output.table({{},
@@ -78,14 +70,15 @@ void show(Session& session) {
                  {"DHCP server", switch_cell(lan.dhcp_server)},
                  {"DHCP range", lan.first.empty() ? "" : lan.first + " - " + lan.last},
                  {"bridge", bridge == nullptr ? "" : bridge->name},
-                 {"ports", joined(nodes_of(bridge), " ")}}});
+                 {"ports", joined(ports, " ")}}});
 }
 
 }  // namespace
 
 void add_lan_commands(CLI::App& root, Session& session) {
-  CLI::App& group = add_group(root, "lan", "The household's side: its address and ports");
-  CLI::App& command = add_command(group, "show", "Address, DHCP server and ports", "lan show");
+  CLI::App& group = add_group(root, "lan", "Show the LAN side: its address, DHCP server and ports");
+  CLI::App& command =
+      add_command(group, "show", "Show the LAN address, DHCP server and ports", "lan show");
   command.callback([&session] { session.on_run([&session] { show(session); }); });
 }
 

@@ -46,26 +46,27 @@ const api_route_info* find_route(const std::vector<api_route_info>& routes,
 
 void check_next(const RouteOptions& options, std::vector<Problem>* problems) {
   if (options.by_gateway == options.by_connection) {
-    const std::string number = options.by_gateway ? "two ways" : "no way";
-    problems->push_back({"the route has " + number + " to go",
-                         "name one: --gateway ADDRESS or --connection CONNECTION"});
+    problems->push_back({options.by_gateway ? "the route has both a gateway and a connection"
+                                            : "the route has neither a gateway nor a connection",
+                         "give one of --gateway ADDRESS and --connection CONNECTION"});
   }
   std::uint32_t address = 0;
   if (!options.by_gateway) return;
   const bool valid = parse_ipv4(options.gateway, &address) && is_host_address(address);
   if (valid) return;
-  problems->push_back({"the gateway is " + in_quotes(options.gateway),
-                       "write the IPv4 address of a host, such as 192.0.2.1"});
+  problems->push_back({in_quotes(options.gateway) + " is not the address of a gateway",
+                       "give the IPv4 address of a host, such as 192.0.2.1"});
 }
 
-// The record of what the user wants; every problem that needs no tree is found at once.
+// The route that the user wants; every problem that needs no tree is found at once.
 api_route_info wanted_route(const RouteOptions& options) {
   std::vector<Problem> problems;
   Subnet subnet;
   const bool valid = read_subnet(options.destination, options.mask, &subnet, &problems);
   if (valid && subnet.has_host_bits()) {
-    problems.push_back({"the destination " + text_of(subnet) + " is no network: it has host bits",
-                        "its network is " + text_of({subnet.network(), subnet.mask})});
+    problems.push_back(
+        {"the destination " + text_of(subnet) + " is not a network: it has host bits",
+         "give its network, " + text_of({subnet.network(), subnet.mask})});
   }
   check_next(options, &problems);
   fail_on(problems);
@@ -84,9 +85,9 @@ void set_connection(const Connection& connection, api_route_info* route) {
       !connection.name.empty() && igd_wan_get_id_by_name(connection.name) == connection.path;
   if (!found) {
     throw Failure(ExitCode::kRefused,
-                  "a route names its connection, and " + in_quotes(title_of(connection)) +
-                      " has no name of its own",
-                  "give it one with igdctl wan set " + connection.id + " --name NAME");
+                  "a route refers to its connection by name, and " +
+                      in_quotes(title_of(connection)) + " has no name of its own",
+                  "name it with igdctl wan set " + connection.id + " --name NAME");
   }
   route->interface = connection.name;
 }
@@ -123,10 +124,11 @@ void add(Session& session, const RouteOptions& options) {
                                      const std::string& destination) {
   std::vector<std::string> names;
   for (const api_route_info& route : routes) {
-    names.push_back(in_quotes(route.dest_ip + ' ' + route.dest_mask));
+    names.push_back(route.dest_ip + ' ' + route.dest_mask);
   }
-  throw Failure(ExitCode::kNotFound, "there is no route to " + destination,
-                names.empty() ? "there is none at all" : "there are " + joined(names, ", "));
+  throw Failure(
+      ExitCode::kNotFound, "there is no route to " + destination,
+      names.empty() ? "there are no static routes" : "the routes are " + quoted_list(names));
 }
 
 // As the tree spells it, so that a route with an unusual text can go; else as a subnet.
@@ -169,10 +171,10 @@ void clear(Session& session, const ChangeOptions& options) {
       change.makes_no_difference();
       return;
     }
-    change.needs_consent("this removes all static routes, " + std::to_string(count) + " of them");
+    change.needs_consent("this removes all " + std::to_string(count) + " static routes");
     if (igd_clear_static_route() == 0) return;
     throw Failure(ExitCode::kPlatform, "the platform refused to clear the routes",
-                  "see igdctl route list for what is left");
+                  "igdctl route list shows what is left");
   });
   change.report(outcome, "Removed all static routes: " + std::to_string(count));
 }
@@ -180,9 +182,10 @@ void clear(Session& session, const ChangeOptions& options) {
 void add_destination(CLI::App& command, RouteOptions& options) {
   command
       .add_option("DESTINATION", options.destination,
-                  "A network: 198.51.100.0/24, or its address with the mask after it")
+                  "A network: 198.51.100.0/24, or its address followed by a mask")
       ->required();
-  command.add_option("MASK", options.mask, "255.255.255.0, when the destination has no length");
+  command.add_option("MASK", options.mask,
+                     "255.255.255.0; only if the destination has no prefix length");
 }
 
 }  // namespace
@@ -197,9 +200,9 @@ void add_route_add(CLI::App& group, Session& session) {
       command.add_option("--gateway", options->gateway, "Address of the next hop")
           ->type_name("ADDRESS");
   CLI::Option* const connection =
-      command.add_option("--connection", options->connection, "The connection that it goes by")
+      command.add_option("--connection", options->connection, "The connection that carries it")
           ->type_name("CONNECTION");
-  command.add_flag("--disabled", options->disabled, "Keep it in the list without effect");
+  command.add_flag("--disabled", options->disabled, "Keep the route in the list without effect");
   add_change_options(command, session, options->change);
   command.callback([&session, options, gateway, connection] {
     options->by_gateway = gateway->count() > 0;

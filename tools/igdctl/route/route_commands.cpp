@@ -14,8 +14,6 @@ namespace igdctl {
 
 namespace {
 
-Json text_or_null(const std::string& text) { return text.empty() ? Json(nullptr) : Json(text); }
-
 Json json_of(const api_route_info& route, const std::vector<Connection>& connections) {
   Subnet subnet;
   const bool valid = parse_subnet(route.dest_ip, route.dest_mask, &subnet);
@@ -36,12 +34,10 @@ std::string destination_of(const api_route_info& route) {
 }
 
 std::vector<Cell> row_of(const api_route_info& route, const std::vector<Connection>& connections) {
-  const bool enabled = route.enable != 0;
   const bool by_gateway = route.route_type == kIgdRouteByGateway;
-  return {destination_of(route),
-          by_gateway ? "gateway" : "connection",
+  return {destination_of(route), by_gateway ? "gateway" : "connection",
           by_gateway ? route.gateway : title_of_path(connections, route.interface),
-          {enabled ? "on" : "off", enabled ? Style::kGood : Style::kMuted}};
+          switch_cell(route.enable != 0)};
 }
 
 void list(Session& session) {
@@ -59,7 +55,7 @@ void list(Session& session) {
   if (output.json()) {
     output.document("route.list", data);
   } else if (table.rows.empty()) {
-    output.done("There are no static routes. Make one with igdctl route add");
+    output.done("There are no static routes. Add one with igdctl route add");
   } else {
     output.table(table);
   }
@@ -68,8 +64,9 @@ void list(Session& session) {
 }  // namespace
 
 void add_route_commands(CLI::App& root, Session& session) {
-  CLI::App& group = add_group(root, "route", "Static routes: see, add, remove");
-  CLI::App& command = add_command(group, "list", "One line for each static route", "route list");
+  CLI::App& group = add_group(root, "route", "Show and change the static routes");
+  CLI::App& command =
+      add_command(group, "list", "List the static routes, one per line", "route list");
   command.callback([&session] { session.on_run([&session] { list(session); }); });
   add_route_add(group, session);
   add_route_remove(group, session);

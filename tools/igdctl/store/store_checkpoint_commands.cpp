@@ -26,7 +26,7 @@ void require_checkpoint(host::Store& store, const std::string& name,
 
 void make(Session& session, const std::string& name) {
   require(store_of(session).make_checkpoint(name));
-  report_done(session.output(), "Kept the present state as checkpoint " + in_quotes(name));
+  report_done(session.output(), "Saved the present state as checkpoint " + in_quotes(name));
 }
 
 void list(Session& session) {
@@ -34,7 +34,7 @@ void list(Session& session) {
   const std::vector<host::Checkpoint> checkpoints = store_of(session).checkpoints(&result);
   require(result);
   Json data = Json::array();
-  Table table{{"NAME", "MADE", "GENERATION"}, {}};
+  Table table{{"NAME", "SAVED", "GENERATION"}, {}};
   for (const host::Checkpoint& checkpoint : checkpoints) {
     if (checkpoint.automatic) continue;
     data.push_back({{"name", checkpoint.name},
@@ -46,7 +46,7 @@ void list(Session& session) {
   Output& output = session.output();
   if (output.json()) return output.document("store.checkpoints", data);
   if (table.rows.empty()) {
-    return output.done("There are no checkpoints. Make one with igdctl store checkpoint NAME");
+    return output.done("There are no checkpoints. Save one with igdctl store checkpoint NAME");
   }
   output.table(table);
 }
@@ -56,7 +56,7 @@ void remove(Session& session, const std::string& name) {
   const host::StoreResult result = store.delete_checkpoint(name);
   if (result.error == host::StoreError::kBadName && !name.empty() && name[0] == '@') {
     throw Failure(ExitCode::kBadInput, in_quotes(name) + " is an automatic checkpoint",
-                  "it goes by itself when 20 newer changes are there");
+                  "leave it: it is deleted after 20 newer changes");
   }
   require_checkpoint(store, name, result);
   report_done(session.output(), "Deleted checkpoint " + in_quotes(name));
@@ -73,11 +73,11 @@ void restore(Session& session, const RestoreOptions& options) {
 }
 
 void add_list_and_delete(CLI::App& command, Session& session) {
-  CLI::App& all = add_command(command, "list", "The checkpoints that were made by name",
-                              "store checkpoint list");
+  CLI::App& all =
+      add_command(command, "list", "List the named checkpoints", "store checkpoint list");
   all.callback([&session] { session.on_run([&session] { list(session); }); });
   CLI::App& gone =
-      add_command(command, "delete", "Forget a checkpoint", "store checkpoint delete before-vlan");
+      add_command(command, "delete", "Delete a checkpoint", "store checkpoint delete before-vlan");
   const auto name = std::make_shared<std::string>();
   gone.add_option("CHECKPOINT", *name, "Its name")->required();
   gone.callback([&session, name] { session.on_run([&session, name] { remove(session, *name); }); });
@@ -86,9 +86,9 @@ void add_list_and_delete(CLI::App& command, Session& session) {
 }  // namespace
 
 void add_store_checkpoint(CLI::App& group, Session& session) {
-  CLI::App& command =
-      add_command(group, "checkpoint", "Keep the present state under a name, list or delete those",
-                  "store checkpoint before-vlan");
+  CLI::App& command = add_command(
+      group, "checkpoint", "Save the present state as a checkpoint, list or delete checkpoints",
+      "store checkpoint before-vlan");
   command.require_subcommand(0, 1);
   const auto name = std::make_shared<std::string>();
   command.add_option("NAME", *name, "1 to 64 letters, digits, dots, underscores and hyphens");
@@ -104,10 +104,11 @@ void add_store_checkpoint(CLI::App& group, Session& session) {
 
 void add_store_restore(CLI::App& group, Session& session) {
   CLI::App& command =
-      add_command(group, "restore", "Bring the state of a checkpoint back, as one more change",
+      add_command(group, "restore", "Restore the state of a checkpoint, as a new change",
                   "store restore before-vlan --dry-run");
   const auto options = std::make_shared<RestoreOptions>();
-  command.add_option("CHECKPOINT", options->name, "Its name, @N for an automatic one")->required();
+  command.add_option("CHECKPOINT", options->name, "Its name, or @N for an automatic one")
+      ->required();
   add_change_options(command, session, options->change);
   command.callback(
       [&session, options] { session.on_run([&session, options] { restore(session, *options); }); });

@@ -26,7 +26,7 @@ void show_path(Session& session) {
 
 void add_path(CLI::App& group, Session& session) {
   CLI::App& command =
-      add_command(group, "path", "Where the store is; it is not opened", "store path");
+      add_command(group, "path", "Show where the store is, without opening it", "store path");
   command.callback([&session] { session.on_run([&session] { show_path(session); }); });
 }
 
@@ -34,7 +34,7 @@ void add_path(CLI::App& group, Session& session) {
 
 void add_store_commands(CLI::App& root, Session& session) {
   CLI::App& group =
-      add_group(root, "store", "The store: dumps, checkpoints, history, confirmation");
+      add_group(root, "store", "Export, import and restore the tree, confirm changes");
   add_path(group, session);
   add_store_import(group, session);
   add_store_export(group, session);
@@ -60,11 +60,8 @@ void report_done(Output& output, const std::string& what) {
 Failure unknown_checkpoint(host::Store& store, const std::string& name) {
   std::vector<std::string> names;
   for (const host::Checkpoint& checkpoint : store.checkpoints()) names.push_back(checkpoint.name);
-  std::vector<std::string> near = near_names(name, names);
-  for (std::string& candidate : near) candidate = in_quotes(candidate);
   return {ExitCode::kNotFound, "there is no checkpoint " + in_quotes(name),
-          near.empty() ? "igdctl store history lists them"
-                       : "did you mean " + joined(near, " or ") + "?"};
+          did_you_mean(name, names, "igdctl store history lists the checkpoints")};
 }
 
 }  // namespace igdctl

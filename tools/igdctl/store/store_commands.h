@@ -35,11 +35,11 @@ host::Store& store_of(Session& session);
 void replace_tree(Session& session, Change& change,
                   const std::function<void(host::Store&)>& replace);
 
-/// Tells that something was done which is no change of the tree: a sentence, or {"result": "done",
+/// Reports something that did not change the tree: as a sentence, or as {"result": "done",
 /// "what": ..., "overridden": []}.
 void report_done(Output& output, const std::string& what);
 
-/// For the result kNoCheckpoint of a call: names that were meant.
+/// The failure for the result kNoCheckpoint of a call, with similar names.
 Failure unknown_checkpoint(host::Store& store, const std::string& name);
 
 }  // namespace igdctl

@@ -19,7 +19,7 @@ struct ExportOptions {
 void require_export(const host::ExportResult& result) {
   if (result.ok) return;
   throw Failure(ExitCode::kBadInput, result.error,
-                "name a file in a folder that you may write to, or - for standard output");
+                "give a file in a folder that you can write to, or - for standard output");
 }
 
 bool ends_with(const std::string& text, const std::string& end) {
@@ -35,8 +35,8 @@ std::string format_of(const ExportOptions& options, bool json) {
 void export_to_stdout(Session& session, const std::string& format) {
   Output& output = session.output();
   if (output.json() && format == "csv") {
-    throw Failure(ExitCode::kBadInput, "--json and --format csv contradict each other",
-                  "leave one of them out, or name a FILE for the CSV");
+    throw Failure(ExitCode::kBadInput, "--json and --format csv exclude each other",
+                  "leave out one of them, or give a FILE for the CSV");
   }
   std::ostringstream text;
   const host::Tree& tree = host::active_tree();
@@ -46,7 +46,7 @@ void export_to_stdout(Session& session, const std::string& format) {
   } else {
     output.raw(text.str());
   }
-  output.warn("this dump holds passwords in clear; igdctl tree dump shows stars instead");
+  output.warn("this dump contains passwords in clear text; igdctl tree dump shows stars instead");
 }
 
 void export_to_file(Session& session, const std::string& file, const std::string& format) {
@@ -62,7 +62,7 @@ void export_to_file(Session& session, const std::string& file, const std::string
                                      {"parameters", result.parameters}});
   }
   output.done("Exported " + std::to_string(result.parameters) + " parameters to " +
-              in_quotes(file) + "; only you can read it, as it holds passwords in clear");
+              in_quotes(file) + "; only you can read it, as it contains passwords in clear text");
 }
 
 void export_tree(Session& session, const ExportOptions& options) {
@@ -76,18 +76,18 @@ void export_tree(Session& session, const ExportOptions& options) {
 }  // namespace
 
 void add_store_export(CLI::App& group, Session& session) {
-  CLI::App& command =
-      add_command(group, "export", "Write the whole tree, passwords in clear, as CSV or JSON",
-                  "store export gateway.csv");
+  CLI::App& command = add_command(
+      group, "export", "Write the whole tree as CSV or JSON, with passwords in clear text",
+      "store export gateway.csv");
   const auto options = std::make_shared<ExportOptions>();
   command
       .add_option("FILE", options->file,
-                  "Gets mode 0600, and replaces a file that is there; standard output when left "
-                  "out")
+                  "Written with mode 0600, over a file that exists; if left out, standard output")
       ->type_name("FILE");
   command
-      .add_option("--format", options->format,
-                  "csv, which store import reads, or json; json for FILE.json when left out")
+      .add_option(
+          "--format", options->format,
+          "csv, which store import reads, or json; if left out, json for FILE.json, else csv")
       ->check(CLI::IsMember({"csv", "json"}))
       ->type_name("FORMAT");
   command.callback([&session, options] {

@@ -42,7 +42,7 @@ void require_difference(host::Store& store, const DiffOptions& options,
   throw unknown_checkpoint(store, options.from);
 }
 
-std::string state_words(const std::string& name) {
+std::string title_of_state(const std::string& name) {
   return name.empty() ? "now" : "checkpoint " + in_quotes(name);
 }
 
@@ -60,7 +60,7 @@ void diff(Session& session, DiffOptions options) {
                  {"difference", json_of(difference, secrets)}};
     return output.document("store.diff", data);
   }
-  output.done("From " + state_words(options.from) + " to " + state_words(options.to));
+  output.done("From " + title_of_state(options.from) + " to " + title_of_state(options.to));
   output.raw(text_of(difference, secrets));
 }
 
@@ -92,7 +92,7 @@ void show_json(Output& output, const host::Store& store,
 void show_text(Output& output, const std::optional<host::PendingChange>& pending,
                const std::vector<host::Checkpoint>& checkpoints) {
   Table changes{{"CHANGED", "BY", "STATE BEFORE"}, {}};
-  Table named{{"CHECKPOINT", "MADE"}, {}};
+  Table named{{"CHECKPOINT", "SAVED"}, {}};
   for (const host::Checkpoint& checkpoint : checkpoints) {
     const std::string time = local_time_text(checkpoint.time);
     if (checkpoint.automatic) {
@@ -103,11 +103,11 @@ void show_text(Output& output, const std::optional<host::PendingChange>& pending
   }
   if (pending) {
     constexpr std::int64_t kSecond = 1000;
-    output.line("The change " + in_quotes(pending->label) + " is taken back in " +
+    output.line("The change " + in_quotes(pending->label) + " will be reverted in " +
                 std::to_string((pending->milliseconds_left + kSecond - 1) / kSecond) +
                 " seconds unless you run: igdctl store confirm");
   }
-  if (changes.rows.empty()) output.done("There were no changes yet");
+  if (changes.rows.empty()) output.done("There have been no changes yet");
   if (!changes.rows.empty()) output.table(changes);
   if (named.rows.empty()) return;
   output.raw("\n");
@@ -134,39 +134,39 @@ void end_pending(Session& session, host::StoreResult (host::Store::*end)(),
 }  // namespace
 
 void add_store_diff(CLI::App& group, Session& session) {
-  CLI::App& command =
-      add_command(group, "diff", "What is different between two states", "store diff before-vlan");
+  CLI::App& command = add_command(group, "diff", "Show the difference between two states",
+                                  "store diff before-vlan");
   const auto options = std::make_shared<DiffOptions>();
   command
       .add_option("FROM", options->from,
-                  "A checkpoint; the state before the last change when left out")
+                  "A checkpoint; if left out, the state before the last change")
       ->type_name("CHECKPOINT");
-  command.add_option("TO", options->to, "A checkpoint; now when left out")->type_name("CHECKPOINT");
+  command.add_option("TO", options->to, "A checkpoint; if left out, the present state")
+      ->type_name("CHECKPOINT");
   command.callback(
       [&session, options] { session.on_run([&session, options] { diff(session, *options); }); });
 }
 
 void add_store_history(CLI::App& group, Session& session) {
-  CLI::App& command =
-      add_command(group, "history", "The last 20 changes, the checkpoints, and what is pending",
-                  "store history");
+  CLI::App& command = add_command(
+      group, "history", "Show the last 20 changes, the checkpoints and any pending change",
+      "store history");
   command.callback([&session] { session.on_run([&session] { history(session); }); });
 }
 
 void add_store_confirm(CLI::App& group, Session& session) {
   CLI::App& command =
-      add_command(group, "confirm", "Keep the change that waits for it", "store confirm");
+      add_command(group, "confirm", "Keep the change that waits for confirmation", "store confirm");
   command.callback([&session] {
     session.on_run([&session] { end_pending(session, &host::Store::confirm, "Confirmed"); });
   });
 }
 
 void add_store_revert(CLI::App& group, Session& session) {
-  CLI::App& command =
-      add_command(group, "revert", "Take the change that waits for its confirmation back at once",
-                  "store revert");
+  CLI::App& command = add_command(
+      group, "revert", "Revert the change that waits for confirmation at once", "store revert");
   command.callback([&session] {
-    session.on_run([&session] { end_pending(session, &host::Store::revert, "Took back"); });
+    session.on_run([&session] { end_pending(session, &host::Store::revert, "Reverted"); });
   });
 }
 

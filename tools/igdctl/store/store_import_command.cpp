@@ -50,8 +50,8 @@ host::ImportResult import(host::Tree& tree, const std::string& dump, const std::
   const std::size_t first = dump.find_first_not_of(" \t\r\n");
   const bool is_json = first != std::string::npos && dump[first] == '{';
   throw Failure(ExitCode::kBadInput, result.error,
-                is_json ? "JSON is for programs that look at a tree; import a CSV dump"
-                        : "mend the dump; nothing was changed");
+                is_json ? "import a CSV dump; JSON dumps cannot be imported"
+                        : "correct the dump; nothing was changed");
 }
 
 Json json_of(const host::ImportResult& result) {
@@ -76,11 +76,11 @@ void show(Output& output, const host::ImportResult& result, bool all_notes) {
       all_notes ? result.notes.size() : std::min(result.notes.size(), kNotesShown);
   output.table({{},
                 {{"objects", std::to_string(result.objects)},
-                 {"values taken", std::to_string(result.parameters)},
-                 {"values kept beside the data model", std::to_string(result.extensions)},
-                 {"booleans changed to true or false", std::to_string(result.booleans)},
+                 {"values", std::to_string(result.parameters)},
+                 {"values outside the data model", std::to_string(result.extensions)},
+                 {"booleans rewritten as true or false", std::to_string(result.booleans)},
                  {"counts computed", std::to_string(result.counts)},
-                 {"rows of other roots skipped", std::to_string(result.foreign)}}});
+                 {"rows below other roots, skipped", std::to_string(result.foreign)}}});
   Table table{{"NOTE", "NAME", "WHAT", "WHY"}, {}};
   for (std::size_t i = 0; i < shown; ++i) {
     const host::ImportNote& note = result.notes[i];
@@ -89,7 +89,7 @@ void show(Output& output, const host::ImportResult& result, bool all_notes) {
   if (shown > 0) output.table(table);
   if (shown == result.notes.size()) return;
   output.line("and " + std::to_string(result.notes.size() - shown) +
-              " more notes, which --verbose shows");
+              " more notes; --verbose shows all");
 }
 
 // The name that the store gives the next damaged file.
@@ -162,16 +162,17 @@ void replace_tree(Session& session, Change& change,
 }
 
 void add_store_import(CLI::App& group, Session& session) {
-  CLI::App& command = add_command(group, "import", "Replace the tree by a CSV dump of a gateway",
-                                  "store import gateway.csv --dry-run");
+  CLI::App& command =
+      add_command(group, "import", "Replace the whole tree with a CSV dump of a gateway",
+                  "store import gateway.csv --dry-run");
   const auto options = std::make_shared<ImportOptions>();
   command.add_option("FILE", options->file, "The dump, - for standard input")
       ->required()
       ->type_name("FILE");
   add_change_options(command, session, options->change);
-  CLI::Option* const aside =
-      command.add_flag("--keep-corrupt-aside", options->keep_corrupt_aside,
-                       "Rename a damaged store to FILE.corrupt-N and start anew from the dump");
+  CLI::Option* const aside = command.add_flag(
+      "--keep-corrupt-aside", options->keep_corrupt_aside,
+      "Rename a damaged store to FILE.corrupt-N and start a new one from the dump");
   aside->excludes("--dry-run");
   command.callback([&session, options] {
     session.on_run([&session, options] { import_file(session, *options); });

@@ -15,16 +15,16 @@ namespace igdctl {
 /// (printable() of text.h), as they go to people.
 struct Problem {
   std::string message;
-  std::string hint;  ///< what mends it
+  std::string hint;  ///< what to do about it
 };
 
-/// Thrown once by a command. Faults that can be found together are collected before and thrown
-/// together, so that people mend them in one go.
+/// Thrown once by a command. Problems that can be found together are collected and thrown together,
+/// so that people can solve them in one go.
 struct Failure : std::exception {
-  Failure(ExitCode exit_code, std::vector<Problem> all_faults)
-      : code(exit_code), problems(std::move(all_faults)) {}
-  Failure(ExitCode exit_code, std::string what_is_wrong, std::string what_to_do)
-      : code(exit_code), problems{{std::move(what_is_wrong), std::move(what_to_do)}} {}
+  Failure(ExitCode exit_code, std::vector<Problem> all_problems)
+      : code(exit_code), problems(std::move(all_problems)) {}
+  Failure(ExitCode exit_code, std::string message, std::string hint)
+      : code(exit_code), problems{{std::move(message), std::move(hint)}} {}
   const char* what() const noexcept override {
     return problems.empty() ? "" : problems.front().message.c_str();
   }

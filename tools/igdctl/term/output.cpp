@@ -39,6 +39,10 @@ Cell::Cell(std::string cell_text, Style cell_style)
     : text(std::move(cell_text)), style(cell_style) {}
 Cell::Cell(const char* cell_text) : text(cell_text) {}
 
+Cell switch_cell(bool on) { return {on ? "on" : "off", on ? Style::kGood : Style::kMuted}; }
+
+Json text_or_null(const std::string& text) { return text.empty() ? Json(nullptr) : Json(text); }
+
 Page page_of(std::FILE* stream) {
   Page page;
   const int descriptor = fileno(stream);
@@ -83,7 +87,7 @@ void Output::finish() {
   const bool failed = std::fflush(results_) != 0 || std::ferror(results_) != 0;
   if (!failed) return;
   throw Failure(ExitCode::kFailed, "the results could not be written to standard output",
-                "see whether its disk is full or its reader went away");
+                "check whether the disk is full, or whether the program that reads it has ended");
 }
 
 }  // namespace igdctl

@@ -32,6 +32,12 @@ struct Cell {
   Style style = Style::kPlain;
 };
 
+/// "on" or "off".
+Cell switch_cell(bool on);
+
+/// The text for programs; null for the empty one.
+Json text_or_null(const std::string& text);
+
 struct Table {
   std::vector<std::string> headings;    ///< empty: a table without a heading line
   std::vector<std::vector<Cell>> rows;  ///< each as long as the others

@@ -11,6 +11,7 @@ namespace igdctl {
 namespace {
 
 constexpr std::uint32_t kInvalid = 0xffffffff;
+constexpr std::string_view kHexadecimalDigits = "0123456789abcdef";
 
 struct Range {
   std::uint32_t first;
@@ -84,12 +85,7 @@ std::string escaped(std::string_view bytes) {
   if (bytes == "\r") return "\\r";
   if (bytes == "\t") return "\\t";
   std::string text;
-  for (const char byte : bytes) {
-    constexpr char kDigits[] = "0123456789abcdef";
-    constexpr unsigned kBase = 16;
-    const auto value = static_cast<unsigned char>(byte);
-    text += {'\\', 'x', kDigits[value / kBase], kDigits[value % kBase]};
-  }
+  for (std::size_t i = 0; i < bytes.size(); ++i) text += "\\x" + hexadecimal(bytes.substr(i, 1));
   return text;
 }
 
@@ -200,6 +196,21 @@ bool is_utf8(std::string_view text) {
   return true;
 }
 
+std::string hexadecimal(std::string_view bytes) {
+  constexpr unsigned kBase = 16;
+  std::string text;
+  for (const char byte : bytes) {
+    const auto value = static_cast<unsigned char>(byte);
+    text += {kHexadecimalDigits[value / kBase], kHexadecimalDigits[value % kBase]};
+  }
+  return text;
+}
+
+int hexadecimal_digit(char letter) {
+  const std::size_t digit = kHexadecimalDigits.find(lower_case({&letter, 1}));
+  return digit == std::string_view::npos ? -1 : static_cast<int>(digit);
+}
+
 bool parse_number(std::string_view text, long low, long high, long* number) {
   constexpr std::size_t kMostDigits = 9;
   constexpr long kBase = 10;
@@ -233,6 +244,24 @@ std::vector<std::string> near_names(std::string_view word,
     if (names.size() < kMost) names.push_back(std::move(entry.second));
   }
   return names;
+}
+
+std::string did_you_mean(const std::vector<std::string>& near, std::string_view otherwise) {
+  if (near.empty()) return std::string(otherwise);
+  std::vector<std::string> quoted;
+  for (const std::string& name : near) quoted.push_back(in_quotes(name));
+  return "did you mean " + joined(quoted, " or ") + "?";
+}
+
+std::string did_you_mean(std::string_view word, const std::vector<std::string>& candidates,
+                         std::string_view otherwise) {
+  return did_you_mean(near_names(word, candidates), otherwise);
+}
+
+std::string quoted_list(const std::vector<std::string>& texts) {
+  std::vector<std::string> quoted;
+  for (const std::string& text : texts) quoted.push_back(in_quotes(text));
+  return joined(quoted, ", ");
 }
 
 }  // namespace igdctl

@@ -32,6 +32,12 @@ std::string_view trimmed(std::string_view text);
 std::string lower_case(std::string_view text);  ///< ASCII letters only
 bool is_utf8(std::string_view text);
 
+/// Two digits, in lower case, for each byte.
+std::string hexadecimal(std::string_view bytes);
+
+/// 0 to 15; -1 for a letter that is no hexadecimal digit.
+int hexadecimal_digit(char letter);
+
 /// The whole text as a decimal number without sign, from `low` to `high`; false otherwise.
 bool parse_number(std::string_view text, long low, long high, long* number);
 
@@ -39,6 +45,17 @@ bool parse_number(std::string_view text, long low, long high, long* number);
 /// first, at most three.
 std::vector<std::string> near_names(std::string_view word,
                                     const std::vector<std::string>& candidates);
+
+/// "did you mean "Internet" or "Internet2"?": a hint for an unknown word; `otherwise` when no
+/// candidate is near.
+std::string did_you_mean(std::string_view word, const std::vector<std::string>& candidates,
+                         std::string_view otherwise);
+
+/// The same for candidates that are known to be near.
+std::string did_you_mean(const std::vector<std::string>& near, std::string_view otherwise);
+
+/// The texts in double quotes, with ", " between them.
+std::string quoted_list(const std::vector<std::string>& texts);
 
 }  // namespace igdctl
 

@@ -54,7 +54,7 @@ void draw(Session& session, const std::string& format) {
   Output& output = session.output();
   if (output.json()) {
     if (!format.empty()) {
-      throw Failure(ExitCode::kBadInput, "--json and --format are two forms of one result",
+      throw Failure(ExitCode::kBadInput, "--json and --format exclude each other",
                     "leave out one of them");
     }
     output.document("topology", json_of(topology));
@@ -70,8 +70,8 @@ void draw(Session& session, const std::string& format) {
 }  // namespace
 
 void add_topology_command(CLI::App& root, Session& session) {
-  CLI::App& command = add_command(root, "topology", "Who is joined to what, drawn",
-                                  "topology --format svg >gateway.svg");
+  CLI::App& command = add_command(root, "topology", "Draw uplinks, connections, bridges and ports",
+                                  "topology --format svg > gateway.svg");
   const auto format = std::make_shared<std::string>();
   command.add_option("--format", *format, "text, dot or svg")
       ->check(CLI::IsMember({"text", "dot", "svg"}))

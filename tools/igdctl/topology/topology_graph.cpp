@@ -3,6 +3,7 @@
 #include <map>
 #include <utility>
 
+#include "igd_vocabulary.h"
 #include "term/text.h"
 
 namespace igdctl {
@@ -15,7 +16,7 @@ class GraphBuilder {
     for (const Uplink& uplink : topology.uplinks) add_uplink(uplink);
     if (topology.has_lan) add_lan_bridge(topology);
     for (const OtherBridge& bridge : topology.others) {
-      const std::size_t node = add(kBridgeColumn, {bridge.title, bridge.vlan, "no connection's"});
+      const std::size_t node = add(kBridgeColumn, {bridge.title, bridge.vlan, "no connection"});
       for (const std::string& port : bridge.ports) add_port(node, port, kNoColour, false);
     }
     return std::move(graph_);
@@ -50,12 +51,12 @@ class GraphBuilder {
     const std::size_t bridge = add(kBridgeColumn, {connection.bridge_name, link.vlan}, colour);
     graph_.edges.push_back({node, bridge, colour, false});
     for (const std::string& port : link.own_ports) {
-      if (!is_uplink_node(port)) add_port(bridge, port, colour, false);
+      if (!igd::is_wan_side_port(port)) add_port(bridge, port, colour, false);
     }
   }
 
   void add_lan_bridge(const Topology& topology) {
-    const std::size_t bridge = add(kBridgeColumn, {kLanBridge, "LAN bridge"});
+    const std::size_t bridge = add(kBridgeColumn, {igd::kLanBridgeName, "LAN bridge"});
     for (const LanPort& port : topology.lan_ports) {
       const auto found = colours_.find(port.bound_to);
       const int colour = found == colours_.end() ? kNoColour : found->second.first;

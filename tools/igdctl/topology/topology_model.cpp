@@ -9,15 +9,9 @@ namespace igdctl {
 
 namespace {
 
-std::vector<std::string> nodes_of(const Bridge& bridge) {
-  std::vector<std::string> nodes;
-  for (const Port& port : bridge.ports) nodes.push_back(port.node);
-  return nodes;
-}
-
 std::string vlan_label(const Bridge& bridge) {
-  const std::string words = vlan_words(bridge);
-  return words == "untagged" ? words : "VLAN " + words;
+  const Json vlan = vlan_json(bridge);
+  return vlan.is_null() ? vlan_text(bridge) : "VLAN " + vlan_text(bridge);
 }
 
 Link link_of(const DescribedConnection& described, const std::vector<Bridge>& bridges) {
@@ -65,7 +59,7 @@ bool is_own(const std::vector<DescribedConnection>& connections, const Bridge& b
 Json json_of(const LanPort& port) {
   return {{"port", port.node},
           {"vlan", port.vlan},
-          {"bound_to_path", port.bound_to.empty() ? Json(nullptr) : Json(port.bound_to)},
+          {"bound_to_path", text_or_null(port.bound_to)},
           {"missing", port.is_missing}};
 }
 

@@ -1,4 +1,4 @@
-/// Who is joined to what: uplinks, connections, bridges, ports.
+/// How uplinks, connections, bridges and ports belong together.
 #ifndef IGDCTL_TOPOLOGY_MODEL_H
 #define IGDCTL_TOPOLOGY_MODEL_H
 
@@ -11,7 +11,7 @@
 
 namespace igdctl {
 
-/// A connection with the words that stand beside its name.
+/// A connection with what is shown beside its name.
 struct DescribedConnection {
   Connection connection;
   std::string kind;  ///< "routed dhcp"
@@ -22,7 +22,7 @@ struct LanPort {
   std::string node;
   std::string vlan;         ///< its own VLAN when it is bound
   std::string bound_to;     ///< path of the connection that it is bound to; "" for none
-  bool is_missing = false;  ///< the connection is not there
+  bool is_missing = false;  ///< there is no such connection
 };
 
 struct Link {
@@ -40,7 +40,7 @@ struct Uplink {
   std::vector<Link> links;
 };
 
-/// A bridge that is no connection's own.
+/// A bridge that no connection owns.
 struct OtherBridge {
   std::string title;
   std::string path;

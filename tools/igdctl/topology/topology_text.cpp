@@ -2,6 +2,7 @@
 #include <utility>
 #include <vector>
 
+#include "igd_vocabulary.h"
 #include "term/text.h"
 #include "topology/topology_model.h"
 
@@ -30,7 +31,7 @@ std::string title_of_bound(const Topology& topology, const LanPort& port) {
       if (link.connection.path == port.bound_to) return title_of(link.connection);
     }
   }
-  return port.bound_to + ", which is not there";
+  return port.bound_to + " (missing)";
 }
 
 std::string with_vlan(const LanPort& port) {
@@ -43,11 +44,11 @@ std::string ports_of(const std::vector<std::string>& ports) {
 
 Branch branch_of(const Link& link) {
   const Connection& connection = link.connection;
-  std::vector<std::string> words = {connection.id};
-  for (const std::string* const word : {&link.kind, &connection.service, &link.vlan}) {
-    if (!word->empty()) words.push_back(*word);
+  std::vector<std::string> details = {connection.id};
+  for (const std::string* const detail : {&link.kind, &connection.service, &link.vlan}) {
+    if (!detail->empty()) details.push_back(*detail);
   }
-  Branch branch = {title_of(connection) + "  [" + joined(words, ", ") + ']', {}};
+  Branch branch = {title_of(connection) + "  [" + joined(details, ", ") + ']', {}};
   if (connection.has_bridge()) {
     branch.twigs.push_back(
         {"own bridge " + connection.bridge_name + ": " + ports_of(link.own_ports), {}});
@@ -61,7 +62,7 @@ Branch branch_of(const Link& link) {
 }
 
 Branch branch_of_lan(const Topology& topology, const Pen& pen) {
-  Branch branch = {"LAN bridge \"internet\"", {}};
+  Branch branch = {"LAN bridge " + in_quotes(igd::kLanBridgeName), {}};
   std::vector<std::string> unbound;
   for (const LanPort& port : topology.lan_ports) {
     if (port.bound_to.empty()) {
@@ -71,7 +72,7 @@ Branch branch_of_lan(const Topology& topology, const Pen& pen) {
     }
   }
   if (!unbound.empty()) {
-    branch.twigs.push_back({joined(unbound, ", ") + pen.line + "bound to none", {}});
+    branch.twigs.push_back({joined(unbound, ", ") + pen.line + "not bound", {}});
   }
   return branch;
 }
@@ -84,7 +85,7 @@ std::vector<Branch> branches_of(const Topology& topology, const Pen& pen) {
   }
   if (topology.has_lan) branches.push_back(branch_of_lan(topology, pen));
   if (topology.others.empty()) return branches;
-  branches.push_back({"bridges that are no connection's own (see igdctl doctor)", {}});
+  branches.push_back({"bridges without a connection (see igdctl doctor)", {}});
   for (const OtherBridge& bridge : topology.others) {
     branches.back().twigs.push_back(
         {bridge.title + "  [" + bridge.vlan + "]: " + ports_of(bridge.ports), {}});

@@ -9,12 +9,6 @@ namespace igdctl {
 
 namespace {
 
-int digit_of(char letter) {
-  constexpr std::string_view kDigits = "0123456789abcdef";
-  const std::size_t digit = kDigits.find(lower_case({&letter, 1}));
-  return digit == std::string_view::npos ? -1 : static_cast<int>(digit);
-}
-
 // Takes one escape off the front of the text, which stands behind its backslash.
 std::optional<char> take_escape(std::string_view& text) {
   constexpr std::string_view kLetters = "\\nrt";
@@ -26,8 +20,8 @@ std::optional<char> take_escape(std::string_view& text) {
     return kMeanings[place];
   }
   if (text.size() < 3 || text[0] != 'x') return std::nullopt;
-  const int high = digit_of(text[1]);
-  const int low = digit_of(text[2]);
+  const int high = hexadecimal_digit(text[1]);
+  const int low = hexadecimal_digit(text[2]);
   if (high < 0 || low < 0) return std::nullopt;
   text.remove_prefix(3);
   constexpr int kBase = 16;
@@ -74,15 +68,16 @@ std::vector<Assignment> read_assignments(std::string_view text, const std::strin
     const std::size_t equals = line.find('=');
     const std::string name(trimmed(line.substr(0, equals)));
     if (equals == std::string_view::npos || name.empty()) {
-      problems.push_back({place + "this is no NAME=VALUE", "write one parameter on each line"});
+      problems.push_back({place + "the line is not NAME=VALUE", "write one parameter per line"});
       continue;
     }
     const std::optional<std::string> value = unescaped(line.substr(equals + 1));
     if (value) {
       assignments.push_back({full_name_of(name), *value});
     } else {
-      problems.push_back({place + "a backslash in the value begins no escape",
-                          R"(write \\ for a backslash; \n, \r, \t and \x00 to \xff are known)"});
+      problems.push_back(
+          {place + "the value has a backslash that starts no escape",
+           R"(write \\ for a backslash; the other escapes are \n, \r, \t and \x00 to \xff)"});
     }
   }
   return assignments;

@@ -1,7 +1,7 @@
 /// Parameters and values as lines of text: what `tree dump` writes and `tree set` reads.
 ///
-/// A line is NAME=VALUE. In the value a backslash begins an escape: \\, \n, \r, \t, \x and two
-/// hexadecimal digits. Lines that begin with "#" and empty ones say nothing.
+/// A line is NAME=VALUE. In the value a backslash starts an escape: \\, \n, \r, \t, \x and two
+/// hexadecimal digits. Empty lines and those that begin with "#" are skipped.
 #ifndef IGDCTL_ASSIGNMENTS_H
 #define IGDCTL_ASSIGNMENTS_H
 
@@ -21,7 +21,7 @@ struct Assignment {
 /// The line without its end. Nothing in it acts on a terminal.
 std::string line_of(const Assignment& assignment);
 
-/// Reads such lines. Faults name the source and the line; a line with one is left out.
+/// Reads such lines. Problems name the source and the line; a line with one is left out.
 ///
 /// @param source  the name that problems give the text: "settings.txt"
 std::vector<Assignment> read_assignments(std::string_view text, const std::string& source,

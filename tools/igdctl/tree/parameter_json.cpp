@@ -7,21 +7,6 @@
 
 namespace igdctl {
 
-namespace {
-
-std::string hexadecimal(const std::string& bytes) {
-  constexpr char kDigits[] = "0123456789abcdef";
-  constexpr unsigned kLowHalf = 0x0f;
-  std::string text;
-  for (const char byte : bytes) {
-    const auto value = static_cast<unsigned char>(byte);
-    text += {kDigits[value >> 4U], kDigits[value & kLowHalf]};
-  }
-  return text;
-}
-
-}  // namespace
-
 Json json_of(const std::string& name, const std::string& value, const ParameterFacts& facts,
              bool show_secrets) {
   Json data = {{"name", name}};

@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "gateway/names.h"
+#include "igd_vocabulary.h"
 #include "term/text.h"
 
 namespace igdctl {
@@ -17,9 +18,6 @@ constexpr std::size_t kLongestAlias = 64;
 constexpr int kBase = 10;
 
 bool is_digit(char letter) { return letter >= '0' && letter <= '9'; }
-bool is_hexadecimal(char letter) {
-  return is_digit(letter) || (letter >= 'a' && letter <= 'f') || (letter >= 'A' && letter <= 'F');
-}
 
 // A decimal number without needless zeros, up to `highest`.
 bool is_number(std::string_view text, std::uint64_t highest) {
@@ -64,7 +62,7 @@ bool is_mac_address(std::string_view text) {
   if (text.empty()) return true;
   if (text.size() != kLength) return false;
   for (std::size_t i = 0; i < kLength; ++i) {
-    if (i % 3 == 2 ? text[i] != ':' : !is_hexadecimal(text[i])) return false;
+    if (i % 3 == 2 ? text[i] != ':' : hexadecimal_digit(text[i]) < 0) return false;
   }
   return true;
 }
@@ -131,6 +129,20 @@ bool is_date_time(std::string_view text) {
 
 bool is_alias(std::string_view text) { return is_utf8(text) && text.size() <= kLongestAlias; }
 
+bool is_vlan(std::string_view text) { return is_number(text, igd::kHighestVlan); }
+
+// Their types let them hold more than there are VLANs.
+struct VlanRule {
+  std::string_view name;
+  const char* wanted;
+};
+
+constexpr VlanRule kVlanRules[] = {
+    {"VLANID", "a VLAN from 1 to 4094, or 0 for untagged"},
+    {"X_CT-COM_VLANIDMark", "a VLAN from 1 to 4094, or 0 for untagged"},
+    {"PVID", "a VLAN from 1 to 4094, 0 or nothing"},
+};
+
 struct TypeRule {
   std::string_view type;
   bool (*fits)(std::string_view);
@@ -144,14 +156,17 @@ constexpr TypeRule kRules[] = {
     {"IPAddress", is_address, "an address such as 192.168.1.1, or nothing"},
     {"MACAddress", is_mac_address, "an address such as 00:1a:2b:3c:4d:5e, or nothing"},
     {"dateTime", is_date_time, "a time such as 2024-02-29T12:30:00Z"},
-    {"Alias", is_alias, "a text of at most 64 bytes in UTF-8"},
+    {"Alias", is_alias, "a UTF-8 text of at most 64 bytes"},
 };
 
 }  // namespace
 
 std::string wanted_by_type(std::string_view type, std::string_view name, std::string_view value) {
+  for (const VlanRule& rule : kVlanRules) {
+    if (own_name_of(name) == rule.name && !is_vlan(value)) return rule.wanted;
+  }
   if (type == "IPAddress" && holds_several_addresses(name)) {
-    return are_addresses(value) ? "" : "addresses with commas between, or nothing";
+    return are_addresses(value) ? "" : "addresses separated by commas, or nothing";
   }
   for (const TypeRule& rule : kRules) {
     if (rule.type == type) return rule.fits(value) ? std::string() : rule.wanted;

@@ -9,7 +9,8 @@
 namespace igdctl {
 
 void add_tree_commands(CLI::App& root, Session& session) {
-  CLI::App& group = add_group(root, "tree", "The configuration tree, parameter by parameter");
+  CLI::App& group =
+      add_group(root, "tree", "Show and change single parameters of the configuration tree");
   add_tree_get(group, session);
   add_tree_set(group, session);
 }
@@ -17,13 +18,11 @@ void add_tree_commands(CLI::App& root, Session& session) {
 Problem unknown_parameter(const Backend& backend, const std::string& name) {
   if (backend.is_object_path(name)) {
     return {in_quotes(name) + " is an object and has no value",
-            "igdctl tree list shows what it has"};
+            "igdctl tree list shows what it contains"};
   }
-  std::vector<std::string> near = backend.names_near(name);
-  for (std::string& candidate : near) candidate = in_quotes(candidate);
   return {"there is no parameter " + in_quotes(name),
-          near.empty() ? "igdctl tree find looks for names, igdctl tree list lists them"
-                       : "did you mean " + joined(near, " or ") + "?"};
+          did_you_mean(backend.names_near(name),
+                       "igdctl tree find searches names, igdctl tree list shows an object")};
 }
 
 std::string parameter_line(const std::string& name, const std::string& value, bool show_secrets) {

@@ -58,7 +58,7 @@ void get(Session& session, const std::vector<std::string>& names) {
 
 void add_tree_get(CLI::App& group, Session& session) {
   CLI::App& command =
-      add_command(group, "get", "The value of a parameter, or NAME=VALUE of several",
+      add_command(group, "get", "Show the value of a parameter, or NAME=VALUE for several",
                   "tree get InternetGatewayDevice.Layer2Bridging.Bridge.1.BridgeName");
   const auto names = std::make_shared<std::vector<std::string>>();
   command.add_option("NAME", *names, "Full name; InternetGatewayDevice. may be left out")

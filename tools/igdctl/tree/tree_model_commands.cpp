@@ -1,4 +1,4 @@
-// What the data model of the reference platform lets one see of the tree beyond single values.
+// Commands that need the data model of the reference platform.
 #include <fnmatch.h>
 
 #include <memory>
@@ -35,14 +35,12 @@ std::string existing_object(const Backend& backend, const std::string& word) {
   if (host::active_tree().has_object(path)) return path;
   path.pop_back();
   if (backend.facts_of(path)) {
-    throw Failure(ExitCode::kNotFound, in_quotes(path) + " is a parameter and has nothing below it",
+    throw Failure(ExitCode::kNotFound, in_quotes(path) + " is a parameter, not an object",
                   "igdctl tree get shows its value");
   }
-  std::vector<std::string> near = backend.names_near(path);
-  for (std::string& name : near) name = in_quotes(name);
   throw Failure(ExitCode::kNotFound, "there is no object " + in_quotes(path + '.'),
-                near.empty() ? "igdctl tree list shows the objects from the root down"
-                             : "did you mean " + joined(near, " or ") + "?");
+                did_you_mean(backend.names_near(path),
+                             "igdctl tree list shows the objects from the root down"));
 }
 
 Json json_of(const host::Object& object) {
@@ -77,7 +75,7 @@ void list(Session& session, const std::string& word) {
   }
   Output& output = session.output();
   if (output.json()) return output.document("tree.list", data);
-  if (table.rows.empty()) return output.done("There is nothing in " + path);
+  if (table.rows.empty()) return output.done(path + " is empty");
   output.table(table);
 }
 
@@ -103,7 +101,7 @@ void dump(Session& session, const std::string& prefix) {
   const std::vector<host::Parameter> parameters = host::active_tree().parameters(full_prefix);
   if (parameters.empty()) {
     throw Failure(ExitCode::kNotFound, "no parameter begins with " + in_quotes(full_prefix),
-                  "igdctl tree find looks for any part of a name");
+                  "igdctl tree find searches any part of a name");
   }
   show_all(session, "tree.dump", parameters);
 }
@@ -142,42 +140,42 @@ void find(Session& session, const FindOptions& options) {
     }
   }
   if (found.empty()) {
-    throw Failure(ExitCode::kNotFound, "no parameter fits",
-                  "a pattern without * ? [ is looked for in any part of a name; secrets are "
-                  "found by value with --show-secrets only");
+    throw Failure(ExitCode::kNotFound, "no parameter matches",
+                  "a pattern without * ? [ matches any part of a name; secrets are found by value "
+                  "only with --show-secrets");
   }
   show_all(session, "tree.find", found);
 }
 
 void add_list(CLI::App& group, Session& session) {
-  CLI::App& command = add_command(group, "list", "What is directly in an object, as ls would",
+  CLI::App& command = add_command(group, "list", "List what an object contains, as ls would",
                                   "tree list Layer2Bridging.Bridge.1");
   const auto path = std::make_shared<std::string>("InternetGatewayDevice.");
-  command.add_option("PATH", *path, "The object; the root when left out")->type_name("OBJECT");
+  command.add_option("PATH", *path, "The object; the root if left out")->type_name("OBJECT");
   command.callback(
       [&session, path] { session.on_run([&session, path] { list(session, *path); }); });
 }
 
 void add_dump(CLI::App& group, Session& session) {
   CLI::App& command =
-      add_command(group, "dump", "Every parameter as NAME=VALUE, which tree set --from reads",
+      add_command(group, "dump", "Print every parameter as NAME=VALUE, for tree set --from",
                   "tree dump InternetGatewayDevice.Layer2Bridging. > bridging.txt");
   const auto prefix = std::make_shared<std::string>();
-  command.add_option("PREFIX", *prefix, "Only names that begin so")->type_name("PARAMETER");
+  command.add_option("PREFIX", *prefix, "Only names that begin with this")->type_name("PARAMETER");
   command.callback(
       [&session, prefix] { session.on_run([&session, prefix] { dump(session, *prefix); }); });
 }
 
 void add_find(CLI::App& group, Session& session) {
-  CLI::App& command = add_command(group, "find", "Parameters by name, by value, or both",
+  CLI::App& command = add_command(group, "find", "Find parameters by name, or by name and value",
                                   "tree find '*.X_ZYN_DependWanName' --value '*Device.1.'");
   const auto options = std::make_shared<FindOptions>();
   command
       .add_option("PATTERN", options->name,
-                  "Any part of the name; with * ? [ a pattern for all of it")
+                  "Any part of the name; with * ? [ a pattern for the whole name")
       ->required();
-  CLI::Option* const value = command.add_option(
-      "--value", options->value, "And the value the same way; nothing for an empty one");
+  CLI::Option* const value =
+      command.add_option("--value", options->value, "The same for the value; '' finds empty ones");
   command.callback([&session, options, value] {
     options->by_value = value->count() > 0;
     session.on_run([&session, options] { find(session, *options); });

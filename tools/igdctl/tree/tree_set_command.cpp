@@ -20,7 +20,7 @@ namespace igdctl {
 namespace {
 
 struct SetOptions {
-  std::vector<std::string> words;
+  std::vector<std::string> assignments;
   std::string from;
   std::string value_file;
   bool prompt = false;
@@ -31,28 +31,29 @@ bool takes_value_from_elsewhere(const SetOptions& options) {
   return options.prompt || !options.value_file.empty();
 }
 
-// What people may read over one's shoulder, and other users in the list of processes.
+// Other users can read command lines in the list of processes.
 void refuse_secret(const Assignment& assignment, std::vector<Problem>& problems) {
   if (!is_secret_parameter(assignment.name) || assignment.value.empty()) return;
-  problems.push_back({in_quotes(assignment.name) + " is a secret, and a command line is none",
-                      "give its value with --value-file FILE or --prompt"});
+  problems.push_back(
+      {in_quotes(assignment.name) + " is a secret, and other users can read the command line",
+       "give its value with --value-file FILE or --prompt"});
 }
 
-void read_words(const std::vector<std::string>& words, std::vector<Assignment>& assignments,
-                std::vector<Problem>& problems) {
-  if (words.size() == 2 && words[0].find('=') == std::string::npos) {
-    assignments.push_back({full_name_of(words[0]), words[1]});
+void read_arguments(const std::vector<std::string>& arguments, std::vector<Assignment>& assignments,
+                    std::vector<Problem>& problems) {
+  if (arguments.size() == 2 && arguments[0].find('=') == std::string::npos) {
+    assignments.push_back({full_name_of(arguments[0]), arguments[1]});
     refuse_secret(assignments.back(), problems);
     return;
   }
-  for (const std::string& word : words) {
-    const std::size_t equals = word.find('=');
+  for (const std::string& argument : arguments) {
+    const std::size_t equals = argument.find('=');
     if (equals == std::string::npos || equals == 0) {
       problems.push_back(
-          {in_quotes(word) + " is no NAME=VALUE", "give NAME VALUE, or NAME=VALUE ..."});
+          {in_quotes(argument) + " is not NAME=VALUE", "give NAME VALUE, or NAME=VALUE ..."});
       continue;
     }
-    assignments.push_back({full_name_of(word.substr(0, equals)), word.substr(equals + 1)});
+    assignments.push_back({full_name_of(argument.substr(0, equals)), argument.substr(equals + 1)});
     refuse_secret(assignments.back(), problems);
   }
 }
@@ -72,13 +73,14 @@ std::vector<Assignment> assignments_of(const SetOptions& options, std::vector<Pr
         read_assignments(content_of_file(options.from), source_name_of(options.from), problems);
   }
   if (!takes_value_from_elsewhere(options)) {
-    read_words(options.words, assignments, problems);
-  } else if (options.words.size() == 1 && options.words[0].find('=') == std::string::npos) {
-    const std::string name = full_name_of(options.words[0]);
+    read_arguments(options.assignments, assignments, problems);
+  } else if (options.assignments.size() == 1 &&
+             options.assignments[0].find('=') == std::string::npos) {
+    const std::string name = full_name_of(options.assignments[0]);
     assignments.push_back({name, value_from_elsewhere(options, name)});
   } else {
-    problems.push_back({"--value-file and --prompt give one parameter its value",
-                        "name that parameter, and nothing else"});
+    problems.push_back({"--value-file and --prompt set one parameter",
+                        "give the name of that parameter and nothing else"});
   }
   if (assignments.empty() && problems.empty()) {
     problems.push_back(
@@ -96,7 +98,7 @@ class SetCheck {
   void look_at(const Assignment& assignment) {
     const auto& [name, value] = assignment;
     if (!names_.insert(name).second) {
-      problems_.push_back({in_quotes(name) + " is set twice", "say once what it shall be"});
+      problems_.push_back({in_quotes(name) + " is given two values", "give it one"});
     }
     const std::optional<ParameterFacts> facts = backend_.facts_of(name);
     if (!facts) {
@@ -107,7 +109,7 @@ class SetCheck {
     }
   }
 
-  /// Throws what was found. Bad values come before access: --force does not help them.
+  /// Throws what was found. Bad values come before access: --force does not override them.
   void finish() {
     std::vector<Problem> all = problems_;
     all.insert(all.end(), unknown_.begin(), unknown_.end());
@@ -128,23 +130,23 @@ class SetCheck {
   }
 
  private:
-  static constexpr char kForceIt[] = "leave it out, or set it all the same with --force";
+  static constexpr char kForceIt[] = "leave it out, or override this check with --force";
 
   static std::string why_not(const std::string& name) { return in_quotes(name) + " is read-only"; }
 
   void look_at(const Assignment& assignment, const ParameterFacts& facts) {
     const auto& [name, value] = assignment;
     if (facts.derived) {
-      problems_.push_back({in_quotes(name) + " is a count of instances", "the tree computes it"});
+      problems_.push_back(
+          {in_quotes(name) + " is a count of instances", "leave it out: the tree computes it"});
       return;
     }
     if (!facts.writable) read_only_.push_back(name);
     const std::string wanted = wanted_by_type(facts.type, name, value);
     if (wanted.empty() || value == facts.initial) return;
-    problems_.push_back({in_quotes(name) + " cannot be " +
-                             in_quotes(shown_value(name, value, false)) + ", it is of the type " +
-                             facts.type,
-                         "give " + wanted});
+    problems_.push_back(
+        {in_quotes(name) + " cannot be " + in_quotes(shown_value(name, value, false)),
+         "give " + wanted});
   }
 
   MibAccess& tree_;
@@ -164,7 +166,7 @@ void write(Session& session, const std::vector<Assignment>& assignments) {
     // With a store the refusal is known with its reason, and ends the change later.
     if (result == 0 || session.backend().has_store()) continue;
     throw Failure(ExitCode::kPlatform, "the platform refused to set " + in_quotes(assignment.name),
-                  "nothing was committed; values that were set before it may stand");
+                  "nothing was committed; values that were set before it may be in effect");
   }
 }
 
@@ -207,23 +209,24 @@ void set(Session& session, const SetOptions& options) {
 
 void add_tree_set(CLI::App& group, Session& session) {
   CLI::App& command =
-      add_command(group, "set", "Give parameters their values, all of them or none",
+      add_command(group, "set", "Set parameters: all of them or none",
                   "tree set InternetGatewayDevice.Layer2Bridging.Bridge.1.BridgeEnable true");
   const auto options = std::make_shared<SetOptions>();
   command
-      .add_option("ASSIGNMENT", options->words,
-                  "NAME VALUE, or NAME=VALUE once or several times; InternetGatewayDevice. may be "
-                  "left out")
+      .add_option("ASSIGNMENT", options->assignments,
+                  "NAME VALUE, or one NAME=VALUE or more; InternetGatewayDevice. may be left out")
       ->type_name("PARAMETER");
-  CLI::Option* const value_file = command.add_option(
-      "--value-file", options->value_file, "The value of one parameter, - for standard input");
+  CLI::Option* const value_file =
+      command.add_option("--value-file", options->value_file,
+                         "Read the value of one parameter from a file, - for standard input");
   value_file->type_name("FILE");
-  CLI::Option* const prompt =
-      command.add_flag("--prompt", options->prompt, "Ask for the value of one parameter, unseen");
+  CLI::Option* const prompt = command.add_flag("--prompt", options->prompt,
+                                               "Ask for the value of one parameter, without echo");
   prompt->excludes(value_file);
   command
-      .add_option("--from", options->from,
-                  "Lines NAME=VALUE as tree dump writes them, - for standard input")
+      .add_option(
+          "--from", options->from,
+          "Read lines NAME=VALUE, as tree dump prints them, from a file, - for standard input")
       ->type_name("FILE")
       ->excludes(value_file)
       ->excludes(prompt);

@@ -1,6 +1,7 @@
 #include "wan/wan_change.h"
 
 #include "cli/session.h"
+#include "gateway/management.h"
 #include "igd_api.h"
 #include "term/text.h"
 #include "wan/wan_description.h"
@@ -20,14 +21,9 @@ void append(std::vector<Problem>* problems, const std::vector<Problem>& more) {
   problems->insert(problems->end(), more.begin(), more.end());
 }
 
-std::string consent_for(const std::string& title) {
-  return "connection " + in_quotes(title) +
-         " carries the management service: the gateway may no longer be reached";
-}
-
 [[noreturn]] void fail_to_create(const std::string& name) {
   throw Failure(ExitCode::kPlatform,
-                "the platform did not make connection " + in_quotes(name) + " whole",
+                "the platform did not create all of connection " + in_quotes(name),
                 "igdctl wan list shows what is there");
 }
 
@@ -85,7 +81,7 @@ bool WanChanger::set(const Connection& connection, const WanPatch& patch,
   WanWrites writes(tree_, connection, draft);
   if (writes.empty()) return false;
   if (carries_management(connection.service) || carries_management(draft.info.service_type)) {
-    change_.needs_consent(consent_for(title_of(connection)));
+    change_.needs_consent(management_reason(title_of(connection)));
   }
   writes.run();
   return true;
@@ -96,7 +92,7 @@ void WanChanger::remove(const Connection& connection) {
   const GatewayState gateway = read_gateway_state(tree_, &connection);
   stop_or_go_on(conflicts_of_removal(connection, gateway));
   if (carries_management(connection.service)) {
-    change_.needs_consent(consent_for(title_of(connection)));
+    change_.needs_consent(management_reason(title_of(connection)));
   }
   igd_wan_destory(connection.path);
   // It commits by itself and tells nothing: without a trial a refused commit shows here only.

@@ -28,7 +28,7 @@ void create(Session& session, const Request& request) {
   std::string path;
   const ChangeOutcome outcome = change.run(
       "wan create " + name, [&] { path = WanChanger(session, change).create(patch, problems); });
-  change.report(outcome, "Made connection " + in_quotes(name) + ", " + id_of_path(path), path);
+  change.report(outcome, "Created connection " + in_quotes(name) + ", " + id_of_path(path), path);
 }
 
 void set(Session& session, const Request& request) {
@@ -68,7 +68,7 @@ void add_work(CLI::App& command, Session& session, const std::shared_ptr<Request
 
 void add_wan_create(CLI::App& group, Session& session) {
   CLI::App& command =
-      add_command(group, "create", "Make a connection",
+      add_command(group, "create", "Create a connection",
                   "wan create --name Internet --mode pppoe --user household@example.net "
                   "--password-prompt --vlan 100 --bind-lan LAN1,LAN2");
   const auto request = std::make_shared<Request>();
@@ -77,7 +77,7 @@ void add_wan_create(CLI::App& group, Session& session) {
 }
 
 void add_wan_set(CLI::App& group, Session& session) {
-  CLI::App& command = add_command(group, "set", "Change what is named of a connection",
+  CLI::App& command = add_command(group, "set", "Change the given settings of a connection",
                                   "wan set Internet --vlan 110 --dry-run");
   const auto request = std::make_shared<Request>();
   add_connection_argument(command, request->connection);

@@ -23,12 +23,12 @@ struct Request {
 Json json_of(const std::vector<Conflict>& conflicts, int verdict) {
   Json list = Json::array();
   for (const Conflict& conflict : conflicts) {
-    list.push_back({{"what", conflict.message},
-                    {"todo", conflict.hint},
+    list.push_back({{"message", conflict.message},
+                    {"hint", conflict.hint},
                     {"can_be_forced", conflict.can_be_forced},
                     {"was_there", conflict.was_there}});
   }
-  return {{"fits", conflicts.empty()}, {"verdict", verdict}, {"objections", list}};
+  return {{"fits", conflicts.empty()}, {"verdict", verdict}, {"conflicts", list}};
 }
 
 // Found problems end the command before any verdict.
@@ -75,7 +75,7 @@ void check(Session& session, const Request& request) {
 
 void add_wan_check(CLI::App& group, Session& session) {
   CLI::App& command = add_command(
-      group, "check", "Ask whether a new connection, a change or a removal would be accepted",
+      group, "check", "Check whether a new connection, a change or a removal would be accepted",
       "wan check Internet --vlan 110");
   const auto request = std::make_shared<Request>();
   command.add_option("CONNECTION", request->connection,

@@ -5,7 +5,7 @@
 namespace igdctl {
 
 void add_wan_commands(CLI::App& root, Session& session) {
-  CLI::App& group = add_group(root, "wan", "WAN connections: see, make, change, remove");
+  CLI::App& group = add_group(root, "wan", "Show and change WAN connections");
   add_wan_list(group, session);
   add_wan_show(group, session);
   add_wan_status(group, session);

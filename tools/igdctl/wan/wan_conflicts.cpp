@@ -1,7 +1,9 @@
 #include <algorithm>
 
+#include "gateway/connection_objects.h"
 #include "gateway/tree_reader.h"
 #include "igd_api.h"
+#include "igd_vocabulary.h"
 #include "term/text.h"
 #include "wan/wan_checks.h"
 #include "wan/wan_words.h"
@@ -20,26 +22,24 @@ const std::string& path_of(const GatewayState& gateway) {
 
 bool has_lan_bridge(const GatewayState& gateway) {
   return std::any_of(gateway.bridges.begin(), gateway.bridges.end(),
-                     [](const Bridge& bridge) { return bridge.name == kLanBridge; });
+                     [](const Bridge& bridge) { return bridge.name == igd::kLanBridgeName; });
 }
 
 Conflict no_bridge(const Connection& connection) {
   return {About::kBridge,
           "connection " + in_quotes(title_of(connection)) +
               " has no bridge of its own: the library would act on the ports of every bridge",
-          "igdctl doctor tells why and how to mend it", false, false};
+          "igdctl doctor shows why, and how to fix it", false, false};
 }
 
 Conflict no_lan_bridge() {
   return {About::kBridge,
           "there is no bridge named \"internet\": ports that become free would be lost",
-          "igdctl doctor tells how to mend it", false, false};
+          "igdctl doctor shows how to fix it", false, false};
 }
 
 bool has_object_of(const Connection& connection, int mode) {
-  if (mode == kIgdPppoe) return !instances_below(connection.path, kPppConnection).empty();
-  const char* const addressing = mode == kIgdStatic ? "Static" : "DHCP";
-  return mode == 0 || !igd_tool_loop_fullname(connection.path, kAddressingType, addressing).empty();
+  return mode == 0 || !object_of_mode(connection_objects(connection.path), mode).empty();
 }
 
 void add_mode_conflicts(const WanDraft& draft, const GatewayState& gateway,
@@ -49,7 +49,7 @@ void add_mode_conflicts(const WanDraft& draft, const GatewayState& gateway,
   conflicts->push_back({About::kObject,
                         "connection " + in_quotes(title_of(*gateway.connection)) +
                             " has no object for mode " + word_of_mode(mode),
-                        "choose another mode, or remove the connection and make it anew", false,
+                        "choose another mode, or remove the connection and create it anew", false,
                         false});
 }
 
@@ -116,7 +116,7 @@ void add_second_management_conflicts(const WanDraft& draft, const GatewayState& 
     if (other.path == path_of(gateway) || !carries_management(other.service)) continue;
     conflicts->push_back({About::kManagement,
                           "connection " + in_quotes(title_of(other)) +
-                              " carries the management service TR069 already",
+                              " already carries the management service TR069",
                           "give this one another service, or change that one first", true,
                           was_there});
     return;
@@ -125,7 +125,7 @@ void add_second_management_conflicts(const WanDraft& draft, const GatewayState& 
 
 std::string holder_of_vlan(const api_wan_info& info, const GatewayState& gateway) {
   for (const Bridge& bridge : gateway.bridges) {
-    if (bridge.name == kLanBridge || bridge.vlan != std::to_string(info.vlan_id)) continue;
+    if (bridge.name == igd::kLanBridgeName || bridge.vlan != std::to_string(info.vlan_id)) continue;
     if (!bridge.wan_path.empty() && bridge.wan_path == path_of(gateway)) continue;
     const std::string owner = title_of_path(gateway.connections, bridge.wan_path);
     return "bridge " + in_quotes(bridge.name) +
@@ -141,16 +141,16 @@ Conflict vlan_taken(const WanDraft& draft, const GatewayState& gateway, bool unt
   const std::string holder = holder_of_vlan(info, gateway);
   if (untagged) {
     return {About::kVlan, holder + " is untagged, and only one connection can be",
-            "give this one a VLAN: igdctl vlan free names one that is free", true, was_there};
+            "give this one a VLAN: igdctl vlan free shows a free one", true, was_there};
   }
-  return {About::kVlan, holder + " carries VLAN " + std::to_string(info.vlan_id) + " already",
-          "give another one: igdctl vlan free names one that is free", true, was_there};
+  return {About::kVlan, holder + " already has VLAN " + std::to_string(info.vlan_id),
+          "give another VLAN: igdctl vlan free shows a free one", true, was_there};
 }
 
 Conflict no_port_left(const WanDraft& draft, const GatewayState& gateway) {
   const bool was_there =
       gateway.connection != nullptr && !draft.changes("bind_wan") && !draft.changes("class");
-  return {About::kLastPort, "no port would be left to the household",
+  return {About::kLastPort, "no port would be left in the LAN bridge",
           "leave one out of bind_wan, or take one off another connection", true, was_there};
 }
 
@@ -172,11 +172,12 @@ Conflict words_for(int verdict, const WanDraft& draft, const GatewayState& gatew
     case kIgdBridgeLeavesNoPort:
       return no_port_left(draft, gateway);
     case kIgdManagementExists:
-      return {About::kManagement, "another connection carries the management service TR069 already",
+      return {About::kManagement, "another connection already carries the management service TR069",
               "give this one another service, or change that one first", true, false};
     default:
       return {About::kPort, "a port belongs to another connection",
-              "igdctl wan ports shows which; leave it out, or take it off first", false, false};
+              "igdctl wan ports shows which; leave it out, or take it off that connection first",
+              false, false};
   }
 }
 
@@ -213,7 +214,7 @@ GatewayState read_gateway_state(MibAccess& tree, const Connection* connection) {
   GatewayState gateway{connection, list_connections(tree), read_bridges(tree), {}, {}};
   if (connection != nullptr) gateway.objects = objects_of(tree, *connection);
   for (const ObjectType type : {kIpConnectionName, kPppConnectionName}) {
-    for (const std::string& name : instances_below(kWanDeviceTable, type)) {
+    for (const std::string& name : instances_below(igd::kWanDeviceTable, type)) {
       const bool own = connection != nullptr && begins_with(name, connection->path);
       if (!own) gateway.object_names.insert(tree.getValue(name));
     }
@@ -248,7 +249,7 @@ std::vector<Conflict> conflicts_of_removal(const Connection& connection,
     conflicts.push_back(
         {About::kLastService,
          "connection " + in_quotes(title_of(connection)) + why_it_stays(connection.service),
-         "make another one first", true, false});
+         "create another one first", true, false});
   }
   return conflicts;
 }

@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "gateway/connection_objects.h"
 #include "gateway/secrets.h"
 #include "gateway/tree_reader.h"
 #include "igd_api.h"
@@ -13,16 +14,6 @@
 namespace igdctl {
 
 namespace {
-
-std::string object_of_mode(const std::string& wan_path, int connect_mode) {
-  if (connect_mode == kIgdPppoe) {
-    const std::vector<std::string> paths = instances_below(wan_path, kPppConnection);
-    return paths.empty() ? std::string() : paths.front();
-  }
-  const char* const addressing =
-      connect_mode == kIgdStatic ? igd::kStaticAddressing : igd::kDhcpAddressing;
-  return parent_of(igd_tool_loop_fullname(wan_path, kAddressingType, addressing));
-}
 
 bool is_true(const std::string& text) { return text == igd::kTrue; }
 
@@ -45,7 +36,7 @@ Json json_of(const WanField& field, const Value& value) {
 
 void read_dns_of_mode(MibAccess& tree, const Connection& connection, int connect_mode,
                       api_wan_info* info) {
-  const std::string object = object_of_mode(connection.path, connect_mode);
+  const std::string object = object_of_mode(connection_objects(connection.path), connect_mode);
   const std::string servers = value_in(tree, object, "DNSServers");
   const std::size_t comma = servers.find(',');
   info->ip_dns_enable = is_true(value_in(tree, object, "DNSEnabled")) ? 1 : 0;
@@ -57,7 +48,7 @@ api_wan_info read_description(MibAccess& tree, const Connection& connection) {
   api_wan_info info;
   (void)igd_wan_get_params(connection.path, &info);
   if (info.connect_mode != 0) read_dns_of_mode(tree, connection, info.connect_mode, &info);
-  const std::string dhcp = object_of_mode(connection.path, kIgdDhcp);
+  const std::string dhcp = connection_objects(connection.path).dhcp;
   info.dhcp_option60 = value_in(tree, dhcp, "X_ZYN-COM_OPTION60");
   if (!connection.has_bridge()) info.bind_wan.clear();
   return info;

@@ -94,8 +94,7 @@ void ensure(Session& session, const Request& request) {
 
 void add_wan_ensure(CLI::App& group, Session& session) {
   CLI::App& command =
-      add_command(group, "ensure",
-                  "Make or change connections so that they are as described; nothing if they are",
+      add_command(group, "ensure", "Create or change connections so that they match a description",
                   "wan ensure --from wan.json --yes");
   const auto request = std::make_shared<Request>();
   add_wan_options(command, request->wan);

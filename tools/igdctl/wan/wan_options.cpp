@@ -3,13 +3,10 @@
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
-#include <cerrno>
-#include <cstring>
-#include <fstream>
-#include <iostream>
 #include <iterator>
 #include <nlohmann/json.hpp>
 
+#include "cli/input_file.h"
 #include "cli/passwords.h"
 #include "term/text.h"
 #include "wan/fields.h"
@@ -83,27 +80,6 @@ bool has_options(const WanOptions& options) {
   return options.password_prompt || !options.password_file.empty();
 }
 
-std::string read_file(const std::string& file) {
-  constexpr std::streamsize kLargest = 1 << 20;
-  std::ifstream opened;
-  if (file != "-") opened.open(file, std::ios::binary);
-  std::istream& input = file == "-" ? std::cin : opened;
-  std::string text(static_cast<std::size_t>(kLargest) + 1, '\0');
-  if (input) input.read(text.data(), kLargest + 1);
-  const std::streamsize size = input.gcount();
-  if ((file != "-" && !opened.is_open()) || input.bad()) {
-    throw Failure(ExitCode::kBadInput,
-                  "cannot read " + in_quotes(file) + ": " + std::strerror(errno),
-                  "name a file that you can read, or - for standard input");
-  }
-  if (size > kLargest) {
-    throw Failure(ExitCode::kBadInput, in_quotes(file) + " is larger than 1 MiB",
-                  "name a file with a description of a connection");
-  }
-  text.resize(static_cast<std::size_t>(size));
-  return text;
-}
-
 // What `wan show --json` printed is read with its envelope, or without.
 Json without_envelope(Json json) {
   if (!json.is_object() || !json.contains("format") || !json.contains("data")) return json;
@@ -128,12 +104,12 @@ bool refuse_depth(int depth, Json::parse_event_t, Json&) {
 }
 
 Json read_json(const std::string& file) {
-  const std::string text = read_file(file);
+  const std::string text = content_of_file(file);
   try {
     return without_envelope(Json::parse(text, refuse_depth));
   } catch (const Json::parse_error& error) {
     throw Failure(ExitCode::kBadInput,
-                  in_quotes(file) + " is no JSON, at byte " + std::to_string(error.byte),
+                  in_quotes(file) + " is not JSON: error at byte " + std::to_string(error.byte),
                   "igdctl wan show --json prints a description to start from");
   } catch (const Json::out_of_range&) {
     throw Failure(ExitCode::kBadInput, in_quotes(file) + " has a number that is too large",

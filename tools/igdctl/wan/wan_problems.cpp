@@ -80,7 +80,7 @@ void FaultFinder::judge_name() {
     problem(name.empty() ? "a connection needs a name" : "the name begins or ends with a blank",
             hint_to_give(field_of("name")));
   } else if (reads_as_place(name)) {
-    problem("the name " + in_quotes(name) + " reads as a path or number", "choose another name");
+    problem("the name " + in_quotes(name) + " looks like a path or number", "choose another name");
   }
   for (const Connection& other : gateway_.connections) {
     if (name.empty() || other.name != name) continue;
@@ -92,7 +92,7 @@ void FaultFinder::judge_name() {
   }
   if (name.empty() || gateway_.object_names.count(name) == 0) return;
   problem("an object of another connection has the name " + in_quotes(name) + " already",
-          "choose another name; igdctl doctor tells which connection it is");
+          "choose another name; igdctl doctor shows which connection it is");
 }
 
 void FaultFinder::judge_access() {
@@ -101,7 +101,7 @@ void FaultFinder::judge_access() {
   } else if (!is_new() && draft_.changes("access")) {
     problem("the access of a connection cannot be changed, it is " +
                 in_quotes(gateway_.connection->access),
-            "remove the connection and make it anew");
+            "remove the connection and create it anew");
   }
 }
 
@@ -114,12 +114,13 @@ void FaultFinder::judge_service() {
 void FaultFinder::judge_list_of_ports(const char* key, const Names& ports, const Names& known) {
   if (!judged({key})) return;
   for (const std::string& port : ports) {
-    if (is_uplink_node(port)) {
+    if (igd::is_wan_side_port(port)) {
       problem(std::string(key) + " has " + in_quotes(port) + ", an uplink",
               "leave it out: a connection gets its uplink by itself");
     } else if (!holds(known, port)) {
-      problem(std::string(key) + " has " + in_quotes(port) + ", which is no port of this gateway",
-              "its ports are " + joined(known, ", "));
+      problem(
+          std::string(key) + " has " + in_quotes(port) + ", which is not a port of this gateway",
+          "its ports are " + joined(known, ", "));
     } else if (std::count(ports.begin(), ports.end(), port) > 1) {
       problem(std::string(key) + " has " + in_quotes(port) + " twice", "give each port once");
       return;

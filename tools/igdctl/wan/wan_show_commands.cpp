@@ -25,7 +25,7 @@ std::vector<Cell> list_row(const Connection& connection, const api_wan_info& inf
           info.service_type,
           joined(info.bind_lan, " "),
           joined(info.bind_wan, " "),
-          {enabled ? "on" : "off", enabled ? Style::kGood : Style::kMuted}};
+          switch_cell(enabled)};
 }
 
 void list(Session& session) {
@@ -42,7 +42,7 @@ void list(Session& session) {
   if (output.json()) {
     output.document("wan.list", data);
   } else if (table.rows.empty()) {
-    output.done("There are no connections. Make one with igdctl wan create");
+    output.done("There are no connections. Create one with igdctl wan create");
   } else {
     output.table(table);
   }
@@ -64,13 +64,13 @@ void show(Session& session, const std::string& words) {
 }  // namespace
 
 void add_wan_list(CLI::App& group, Session& session) {
-  CLI::App& command = add_command(group, "list", "One line for each connection", "wan list");
+  CLI::App& command = add_command(group, "list", "List the connections, one per line", "wan list");
   command.callback([&session] { session.on_run([&session] { list(session); }); });
 }
 
 void add_wan_show(CLI::App& group, Session& session) {
   CLI::App& command =
-      add_command(group, "show", "Everything about one connection", "wan show Internet");
+      add_command(group, "show", "Show all settings of a connection", "wan show Internet");
   const auto words = std::make_shared<std::string>();
   add_connection_argument(command, *words);
   command.callback(

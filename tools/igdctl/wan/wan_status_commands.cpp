@@ -7,6 +7,7 @@
 #include "gateway/bridges.h"
 #include "gateway/connections.h"
 #include "igd_api.h"
+#include "igd_vocabulary.h"
 #include "term/text.h"
 #include "wan/wan_commands.h"
 #include "wan/wan_words.h"
@@ -73,7 +74,7 @@ void show_status(Session& session, const std::string& words) {
   if (output.json()) {
     output.document("wan.status", data);
   } else if (table.rows.empty()) {
-    output.done("There are no connections. Make one with igdctl wan create");
+    output.done("There are no connections. Create one with igdctl wan create");
   } else {
     output.table(table);
   }
@@ -86,7 +87,7 @@ struct PortUse {
 
 PortUse use_of(const Bridge& bridge, const Port& port) {
   if (!bridge.wan_path.empty()) {
-    return {is_uplink_node(port.node) ? "uplink" : "bind_wan", bridge.wan_path};
+    return {igd::is_wan_side_port(port.node) ? "uplink" : "bind_wan", bridge.wan_path};
   }
   if (!port.depend_wan.empty()) return {"bind_lan", port.depend_wan};
   return {"free", ""};
@@ -102,8 +103,6 @@ Json json_of(const Bridge& bridge, const Port& port, const PortUse& use, const s
           {"pvid", port.pvid},
           {"enabled", port.enabled}};
 }
-
-Cell switch_cell(bool on) { return {on ? "on" : "off", on ? Style::kGood : Style::kMuted}; }
 
 void show_ports(Session& session, const std::string& words) {
   MibAccess& tree = session.tree();
@@ -144,13 +143,14 @@ void add_work(CLI::App& command, Session& session, Work work) {
 }  // namespace
 
 void add_wan_status(CLI::App& group, Session& session) {
-  add_work(add_command(group, "status", "Whether connections are up, their addresses and counters",
-                       "wan status Internet"),
-           session, show_status);
+  add_work(
+      add_command(group, "status", "Show whether connections are up, their addresses and counters",
+                  "wan status Internet"),
+      session, show_status);
 }
 
 void add_wan_ports(CLI::App& group, Session& session) {
-  add_work(add_command(group, "ports", "Which port belongs to which connection", "wan ports"),
+  add_work(add_command(group, "ports", "Show which port belongs to which connection", "wan ports"),
            session, show_ports);
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "gateway/connection_objects.h"
 #include "gateway/tree_reader.h"
 #include "gateway/tree_writer.h"
 #include "igd_api.h"
@@ -22,10 +23,6 @@ bool is_in(const Place& place, const WanObject& object) {
           object.where == Where::kPppObject);
 }
 
-std::string object_with_addressing(const std::string& wan_path, const char* addressing) {
-  return parent_of(igd_tool_loop_fullname(wan_path, kAddressingType, addressing));
-}
-
 bool is_there(const std::string& port_path) {
   const std::vector<std::string> names = instances_below(igd::kBridgeTable, kPortInterface);
   return std::any_of(names.begin(), names.end(), [&port_path](const std::string& name) {
@@ -37,13 +34,12 @@ bool is_there(const std::string& port_path) {
 
 std::vector<WanObject> objects_of(MibAccess& tree, const Connection& connection) {
   const std::string& path = connection.path;
-  const std::vector<std::string> ppp = instances_below(path, kPppConnection);
-  std::vector<WanObject> objects = {
-      {Where::kDevice, path, {}},
-      {Where::kDhcpObject, object_with_addressing(path, igd::kDhcpAddressing), {}},
-      {Where::kStaticObject, object_with_addressing(path, igd::kStaticAddressing), {}},
-      {Where::kPppObject, ppp.empty() ? std::string() : ppp.front(), {}},
-      {Where::kOwnBridge, connection.bridge_path, {}}};
+  const ConnectionObjects paths = connection_objects(path);
+  std::vector<WanObject> objects = {{Where::kDevice, path, {}},
+                                    {Where::kDhcpObject, paths.dhcp, {}},
+                                    {Where::kStaticObject, paths.fixed, {}},
+                                    {Where::kPppObject, paths.ppp, {}},
+                                    {Where::kOwnBridge, connection.bridge_path, {}}};
   objects.erase(std::remove_if(objects.begin(), objects.end(),
                                [](const WanObject& object) { return object.path.empty(); }),
                 objects.end());

@@ -6,7 +6,7 @@
 
 namespace igdctl {
 
-/// Writes go to the tree at once, and one commit ends them. The platform tells values only: each
+/// Writes go to the tree at once, and one commit ends them. The platform gives values only: each
 /// name counts as known, of any type, and writable.
 class GatewayBackend : public Backend {
  public:

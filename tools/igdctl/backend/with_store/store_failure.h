@@ -7,7 +7,7 @@
 
 namespace igdctl {
 
-/// The failure of a command for which the store gave this result: its sentence, what mends it, and
+/// The failure of a command for which the store gave this result: its sentence, what to do about it, and
 /// the exit code of its kind (kStore, kPending, kNotFound or kBadInput).
 Failure store_failure(const host::StoreResult& result);
 
