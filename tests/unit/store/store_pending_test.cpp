@@ -215,6 +215,16 @@ TEST_F(StorePending, BringsDeletedObjectsBack) {
   EXPECT_EQ(added(store_->tree(), kBridges), kBridges + "3.");
 }
 
+// The counters of its tables must not stay in the file without it.
+TEST_F(StorePending, TakesANewObjectAwayWithTheTablesInIt) {
+  EXPECT_TRUE(store_->begin_trial().ok());
+  added(store_->tree(), added(store_->tree(), kBridges) + "Port.");
+  EXPECT_TRUE(store_->accept_pending(1).ok());
+  const StoreResult result = store_->revert();
+  EXPECT_TRUE(result.ok()) << result.text;
+  EXPECT_FALSE(opened()->tree().has_object(kBridges + "2."));
+}
+
 TEST_F(StorePending, RefusesBadTimesAndKeepsTheTrial) {
   EXPECT_EQ(store_->accept_pending(kMinute).error, StoreError::kNoTrial);
   EXPECT_TRUE(store_->begin_trial().ok());
