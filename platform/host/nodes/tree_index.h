@@ -3,9 +3,9 @@
 ///   - the path table, for every read and write: one hash finds the object of a full name, and a
 ///     second, by the name table of its kind, the parameter in it;
 ///   - the listing, for libigd, which looks for a connection, bridge or port by reading a parameter
-///     of each instance in turn: its names and cells lie side by side and come without a search;
-///   - inline texts, for all who read values: most lie in the object itself (stored_text.h), so that
-///     a gateway's tree stays in the processor's caches.
+///     of each instance in order: its names and cells lie side by side and come without a search;
+///   - inline texts, for all who read values: most lie in the object itself (stored_text.h), so
+///     that a gateway's tree stays in the processor's caches.
 #ifndef PLATFORM_HOST_TREE_INDEX_H
 #define PLATFORM_HOST_TREE_INDEX_H
 
