@@ -21,7 +21,7 @@ ConnectionState read_state(MibAccess& tree, const Connection& connection) {
   for (const auto& [mode, path] : by_mode) {
     if (path.empty()) continue;
     state.services.push_back(value_in(tree, path, "X_CT-COM_ServiceList"));
-    if (value_in(tree, path, "Enable") == igd::kTrue) state.enabled_modes.emplace_back(mode);
+    if (is_true(value_in(tree, path, "Enable"))) state.enabled_modes.emplace_back(mode);
   }
   state.mark = igd_c_get_mask(connection.bridge_name.c_str());
   return state;
@@ -35,7 +35,7 @@ RouteState read_route(MibAccess& tree, const std::string& path) {
   route.gateway = value_in(tree, path, "GatewayIPAddress");
   route.interface = value_in(tree, path, "Interface");
   route.table = value_in(tree, path, "X_ZYN_RouteTable");
-  route.enabled = value_in(tree, path, "Enable") == igd::kTrue;
+  route.enabled = is_true(value_in(tree, path, "Enable"));
   return route;
 }
 

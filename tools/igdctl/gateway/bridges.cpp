@@ -17,7 +17,7 @@ Bridge read_bridge(MibAccess& tree, const std::string& path) {
   bridge.standard = value_in(tree, path, "BridgeStandard");
   bridge.vlan = value_in(tree, path, "VLANID");
   bridge.priority = value_in(tree, path, "X_ZYN_VLANPriority");
-  bridge.enabled = value_in(tree, path, "BridgeEnable") == igd::kTrue;
+  bridge.enabled = is_true(value_in(tree, path, "BridgeEnable"));
   return bridge;
 }
 
@@ -28,7 +28,7 @@ Port read_port(MibAccess& tree, const std::string& path) {
   port.node = value_in(tree, path, "PortInterface");
   port.depend_wan = value_in(tree, path, "X_ZYN_DependWanName");
   port.pvid = value_in(tree, path, "PVID");
-  port.enabled = value_in(tree, path, "PortEnable") == igd::kTrue;
+  port.enabled = is_true(value_in(tree, path, "PortEnable"));
   return port;
 }
 

@@ -16,7 +16,7 @@ namespace {
 // The library's own order of precedence.
 std::string active_object(MibAccess& tree, const ConnectionObjects& objects) {
   for (const std::string* path : {&objects.dhcp, &objects.ppp, &objects.fixed}) {
-    if (value_in(tree, *path, "Enable") == igd::kTrue) return *path;
+    if (is_true(value_in(tree, *path, "Enable"))) return *path;
   }
   return objects.fixed;
 }

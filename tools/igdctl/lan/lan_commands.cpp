@@ -35,8 +35,8 @@ Lan read_lan(MibAccess& tree) {
   lan.address = igd_c_get_lan_ipaddr();
   lan.mask = value_in(tree, interface, "IPInterfaceSubnetMask");
   lan.addressing = value_in(tree, interface, "IPInterfaceAddressingType");
-  lan.enabled = value_in(tree, interface, "Enable") == igd::kTrue;
-  lan.dhcp_server = value_in(tree, host, "DHCPServerEnable") == igd::kTrue;
+  lan.enabled = is_true(value_in(tree, interface, "Enable"));
+  lan.dhcp_server = is_true(value_in(tree, host, "DHCPServerEnable"));
   lan.first = value_in(tree, host, "MinAddress");
   lan.last = value_in(tree, host, "MaxAddress");
   return lan;

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "gateway/tree_reader.h"
 #include "igd_vocabulary.h"
 #include "term/text.h"
 #include "wan/fields.h"
@@ -21,7 +22,6 @@ using Description = WanDescription;
 using Text = std::optional<std::string>;
 
 inline const char* text_of(bool on) { return on ? igd::kTrue : igd::kFalse; }
-inline bool is_true(const std::string& text) { return text == igd::kTrue; }
 
 // ---- Fields that are a text of the record ------------------------------------------------------
 

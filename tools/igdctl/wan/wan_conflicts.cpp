@@ -201,8 +201,8 @@ const char* why_it_stays(const std::string& service) {
   const auto carries = [&service](const char* word) {
     return service.find(word) != std::string::npos;
   };
-  if (carries("INTERNET")) return " is the last one with the service INTERNET";
-  if (carries("TR069") || carries("MME")) {
+  if (carries(igd::kInternetService)) return " is the last one with the service INTERNET";
+  if (carries(igd::kManagementService) || carries(igd::kMmeService)) {
     return " stays: fewer than two connections carry anything but management";
   }
   return " is the last one that is not for management: its service would be gone";

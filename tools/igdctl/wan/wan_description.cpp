@@ -6,7 +6,6 @@
 #include "gateway/secrets.h"
 #include "gateway/tree_reader.h"
 #include "igd_api.h"
-#include "igd_vocabulary.h"
 #include "term/text.h"
 #include "wan/fields.h"
 #include "wan/wan_patch.h"
@@ -14,8 +13,6 @@
 namespace igdctl {
 
 namespace {
-
-bool is_true(const std::string& text) { return text == igd::kTrue; }
 
 // Null where the tree has none of the values of the field.
 Json json_of(const WanField& field, const Value& value) {

@@ -4,6 +4,7 @@
 
 #include "cli/command_line.h"
 #include "cli/session.h"
+#include "gateway/tree_reader.h"
 #include "igd_api.h"
 #include "term/text.h"
 #include "wan/fields.h"
@@ -16,7 +17,7 @@ namespace igdctl {
 namespace {
 
 std::vector<Cell> list_row(const Connection& connection, const api_wan_info& info) {
-  const bool enabled = info.wan_enable == "true";
+  const bool enabled = is_true(info.wan_enable);
   return {info.wan_info_name,
           connection.id,
           word_of_class(info.connection_class),
