@@ -13,7 +13,7 @@ wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice
   has "LAN1 LAN2 LAN3 LAN4 WLAN1 WLAN2 WLAN3 WLAN4"
 }
 
-@test "the list tells whose each bridge is" {
+@test "the list shows whose each bridge is" {
   household
   expect 0 bridge list
   [[ ${lines[2]} =~ ^br_1_1\ +Internet\ +802.1Q\ +100\ +on\ +LAN0$ ]]

@@ -24,7 +24,7 @@ EOF
 # Overwrites four bytes of the store's file.
 patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrunc status=none; }
 
-@test "path tells where the store is and does not open it" {
+@test "path shows where the store is and does not open it" {
   expect 0 store path
   [ "$output" = "$IGD_STORE" ]
   expect 0 --store /nowhere/else.db store path
@@ -34,7 +34,7 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   [ ! -e "$IGD_STORE" ]
 }
 
-@test "an import replaces the tree and tells what it did not take as it stands" {
+@test "an import replaces the tree and reports what it changed" {
   write_dump
   expect 0 store import "$BATS_TEST_TMPDIR/dump.csv"
   has "Imported"

@@ -55,7 +55,7 @@ on_terminal() {
     "'$IGDCTL' wan create --name Internet --mode pppoe --user u --password-prompt" /dev/null)
   has "Password: "
   has_not "hush-hush"
-  has "Made connection"
+  has "Created connection"
   expect 0 wan show Internet --show-secrets
   has "hush-hush"
 }

@@ -5,7 +5,7 @@ load helper
   printf 'correct-horse\n' >"$BATS_TEST_TMPDIR/password"
   expect 0 wan create --name Internet --mode pppoe --user household@example.net \
     --password-file "$BATS_TEST_TMPDIR/password" --vlan 100 --bind-lan LAN1,LAN2 --bind-lan WLAN1
-  [ "$output" = 'Made connection "Internet", 1.1' ]
+  [ "$output" = 'Created connection "Internet", 1.1' ]
 
   expect 0 wan list
   [ "${lines[0]}" = "NAME      ID   CLASS   MODE   VLAN  SERVICE   LAN PORTS        OWN PORTS  ENABLED" ]
@@ -153,7 +153,7 @@ load helper
   expect_unchanged 2 wan create --name X --access Cable --vlan 30
 }
 
-@test "a description that is no JSON, no object, or unreadable" {
+@test "a description that is not JSON, not an object, or unreadable" {
   echo '{' >"$BATS_TEST_TMPDIR/broken.json"
   echo '[]' >"$BATS_TEST_TMPDIR/none.json"
   echo '{"name": "X", "colour": 1}' >"$BATS_TEST_TMPDIR/unknown.json"

@@ -19,7 +19,7 @@ load helper
   has '\x1b[31mred\nline' "$stderr"
 }
 
-@test "status tells of each connection whether it is up" {
+@test "status shows whether each connection is up" {
   make_three_connections
   expect 0 wan status
   has "not connected"
