@@ -248,7 +248,7 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   patch_store 68 '\0\0\0\01' # SQLite's application id
   cp "$IGD_STORE" "$BATS_TEST_TMPDIR/foreign.db"
   expect 5 store history
-  has "name another file" "$stderr"
+  has "give another file" "$stderr"
   write_dump
   expect 5 store import "$BATS_TEST_TMPDIR/dump.csv" --keep-corrupt-aside
   cmp "$IGD_STORE" "$BATS_TEST_TMPDIR/foreign.db"

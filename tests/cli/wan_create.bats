@@ -102,7 +102,7 @@ load helper
 @test "a VLAN of another connection: exit code 4, unless forced, which is told" {
   make_three_connections
   expect_unchanged 4 wan create --name Second --vlan 100
-  has 'connection "Internet" carries VLAN 100' "$stderr"
+  has 'connection "Internet" already has VLAN 100' "$stderr"
   has "--force" "$stderr"
   expect 0 wan create --name Second --vlan 100 --force --json
   has '"overridden": ['
@@ -158,7 +158,7 @@ load helper
   echo '[]' >"$BATS_TEST_TMPDIR/none.json"
   echo '{"name": "X", "colour": 1}' >"$BATS_TEST_TMPDIR/unknown.json"
   expect_unchanged 2 wan create --from "$BATS_TEST_TMPDIR/broken.json"
-  has "no JSON" "$stderr"
+  has "not JSON" "$stderr"
   echo '{"name": "X", "vlan": 1e999}' >"$BATS_TEST_TMPDIR/huge.json"
   expect_unchanged 2 wan create --from "$BATS_TEST_TMPDIR/huge.json"
   has "a number that is too large" "$stderr"
