@@ -1,4 +1,6 @@
 // Making a connection from a description.
+#include <algorithm>
+
 #include "gateway_test.h"
 #include "stdout_capture.h"
 
@@ -158,6 +160,15 @@ TEST_F(WanCreate, TakesTheFirstNamelessConnectionForANamelessDescription) {
   EXPECT_EQ(create(routed_pppoe("", 200)), wan_path(1, 2));
   EXPECT_EQ(create(routed_pppoe("", 300)), wan_path(1, 2));
   EXPECT_EQ(get(bridge_named("br_1_2") + "VLANID"), "300");
+}
+
+// The cache outlives what it remembers; a new connection of that path is written where the entry says.
+TEST_F(WanCreate, WritesToThePathsThatTheCacheHasKept) {
+  (void)support::printed_by([] { (void)_get_cache(wan_path(1, 1)); });
+  EXPECT_EQ(create(routed_pppoe("1_INTERNET", 100)), wan_path(1, 1));
+  EXPECT_EQ(get(wan_path(1, 1) + "WANPPPConnection.1.Enable"), "false");
+  const std::vector<std::string> refused = take_refusals();
+  EXPECT_NE(std::find(refused.begin(), refused.end(), "setValue Username"), refused.end());
 }
 
 TEST_F(WanCreate, DoesNotCommit) {

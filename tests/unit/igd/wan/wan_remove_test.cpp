@@ -207,6 +207,13 @@ TEST_F(WanRemove, MakesPortsBoundInTheLanBridgeAnew) {
   EXPECT_EQ(get(kBridges + "1.Port.9.PVID"), "");
 }
 
+TEST_F(WanRemove, GivesBackEvenAnUplinkThatIsBoundInTheLanBridge) {
+  const std::string path = add_connection();
+  (void)add_port(kBridges + "1.", "LAN0", path);
+  (void)remove(path);
+  EXPECT_EQ(ports_of(kBridges + "1.").back(), "LAN0");
+}
+
 TEST_F(WanRemove, GivesPortsOfItsBridgeBackFirst) {
   const std::string path = add_connection();
   (void)add_port(bridge_named("br_1_1"), "LAN5");

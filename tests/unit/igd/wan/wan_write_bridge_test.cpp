@@ -163,6 +163,17 @@ TEST_F(WanWriteBridge, LeavesAnExistingLanBridgeAsItIs) {
   EXPECT_EQ(get(lan_bridge_ + "BridgeStandard"), "802.1D");
 }
 
+TEST_F(WanWriteBridge, AdoptsALanBridgeThatAppearedSinceItsPathsWereCached) {
+  remove(lan_bridge_);
+  EXPECT_EQ(write(bridged("1_OTHER", 0, {})), 0);
+  const std::string late = add_bridge("internet", "");
+  EXPECT_EQ(write(bridged("1_OTHER", 0, {})), 0);
+  EXPECT_EQ(cached().lan_bridge_path, "") << "a bridged connection needs none";
+  EXPECT_EQ(write(routed_pppoe("1_INTERNET", 0)), 0);
+  EXPECT_EQ(cached().lan_bridge_path, late);
+  EXPECT_EQ(tree_.instances(kBridgeName).size(), 2U);
+}
+
 TEST_F(WanWriteBridge, RecordsTheBoundPortsOnTheObjects) {
   api_wan_info info = routed_pppoe("1_INTERNET", 0);
   info.bind_lan = {"LAN1", "WLAN1"};
