@@ -1,59 +1,76 @@
 #include "gateway_test.h"
 
-#include <map>
-
 namespace foreign {
 namespace {
 
-std::string joined(const std::vector<std::string>& texts) {
-  std::string text;
-  for (const std::string& part : texts) text += "[" + part + "]";
-  return text;
-}
-
-std::string cached_entries(const std::map<std::string, wan_mib_info>& cache) {
-  std::string text;
-  for (const auto& entry : cache) text += entry.first + ":\n" + describe(entry.second);
-  return text;
-}
-
-std::string library_cache() {
-  std::map<std::string, wan_mib_info> cache;
-  for (const auto& entry : g_wan_mibinfo_cache_list) {
-    if (entry.second == nullptr) return "a null entry for " + entry.first;
-    cache[entry.first] = *entry.second;
+// "<name>:<value>|" a field.
+class Fields {
+ public:
+  Fields& operator()(const char* name, const std::string& value) {
+    text_ += name + (":" + value) + "|";
+    return *this;
   }
-  return cached_entries(cache);
-}
+  Fields& operator()(const char* name, int value) { return (*this)(name, std::to_string(value)); }
+  Fields& operator()(const char* name, const Names& values) {
+    std::string joined;
+    for (const std::string& value : values) joined += value + ";";
+    return (*this)(name, joined);
+  }
+  const std::string& text() const { return text_; }
+
+ private:
+  std::string text_;
+};
 
 }  // namespace
 
 std::string describe(const api_wan_info& i) {
-  std::string text = format_text(
-      "name %s\nvlan %d %d %d\nclass %d\nlan %s\nwan %s\nservice %s\ntrans %d\nnat %d\nmode %d\n",
-      i.wan_info_name.c_str(), i.vlan_enable, i.vlan_id, i.vlan_priority, i.connection_class,
-      joined(i.bind_lan).c_str(), joined(i.bind_wan).c_str(), i.service_type.c_str(), i.dhcp_trans,
-      i.nat_mode, i.connect_mode);
-  text += format_text("ppp %s %s %s\nmtu %s %s\nprotocol %d\nip %s %s %s\n",
-                      i.pppoe_user_name.c_str(), i.pppoe_password.c_str(), i.pppoe_mtu.c_str(),
-                      i.static_mtu.c_str(), i.dhcp_mtu.c_str(), i.protocol, i.ip_addr.c_str(),
-                      i.ip_mask.c_str(), i.ip_gw.c_str());
-  text += format_text("dns %d [%s] [%s]\ndhcp dns %d [%s] [%s]\nstatic dns %d [%s] [%s]\n",
-                      i.ip_dns_enable, i.ip_dns1.c_str(), i.ip_dns2.c_str(), i.dhcp_dns_enable,
-                      i.dhcp_dns1.c_str(), i.dhcp_dns2.c_str(), i.static_dns_enable,
-                      i.static_dns1.c_str(), i.static_dns2.c_str());
-  text += format_text("option60 %s\nenable %s %s %s\nlan vlan %d %d\n", i.dhcp_option60.c_str(),
-                      i.wan_enable.c_str(), i.wan_remote_management_enable.c_str(),
-                      i.stp_enable.c_str(), i.lan_vlan_enable, i.lan_vlan_id);
-  for (const auto& option : i.port_option60) text += option.first + "=" + option.second + "\n";
-  return text;
+  Fields fields;
+  fields("name", i.wan_info_name)("vlan", i.vlan_enable)("id", i.vlan_id);
+  fields("priority", i.vlan_priority)("class", i.connection_class)("lan", i.bind_lan);
+  fields("wan", i.bind_wan)("service", i.service_type)("trans", i.dhcp_trans)("nat", i.nat_mode);
+  fields("mode", i.connect_mode)("user", i.pppoe_user_name)("password", i.pppoe_password);
+  fields("ppp mtu", i.pppoe_mtu)("static mtu", i.static_mtu)("dhcp mtu", i.dhcp_mtu);
+  fields("protocol", i.protocol)("ip", i.ip_addr)("mask", i.ip_mask)("gateway", i.ip_gw);
+  fields("dns", i.ip_dns_enable)("dhcp dns", i.dhcp_dns_enable)("dhcp dns1", i.dhcp_dns1);
+  fields("dhcp dns2", i.dhcp_dns2)("static dns", i.static_dns_enable)("static dns1", i.static_dns1);
+  fields("static dns2", i.static_dns2)("dns1", i.ip_dns1)("dns2", i.ip_dns2);
+  fields("option60", i.dhcp_option60)("enable", i.wan_enable);
+  fields("remote", i.wan_remote_management_enable)("stp", i.stp_enable);
+  for (const auto& [port, option] : i.port_option60) fields(("option " + port).c_str(), option);
+  return fields("lan vlan", i.lan_vlan_enable)("lan id", i.lan_vlan_id).text();
 }
 
 std::string describe(const wan_mib_info& mib) {
-  return lines({mib.wan_path, "name " + mib.bridge_name, "static " + mib.static_path,
-                "ppp " + mib.ppp_path, "dhcp " + mib.dhcp_path, "bridge " + mib.wan_bridge_path,
-                "lan " + mib.lan_bridge_path, "lan name " + mib.lan_bridge_name,
-                "class " + std::to_string(mib.connect_class)});
+  Fields fields;
+  fields("wan", mib.wan_path)("name", mib.bridge_name)("static", mib.static_path);
+  fields("ppp", mib.ppp_path)("dhcp", mib.dhcp_path)("bridge", mib.wan_bridge_path);
+  fields("lan", mib.lan_bridge_path)("lan name", mib.lan_bridge_name);
+  return fields("class", mib.connect_class).text();
+}
+
+std::string describe(const api_wan_status& s) {
+  Fields fields;
+  fields("name", s.name)("connected", s.connected)("mac", s.mac_address)("mode", s.connect_mode);
+  fields("services", s.service_list)("type", s.connection_type)("ip", s.ip_addr)("mask", s.ip_mask);
+  fields("gateway", s.ip_gw)("dns", s.ip_dns)("bytes out", s.bytes_sent);
+  fields("bytes in", s.bytes_received)("packets out", s.packets_sent);
+  fields("packets in", s.packets_received)("uptime", s.uptime);
+  return fields("error", s.last_connection_error).text();
+}
+
+std::string describe(const api_route_info& route) {
+  Fields fields;
+  fields("to", route.dest_ip)("mask", route.dest_mask)("enable", route.enable);
+  fields("type", route.route_type)("interface", route.interface)("gateway", route.gateway);
+  return fields.text();
+}
+
+std::string describe(const api_mng_server_info& server) {
+  Fields fields;
+  fields("url", server.url)("user", server.username)("password", server.password);
+  fields("back", server.connection_request_url)("back user", server.connection_request_username);
+  return fields("back password", server.connection_request_password).text();
 }
 
 api_wan_info description(int connection_class, int connect_mode) {
@@ -82,7 +99,7 @@ api_wan_info description(int connection_class, int connect_mode) {
   return info;
 }
 
-std::string lines(const std::vector<std::string>& lines) {
+std::string lines(const Names& lines) {
   std::string text;
   for (const std::string& line : lines) text += line + "\n";
   return text;
@@ -95,113 +112,46 @@ void GatewayTest::SetUp() {
 
 // The library frees no cache entry when the process ends.
 void GatewayTest::TearDown() {
-  EXPECT_EQ(lines(Platform::instance().complaints()), "");
+  EXPECT_EQ(Platform::instance().complaints(), "");
+  EXPECT_EQ(tree().strays(), "");
   forget_all();
 }
 
 void GatewayTest::forget_all() {
-  std::vector<std::string> none;
+  Names none;
   _rebuid_cache(none);
   g_l3_ifname_table.clear();
 }
 
-void GatewayTest::expect_as_scripted() {
-  EXPECT_EQ(transcript_, script_.text());
-  EXPECT_EQ(tree().values(), script_.tree().values());
-  EXPECT_EQ(tree().objects(), script_.tree().objects());
-  EXPECT_EQ(library_cache(), cached_entries(script_.cache));
-}
-
-void GatewayTest::set_params(const std::string& wan, api_wan_info& info) {
-  api_wan_info expected = info;
-  EXPECT_EQ(follow([&](Script& s) { write_params(s, wan, expected); },
-                   [&] { return igd_wan_set_params(wan, &info); }),
-            0);
-  EXPECT_EQ(describe(info), describe(expected));
-}
-
-void GatewayTest::get_params(const std::string& wan, api_wan_info& info) {
-  api_wan_info expected = info;
-  EXPECT_EQ(follow([&](Script& s) { read_params(s, wan, expected); },
-                   [&] { return igd_wan_get_params(wan, &info); }),
-            0);
-  EXPECT_EQ(describe(info), describe(expected));
-}
-
 std::string GatewayTest::create(const std::string& access_type, api_wan_info& info) {
-  api_wan_info expected = info;
-  std::string expected_path;
-  const std::string path =
-      follow([&](Script& s) { expected_path = create_wan(s, access_type, expected); },
-             [&] { return igd_wan_create(access_type, &info); });
-  EXPECT_EQ(path, expected_path);
-  EXPECT_EQ(describe(info), describe(expected));
-  return path;
+  return run([&] { return igd_wan_create(access_type, &info); });
 }
 
-void GatewayTest::destroy(const std::string& wan) {
-  follow([&](Script& s) { remove_wan(s, wan); }, [&] { igd_wan_destory(wan); });
+void GatewayTest::write(const std::string& wan, api_wan_info& info) {
+  EXPECT_EQ(run([&] { return igd_wan_set_params(wan, &info); }), 0);
 }
 
-std::string GatewayTest::add(const std::string& table) {
-  return table + std::to_string(tree().add(table)) + ".";
+api_wan_info GatewayTest::read(const std::string& wan) {
+  api_wan_info info;
+  EXPECT_EQ(run([&] { return igd_wan_get_params(wan, &info); }), 0);
+  return info;
 }
 
-std::string GatewayTest::add_device(const std::string& access_type) {
-  const std::string device = add(kDevices);
-  tree().set(device + "WANCommonInterfaceConfig.WANAccessType", access_type);
-  return device;
+void GatewayTest::remove(const std::string& wan) {
+  run([&] { igd_wan_destory(wan); });
+  EXPECT_EQ(logged(), "igd_api:# INDEX=" + wan + "\ncommit 1\n");
 }
 
-Connection GatewayTest::add_connection(const std::string& device) {
-  Connection connection;
-  connection.wan = add(device + "WANConnectionDevice.");
-  connection.fixed = add(connection.wan + "WANIPConnection.");
-  tree().set(connection.fixed + "AddressingType", "Static");
-  connection.dhcp = add(connection.wan + "WANIPConnection.");
-  tree().set(connection.dhcp + "AddressingType", "DHCP");
-  connection.ppp = add(connection.wan + "WANPPPConnection.");
-  return connection;
-}
-
-std::string GatewayTest::add_bridge(const std::string& name, const std::string& owner) {
-  const std::string bridge = add(kBridges);
-  tree().set(bridge + "BridgeName", name);
-  tree().set(bridge + "X_ZYN_WANName", owner);
-  return bridge;
-}
-
-std::string GatewayTest::add_port(const std::string& bridge, const std::string& interface,
-                                  const std::string& depend_wan) {
-  const std::string port = add(bridge + "Port.");
-  tree().set(port + "PortInterface", interface);
-  tree().set(port + "X_ZYN_DependWanName", depend_wan);
-  return port;
-}
-
-std::string GatewayTest::add_lan_bridge(const std::vector<std::string>& interfaces) {
-  const std::string bridge = add_bridge("internet", "");
-  for (const std::string& interface : interfaces) add_port(bridge, interface);
-  return bridge;
-}
-
-std::string GatewayTest::add_wan_bridge(const Connection& connection, const std::string& name,
-                                        const std::vector<std::string>& interfaces) {
-  const std::string bridge = add_bridge(name, connection.wan);
-  for (const std::string& interface : interfaces) add_port(bridge, interface);
-  return bridge;
-}
-
-void GatewayTest::tag(const std::string& bridge, int vlan_id) {
-  tree().set(bridge + "BridgeStandard", "802.1Q");
-  tree().set(bridge + "VLANID", std::to_string(vlan_id));
-}
-
-std::string GatewayTest::add_route(const std::string& interface, const std::string& table) {
-  const std::string route = add(kForwarding);
-  tree().set(route + "Interface", interface);
-  tree().set(route + "X_ZYN_RouteTable", table);
-  return route;
+void GatewayTest::add_lan_bridge(const Names& nodes) {
+  const std::string bridge = kBridges + std::to_string(tree().add(kBridges)) + ".";
+  tree().set(bridge + "BridgeName", "internet");
+  tree().set(bridge + "BridgeEnable", "true");
+  for (const std::string& node : nodes) {
+    const std::string port = bridge + "Port." + std::to_string(tree().add(bridge + "Port.")) + ".";
+    tree().set(port + "PVID", "");
+    tree().set(port + "PortInterface", node);
+    tree().set(port + "PortEnable", "true");
+  }
 }
 
 }  // namespace foreign

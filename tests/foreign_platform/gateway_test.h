@@ -1,5 +1,5 @@
-// The bench on which the tests stand: the porter's platform with an empty tree, and small verbs
-// that furnish it.
+// The bench on which the tests stand: the porter's platform with an empty tree, small verbs that
+// furnish it, and each record as a text.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,97 +10,67 @@
 
 #include "declarations.h"
 #include "platform.h"
-#include "script.h"
-#include "steps.h"
-#include "transcript.h"
 
 namespace foreign {
 
-inline constexpr char kBridges[] = "InternetGatewayDevice.Layer2Bridging.Bridge.";
-inline constexpr char kForwarding[] = "InternetGatewayDevice.Layer3Forwarding.Forwarding.";
-inline constexpr char kDevices[] = "InternetGatewayDevice.WANDevice.";
+using Names = std::vector<std::string>;
 
-/// A connection device with its three connection objects, as they stand in the tree.
-struct Connection {
-  std::string wan;
-  std::string fixed;  ///< the static-addressing IP connection
-  std::string dhcp;
-  std::string ppp;
-};
+inline const std::string kBridges = "InternetGatewayDevice.Layer2Bridging.Bridge.";
+inline const std::string kForwarding = "InternetGatewayDevice.Layer3Forwarding.Forwarding.";
+inline const std::string kDevices = "InternetGatewayDevice.WANDevice.";
+inline const std::string kServer = "InternetGatewayDevice.ManagementServer.";
+inline const std::string kWan = kDevices + "1.WANConnectionDevice.1.";
 
-/// Every field of a record, one a line, for comparison.
+/// Every field of a record, for comparison.
 std::string describe(const api_wan_info& info);
 std::string describe(const wan_mib_info& mib);
+std::string describe(const api_wan_status& status);
+std::string describe(const api_route_info& route);
+std::string describe(const api_mng_server_info& server);
 
-/// A description with a text of its own in every field that is written.
+/// What a caller asks for: a text of its own in every field that is written.
 api_wan_info description(int connection_class, int connect_mode);
 
 /// "a", "b" as "a\nb\n".
-std::string lines(const std::vector<std::string>& lines);
+std::string lines(const Names& lines);
 
 class GatewayTest : public ::testing::Test {
  protected:
   void SetUp() override;
+
+  /// Holds that the platform had nothing to complain of and that every write reached the tree.
   void TearDown() override;
-  static void forget_all();  // what the library remembers between calls
 
   static Tree& tree() { return Platform::instance().tree(); }
 
-  /// Runs one call of the library and keeps what happened in transcript().
+  /// Runs one call of the library and keeps what it printed; what it logged is in logged().
   template <typename Call>
   auto run(Call call) {
     using Result = decltype(call());
     if constexpr (std::is_void_v<Result>) {
-      transcript_ = Platform::instance().record(call);
+      printed_ = Platform::instance().printed_by(call);
     } else {
       Result result{};
-      transcript_ = Platform::instance().record([&] { result = call(); });
+      printed_ = Platform::instance().printed_by([&] { result = call(); });
       return result;
     }
   }
-  const std::string& transcript() const { return transcript_; }
+  const std::string& printed() const { return printed_; }
+  static const std::string& logged() { return Platform::instance().logged(); }
 
-  /// As run(), and everything that happened, the tree and the cache must be what `steps` say.
-  template <typename Steps, typename Call>
-  auto follow(Steps steps, Call call) {
-    script_.start_from(tree());
-    steps(script_);
-    if constexpr (std::is_void_v<decltype(call())>) {
-      run(call);
-      expect_as_scripted();
-    } else {
-      const auto result = run(call);
-      expect_as_scripted();
-      return result;
-    }
-  }
-
-  // Whole operations, compared call by call and line by line.
-  void set_params(const std::string& wan, api_wan_info& info);
-  void get_params(const std::string& wan, api_wan_info& info);
+  // The operations of a connection's life.
   std::string create(const std::string& access_type, api_wan_info& info);
-  void destroy(const std::string& wan);
+  void write(const std::string& wan, api_wan_info& info);
+  api_wan_info read(const std::string& wan);
+  void remove(const std::string& wan);
 
-  // Furniture.
-  static std::string add(const std::string& table);
-  static std::string add_device(const std::string& access_type);
-  static Connection add_connection(const std::string& device);
-  static std::string add_bridge(const std::string& name, const std::string& owner);
-  static std::string add_port(const std::string& bridge, const std::string& interface,
-                              const std::string& depend_wan = "");
-  static std::string add_lan_bridge(const std::vector<std::string>& interfaces);
-  /// The bridge of connection device <d>.<c>, named as the library names it.
-  static std::string add_wan_bridge(const Connection& connection, const std::string& name,
-                                    const std::vector<std::string>& interfaces);
-  static void tag(const std::string& bridge, int vlan_id);
-  static std::string add_route(const std::string& interface, const std::string& table);
-
-  Script script_;
+  /// The LAN bridge of a gateway as it leaves the factory, with these ports.
+  static void add_lan_bridge(const Names& nodes);
 
  private:
-  void expect_as_scripted();
+  static void forget_all();  // what the library remembers between calls
 
-  std::string transcript_;
+  std::string printed_;
 };
 
 }  // namespace foreign

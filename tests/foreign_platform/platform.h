@@ -1,4 +1,4 @@
-// The porter's platform: hands his tree to the library and writes down everything it does there.
+// The porter's platform: hands his tree to the library, and notes what it logs and commits.
 #pragma once
 
 #include <functional>
@@ -22,12 +22,16 @@ class Platform final : public PlatformContext, public MibAccess {
   /// An empty tree, no complaints, context and tree access available.
   void reset();
 
-  /// Runs `call` with standard output redirected. @return what happened, line by line.
-  std::string record(const std::function<void()>& call);
+  /// Runs `call`. @return what it printed.
+  std::string printed_by(const std::function<void()>& call);
+
+  /// What the last call logged and committed, as "<file>:<line> <text>", "commit <flag>" and
+  /// "apply <text>", a line each.
+  const std::string& logged() const { return logged_; }
 
   /// Notes something that the library must never do.
-  void complain(const std::string& complaint) { complaints_.push_back(complaint); }
-  const std::vector<std::string>& complaints() const { return complaints_; }
+  void complain(const std::string& complaint) { complaints_ += complaint + "\n"; }
+  const std::string& complaints() const { return complaints_; }
 
   Tree& tree() { return tree_; }
 
@@ -38,29 +42,26 @@ class Platform final : public PlatformContext, public MibAccess {
   int accesses_asked() const { return accesses_asked_; }
   int services_asked() const { return services_asked_; }
 
-  void debug(const char* file, int line, const std::string& text);
+  void log(const std::string& line) { logged_ += line + "\n"; }
 
   MibAccess* mib_access() override;
   void* second_service() override;
   int addObject(const std::string& table_path, int* number, int access) override;
-  int deleteObject(const std::string& object_path) override;
+  int deleteObject(const std::string& object_path) override { return tree_.erase(object_path); }
   InstanceIterator* openInstanceIterator(int type) override;
   void closeInstanceIterator(InstanceIterator* iterator) override;
-  std::string getValue(const std::string& name) override;
+  std::string getValue(const std::string& name) override { return tree_.get(name); }
   int setValue(const std::string& name, const std::string& value, int flag) override;
   int commit(int flag) override;
   int applyChanges(const std::string& text) override;
 
  private:
   Platform() = default;
-  void drain();
-  void note(const std::string& line);
 
   Tree tree_;
   std::vector<std::unique_ptr<NameIterator>> iterators_;
-  std::vector<std::string> complaints_;
-  std::string transcript_;
-  bool recording_ = false;
+  std::string complaints_;
+  std::string logged_;
   bool offers_context_ = true;
   bool offers_tree_access_ = true;
   int contexts_asked_ = 0;

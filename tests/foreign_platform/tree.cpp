@@ -1,199 +1,137 @@
 #include "tree.h"
 
 #include <algorithm>
-#include <cctype>
+#include <cstddef>
 #include <cstdlib>
+#include <iterator>
+#include <utility>
 
 namespace foreign {
 namespace {
 
-struct ObjectType {
-  int identifier;
-  const char* pattern;  // "#" stands for an instance number
+struct Entry {
+  int type;             // the number by which it is enumerated, or 0
+  const char* pattern;  // below the root; "#" stands for an instance number
+  const char* value;    // what a new instance brings along
 };
 
-constexpr ObjectType kObjectTypes[] = {
-    {171, "InternetGatewayDevice.Layer3Forwarding.Forwarding.#.DestIPAddress"},
-    {177, "InternetGatewayDevice.Layer3Forwarding.Forwarding.#.Interface"},
-    {196, "InternetGatewayDevice.Layer2Bridging.Bridge.#.BridgeName"},
-    {197, "InternetGatewayDevice.Layer2Bridging.Bridge.#.X_ZYN_WANName"},
-    {199, "InternetGatewayDevice.Layer2Bridging.Bridge.#.VLANID"},
-    {203, "InternetGatewayDevice.Layer2Bridging.Bridge.#.Port.#.PortEnable"},
-    {204, "InternetGatewayDevice.Layer2Bridging.Bridge.#.Port.#.X_ZYN_DependWanName"},
-    {205, "InternetGatewayDevice.Layer2Bridging.Bridge.#.Port.#.PortInterface"},
-    {209, "InternetGatewayDevice.Layer2Bridging.Bridge.#.Port.#.PVID"},
-    {1007, "InternetGatewayDevice.WANDevice.#.WANCommonInterfaceConfig.WANAccessType"},
-    {1273, "InternetGatewayDevice.WANDevice.#.WANConnectionDevice.#."},
-    {1351, "InternetGatewayDevice.WANDevice.#.WANConnectionDevice.#.WANIPConnection.#.Name"},
-    {1359,
-     "InternetGatewayDevice.WANDevice.#.WANConnectionDevice.#.WANIPConnection.#.AddressingType"},
-    {1429, "InternetGatewayDevice.WANDevice.#.WANConnectionDevice.#.WANPPPConnection.#."},
-    {1437, "InternetGatewayDevice.WANDevice.#.WANConnectionDevice.#.WANPPPConnection.#.Name"},
-    {1887,
-     "InternetGatewayDevice.WANDevice.#.WANConnectionDevice.#.WANPPPConnection.#."
-     "X_CT-COM_ServiceList"},
+// Every enumerated parameter is here, so that an enumeration also yields those that nobody has
+// written yet.
+constexpr Entry kSchema[] = {
+    {171, "Layer3Forwarding.Forwarding.#.DestIPAddress", ""},
+    {177, "Layer3Forwarding.Forwarding.#.Interface", ""},
+    {196, "Layer2Bridging.Bridge.#.BridgeName", ""},
+    {197, "Layer2Bridging.Bridge.#.X_ZYN_WANName", ""},
+    {199, "Layer2Bridging.Bridge.#.VLANID", "0"},
+    {0, "Layer2Bridging.Bridge.#.BridgeStandard", "802.1D"},
+    {0, "Layer2Bridging.Bridge.#.BridgeEnable", "false"},
+    {203, "Layer2Bridging.Bridge.#.Port.#.PortEnable", "false"},
+    {204, "Layer2Bridging.Bridge.#.Port.#.X_ZYN_DependWanName", ""},
+    {205, "Layer2Bridging.Bridge.#.Port.#.PortInterface", ""},
+    {209, "Layer2Bridging.Bridge.#.Port.#.PVID", "1"},
+    {1007, "WANDevice.#.WANCommonInterfaceConfig.WANAccessType", ""},
+    {1273, "WANDevice.#.WANConnectionDevice.#.", ""},
+    {0, "WANDevice.#.WANConnectionDevice.#.WANEthernetLinkConfig.X_CT-COM_Mode", "0"},
+    {0, "WANDevice.#.WANConnectionDevice.#.WANEthernetLinkConfig.X_CT-COM_VLANIDMark", "0"},
+    {1351, "WANDevice.#.WANConnectionDevice.#.WANIPConnection.#.Name", ""},
+    {1359, "WANDevice.#.WANConnectionDevice.#.WANIPConnection.#.AddressingType", ""},
+    {0, "WANDevice.#.WANConnectionDevice.#.WANIPConnection.#.Enable", "false"},
+    {0, "WANDevice.#.WANConnectionDevice.#.WANIPConnection.#.DNSEnabled", "true"},
+    {1429, "WANDevice.#.WANConnectionDevice.#.WANPPPConnection.#.", ""},
+    {1437, "WANDevice.#.WANConnectionDevice.#.WANPPPConnection.#.Name", ""},
+    {1887, "WANDevice.#.WANConnectionDevice.#.WANPPPConnection.#.X_CT-COM_ServiceList", ""},
+    {0, "WANDevice.#.WANConnectionDevice.#.WANPPPConnection.#.Enable", "false"},
+    {0, "WANDevice.#.WANConnectionDevice.#.WANPPPConnection.#.DNSEnabled", "true"},
 };
 
-struct Default {
-  const char* table;  // the last component of the table that the instance is added to
-  const char* parameter;
-  const char* value;
-};
-
-// What a new instance brings along. Every enumerated parameter is here, so that an enumeration
-// also yields the parameters that nobody has written yet.
-constexpr Default kDefaults[] = {
-    {"WANDevice.", "WANCommonInterfaceConfig.WANAccessType", ""},
-    {"WANConnectionDevice.", "WANEthernetLinkConfig.X_CT-COM_Mode", "0"},
-    {"WANConnectionDevice.", "WANEthernetLinkConfig.X_CT-COM_VLANIDMark", "0"},
-    {"WANIPConnection.", "Name", ""},
-    {"WANIPConnection.", "AddressingType", ""},
-    {"WANIPConnection.", "Enable", "false"},
-    {"WANIPConnection.", "DNSEnabled", "true"},
-    {"WANPPPConnection.", "Name", ""},
-    {"WANPPPConnection.", "X_CT-COM_ServiceList", ""},
-    {"WANPPPConnection.", "Enable", "false"},
-    {"WANPPPConnection.", "DNSEnabled", "true"},
-    {"Bridge.", "BridgeName", ""},
-    {"Bridge.", "X_ZYN_WANName", ""},
-    {"Bridge.", "VLANID", "0"},
-    {"Bridge.", "BridgeStandard", "802.1D"},
-    {"Bridge.", "BridgeEnable", "false"},
-    {"Port.", "PortEnable", "false"},
-    {"Port.", "X_ZYN_DependWanName", ""},
-    {"Port.", "PortInterface", ""},
-    {"Port.", "PVID", "1"},
-    {"Forwarding.", "DestIPAddress", ""},
-    {"Forwarding.", "Interface", ""},
-    {"Forwarding.", "Enable", "false"},
-};
-
-constexpr char kRoot[] = "InternetGatewayDevice.";
+const std::string kRoot = "InternetGatewayDevice.";
 
 bool begins_with(const std::string& text, const std::string& prefix) {
   return text.compare(0, prefix.size(), prefix) == 0;
 }
 
-std::vector<std::string> components_of(const std::string& name) {
-  std::vector<std::string> components(1);
-  for (char c : name) {
-    if (c == '.') {
-      components.emplace_back();
-    } else {
-      components.back() += c;
+bool is_digit(char c) { return c >= '0' && c <= '9'; }
+
+// A name below the root with "#" for its instance numbers, and those numbers.
+std::pair<std::string, std::vector<long>> shape_of(const std::string& name) {
+  std::string pattern;
+  std::vector<long> numbers;
+  for (std::size_t at = kRoot.size(); at < name.size(); ++at) {
+    if (name[at - 1] != '.' || !is_digit(name[at])) {
+      pattern += name[at];
+      continue;
     }
+    pattern += '#';
+    numbers.push_back(std::strtol(name.c_str() + at, nullptr, 10));
+    while (at + 1 < name.size() && is_digit(name[at + 1])) ++at;
   }
-  return components;
-}
-
-bool is_number(const std::string& text) {
-  return !text.empty() &&
-         std::all_of(text.begin(), text.end(), [](unsigned char c) { return std::isdigit(c); });
-}
-
-// The instance numbers of a name under `pattern`; false when the name has another shape.
-bool numbers_under(const std::vector<std::string>& pattern,
-                   const std::vector<std::string>& components, std::vector<long>& numbers) {
-  if (components.size() != pattern.size()) return false;
-  numbers.clear();
-  for (std::size_t i = 0; i < pattern.size(); ++i) {
-    if (pattern[i] != "#") {
-      if (components[i] != pattern[i]) return false;
-    } else if (is_number(components[i])) {
-      numbers.push_back(std::strtol(components[i].c_str(), nullptr, 10));
-    } else {
-      return false;
-    }
-  }
-  return true;
-}
-
-// The object type of a name and its instance numbers; 0 when it is not enumerated.
-int type_of(const std::string& name, std::vector<long>& numbers) {
-  const std::vector<std::string> components = components_of(name);
-  for (const ObjectType& entry : kObjectTypes) {
-    if (numbers_under(components_of(entry.pattern), components, numbers)) return entry.identifier;
-  }
-  return 0;
-}
-
-std::string last_component(const std::string& table) {
-  return table.substr(parent_of(table).size());
+  return {pattern, numbers};
 }
 
 }  // namespace
-
-std::string parent_of(const std::string& name) {
-  const std::size_t last = name.find_last_not_of(" \n\t\r");
-  if (last == std::string::npos) return "";
-  std::size_t dot = std::string::npos;
-  if (name[last] != '.') {
-    dot = name.rfind('.');
-  } else if (last > 0) {
-    dot = name.rfind('.', last - 1);
-  }
-  return dot == std::string::npos ? "" : name.substr(0, dot + 1);
-}
 
 std::string Tree::get(const std::string& name) const {
   const auto found = values_.find(name);
   return found == values_.end() ? "" : found->second;
 }
 
-void Tree::set(const std::string& name, const std::string& value) {
-  if (values_.insert_or_assign(name, value).second) appeared(name);
-}
-
 int Tree::add(const std::string& table) {
-  ++adds_;
-  if (refused_adds_.count(adds_) != 0 || !begins_with(table, kRoot)) return 0;
+  if (!begins_with(table, kRoot)) return 0;
   const int number = ++last_number_[table];
   const std::string path = table + std::to_string(number) + ".";
-  objects_.insert(path);
-  appeared(path);
-  for (const Default& entry : kDefaults) {
-    if (last_component(table) == entry.table) set(path + entry.parameter, entry.value);
+  set(path, "");
+  const std::string object = shape_of(path).first;
+  for (const Entry& entry : kSchema) {
+    if (!begins_with(entry.pattern, object)) continue;
+    const std::string parameter = entry.pattern + object.size();
+    if (parameter.find('#') == std::string::npos) set(path + parameter, entry.value);
   }
   return number;
 }
 
 int Tree::erase(const std::string& path) {
   if (path.empty()) return -1;
-  const auto refused = refused_erases_.find(path);
-  if (refused != refused_erases_.end()) return refused->second;
-  for (auto it = values_.lower_bound(path); it != values_.end() && begins_with(it->first, path);) {
-    disappeared(it->first);
-    it = values_.erase(it);
-  }
-  for (auto it = objects_.lower_bound(path); it != objects_.end() && begins_with(*it, path);) {
-    disappeared(*it);
-    it = objects_.erase(it);
-  }
+  auto it = values_.lower_bound(path);
+  while (it != values_.end() && begins_with(it->first, path)) it = values_.erase(it);
   return 0;
 }
 
 std::vector<std::string> Tree::names_of(int type) const {
+  const auto* const entry = std::find_if(std::begin(kSchema), std::end(kSchema),
+                                         [&](const Entry& e) { return e.type == type; });
+  std::vector<std::pair<std::vector<long>, std::string>> found;
+  for (const auto& [name, value] : values_) {
+    if (entry == std::end(kSchema) || !begins_with(name, kRoot)) continue;
+    const auto [pattern, numbers] = shape_of(name);
+    if (pattern == entry->pattern) found.emplace_back(numbers, name);
+  }
+  std::sort(found.begin(), found.end());
   std::vector<std::string> names;
-  const auto found = instances_.find(type);
-  if (found == instances_.end()) return names;
-  for (const auto& instance : found->second) names.push_back(instance.second);
+  for (const auto& instance : found) names.push_back(instance.second);
   return names;
 }
 
-void Tree::appeared(const std::string& name) {
-  std::vector<long> numbers;
-  const int type = type_of(name, numbers);
-  if (type != 0) instances_[type][numbers] = name;
+std::string Tree::shown(const std::string& path) const {
+  std::map<std::string, std::string> objects;
+  for (const auto& [name, value] : values_) {
+    if (!begins_with(name, path)) continue;
+    const std::string object = name.substr(0, name.rfind('.') + 1);
+    const bool parameter = name.back() != '.';
+    objects[object] += parameter ? " " + name.substr(object.size()) + "=" + value : "";
+  }
+  std::string text;
+  for (const auto& [object, parameters] : objects) {
+    text += object.substr(path.size()) + ":" + parameters + "\n";
+  }
+  return text;
 }
 
-void Tree::disappeared(const std::string& name) {
-  std::vector<long> numbers;
-  const int type = type_of(name, numbers);
-  if (type != 0) instances_[type].erase(numbers);
+std::string Tree::strays() const {
+  std::string names;
+  for (const auto& entry : values_) {
+    if (!begins_with(entry.first, kRoot)) names += entry.first + "\n";
+  }
+  return names;
 }
-
-void Tree::refuse_add(int nth) { refused_adds_.insert(adds_ + nth); }
-
-void Tree::refuse_erase(const std::string& path, int result) { refused_erases_[path] = result; }
 
 }  // namespace foreign
