@@ -5,6 +5,7 @@
 
 #include "gateway/tree_reader.h"
 #include "igd_api.h"
+#include "igd_vocabulary.h"
 
 namespace igdctl_tests {
 
