@@ -78,8 +78,12 @@ class Base:
                                 env=ENVIRONMENT, capture_output=True).stdout
         commands = {}
         for file in self.build.rglob("CTestTestfile.cmake"):
-            for name, command in re.findall(r"^add_test\(\[=\[(.*?)\]=\] (.*)\)$",
-                                            file.read_text(), re.MULTILINE):
+            text = file.read_text()
+            folder = re.search(r"^# Source directory: (.*)", text, re.MULTILINE).group(1)
+            if not pathlib.Path(folder, "CMakeLists.txt").exists():
+                continue  # of a folder that was moved
+            for name, command in re.findall(r"^add_test\(\[=\[(.*?)\]=\] (.*)\)$", text,
+                                            re.MULTILINE):
                 commands[name] = shlex.split(command)
         tests = []
         for test in json.loads(listed)["tests"]:

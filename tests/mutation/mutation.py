@@ -20,6 +20,9 @@ import report
 import results
 import worker
 
+LONG = 1.0
+A_FEW_LOOKS = 3
+
 
 def parsed_arguments():
     parser = argparse.ArgumentParser(prog="scripts/mutation", description=__doc__)
@@ -205,11 +208,17 @@ class Run:
         self.finish(mutant, result)
 
     def ask_in_turn(self, own, mutant, tests):
-        """Until one notices."""
-        costs = self.session.reach.costs
-        for test in self.session.results.order(tests, mutant.file, costs):
+        """Until one notices; of a long test, what noticed others of this file is run first."""
+        costs, known = self.session.reach.costs, self.session.results
+        looks = []
+        for test in known.order(tests, mutant.file, costs):
+            first = test.only(known.killers_of(test, mutant.file))
+            if first and costs[test.name].seconds > LONG:
+                looks.append((test, first))
+        looks = looks[:A_FEW_LOOKS]
+        for test, extra in looks + [(t, ()) for t in known.order(tests, mutant.file, costs)]:
             try:
-                outcome = own.run(test, costs[test.name])
+                outcome = own.run(test, costs[test.name], extra=extra)
             except worker.BuildFailure:
                 return {"outcome": "killed", "test": test.name, "by": "does not compile"}
             if not outcome.passed:

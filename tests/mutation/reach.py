@@ -26,6 +26,8 @@ class Reach:
         """The source with a call after the opening brace of each block."""
         pieces, last = [], 0
         for (start, _), number in self.blocks[name]:
+            if source[start:start + 1] != b"{":  # "= default" has a body, but nowhere to put a call
+                continue
             pieces += [source[last:start + 1], b" ::mutation_reach::enter(%d);" % number]
             last = start + 1
         return b"".join([*pieces, source[last:]])

@@ -4,6 +4,8 @@ import collections
 import json
 import re
 
+A_FEW = 6
+
 
 class Results:
     """One line a mutant tried; the last one counts."""
@@ -14,6 +16,7 @@ class Results:
         self.latest = {}
         self.kills = collections.Counter()
         self.kills_in = collections.defaultdict(collections.Counter)
+        self.killers = collections.defaultdict(collections.Counter)
         if file.exists():
             for line in file.read_text().splitlines():
                 self.note(json.loads(line))
@@ -24,6 +27,7 @@ class Results:
         if result["outcome"] == "killed":
             self.kills[result["test"]] += 1
             self.kills_in[result["file"]][result["test"]] += 1
+            self.killers[result["file"], result["test"]][result["by"]] += 1
 
     def add(self, result):
         self.note(result)
@@ -37,6 +41,11 @@ class Results:
         """The keys of changes that survived when they were tried last, in whatever surroundings."""
         last = {result["key"]: result["outcome"] for result in self.lines}
         return {key for key, outcome in last.items() if outcome == "survived"}
+
+    def killers_of(self, test, file):
+        """The parts of a test that killed most in a file, for a first look at them alone."""
+        return [by for by, _ in self.killers[file.rsplit("/", 1)[-1], test.name].most_common(
+            A_FEW)]
 
     def order(self, tests, file, costs):
         """The likeliest to kill for its time comes first."""

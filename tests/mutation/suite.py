@@ -37,6 +37,14 @@ class Test:
     def is_session(self):
         return self.command[-1].endswith(".bats")
 
+    def only(self, parts):
+        """The arguments that restrict it to some of its parts, as `reason` names them; or none."""
+        if self.is_googletest:
+            names = [part.split()[0] for part in parts if re.match(r"[\w/]+\.[\w/]+", part)]
+            return ["--gtest_filter=" + ":".join(names)] if names else []
+        names = [re.escape(part) for part in parts if not part.startswith("(")]
+        return ["--filter", "^(" + "|".join(names) + ")$"] if self.is_session and names else []
+
 
 @dataclasses.dataclass
 class Cost:
