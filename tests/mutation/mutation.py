@@ -102,8 +102,8 @@ class Session:
 
     def survived(self):
         """Those of all mutants that survived and have no reason."""
-        keys, listed = self.results.survivors(), report.explained()
-        return [m for m in self.every if m.key in keys and m.name not in listed]
+        keys = self.results.survivors()
+        return [m for m in self.every if m.key in keys and not report.is_explained(m)]
 
     def rest(self):
         if self.options.only:
@@ -144,6 +144,11 @@ class Session:
         return whole.hexdigest()
 
     # ---- The mutants ----
+
+    def write(self):
+        if self.options.write_to:
+            self.options.write_to.write_text(
+                matrix.table(self) if self.options.matrix else report.survivors(self))
 
     def go(self):
         mutants = self.rest()
@@ -234,9 +239,8 @@ class Run:
             done = self.count - self.left
             say(f"[{done}/{self.count}, {time.monotonic() - self.started:.0f} s] {mutant.name} "
                 f"{result['outcome']} {result['test']} {result['by']} ({result['seconds']} s)")
-            if session.options.write_to and (done % 25 == 0 or self.left == 0):
-                session.options.write_to.write_text(
-                    matrix.table(session) if session.options.matrix else report.survivors(session))
+            if done % 25 == 0:
+                session.write()
 
 
 def say(text):
@@ -255,6 +259,7 @@ def main():
         return
     if not options.report:
         session.go()
+    session.write()
     if options.matrix:
         say(matrix.table(session))
     elif not options.only:

@@ -8,8 +8,13 @@ REASONS = pathlib.Path(__file__).resolve().parent / "survivors.md"
 
 
 def explained():
-    """The names in the list of changes that no test can notice."""
-    return set(re.findall(r"^- (\S+): ", REASONS.read_text(), re.MULTILINE))
+    """The list of changes that no test can notice: their names, or their keys where it has them."""
+    listed = re.findall(r"^- (\S+?)(?: \(([0-9a-f]{16})\))?: ", REASONS.read_text(), re.MULTILINE)
+    return {key or name for name, key in listed}
+
+
+def is_explained(mutant):
+    return bool({mutant.name, mutant.key} & explained())
 
 
 def known(session):
@@ -48,7 +53,7 @@ def columns(counts):
 
 
 def described(session, mutant, result):
-    note = "its reason is listed" if mutant.name in explained() else "NOT EXPLAINED"
+    note = "its reason is listed" if is_explained(mutant) else "NOT EXPLAINED"
     return f"{mutant.name}  ({note}; {result['by']})\n{session.diff(mutant)}"
 
 
@@ -67,7 +72,7 @@ def survivors(session):
              f"{len(results)} of {len(session.wanted)} tried: " + ", ".join(
                  f"{count} {outcome}" for outcome, count in sorted(outcomes.items())), ""]
     for mutant, result in results.items():
-        if result["outcome"] == "survived" and mutant.name not in explained():
+        if result["outcome"] == "survived" and not is_explained(mutant):
             lines += [f"## {mutant.name}", "", f"key {mutant.key}; {result['by']}", "",
                       "```diff", session.diff(mutant), "```", ""]
     return "\n".join(lines)
