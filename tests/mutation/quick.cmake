@@ -15,7 +15,7 @@ function(precompile_for target)
     COMMAND "${CMAKE_CXX_COMPILER}" -O0 -fPIC -c "${precompiled}" -o "${object}"
     DEPENDS "${header}" VERBATIM)
   add_custom_target(quick_${target} DEPENDS "${precompiled}" "${object}")
-  foreach(objects ${target}_objects ${target}_host_objects ${target}_gateway_objects)
+  foreach(objects ${target}_objects ${target}_with_store_objects ${target}_on_gateway_objects)
     if(TARGET ${objects})
       add_dependencies(${objects} quick_${target})
       target_compile_options(${objects} PRIVATE
