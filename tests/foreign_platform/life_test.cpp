@@ -251,7 +251,7 @@ TEST_F(Life, OfEachClassAndModeIsReadAsItWasWritten) {
       info.bind_lan = {"WLAN1"};
       info.bind_wan = {"LAN2", "LAN3"};
       info.port_option60 = {{"LAN2", "a"}, {"LAN3", "b"}};
-      ASSERT_EQ(create(access_types[number % 3], info), kWan);
+      ASSERT_EQ(create(access_types[static_cast<std::size_t>(number) % 3], info), kWan);
       EXPECT_EQ(describe(read(kWan)), describe(as_read(info)));
       remove(kWan);
       EXPECT_EQ(tree().names_of(205).size(), kNodes.size());
