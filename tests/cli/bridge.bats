@@ -61,6 +61,13 @@ wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice
   has br_1_3
 }
 
+@test "a port is switched off before it is deleted" {
+  household
+  expect 0 bridge move LAN4 br_1_2 --dry-run
+  [[ ${lines[1]} == *"set     $bridges.1.Port.4.PortEnable = \"false\", was \"true\"" ]]
+  [[ ${lines[2]} == *"delete  $bridges.1.Port.4." ]]
+}
+
 @test "an interface that is in no bridge" {
   expect 3 bridge of LAN9
   has "did you mean \"LAN1" "$stderr"

@@ -29,6 +29,16 @@ load helper
   expect 3 wan status Radio
 }
 
+@test "status tells what was sent from what was received" {
+  make_three_connections
+  local stats=InternetGatewayDevice.WANDevice.1.WANConnectionDevice.1.WANPPPConnection.1.Stats
+  "$EDIT_TREE" set $stats.EthernetBytesSent 1111
+  "$EDIT_TREE" set $stats.EthernetBytesReceived 2222
+  expect 0 wan status Internet --json
+  has '"bytes_sent": "1111"'
+  has '"bytes_received": "2222"'
+}
+
 @test "ports tell who holds them" {
   make_three_connections
   expect 0 wan ports Television
