@@ -20,7 +20,7 @@ std::string resolved(const std::string& path) {
   if (path == ":memory:") return path;
   struct stat status = {};
   if (stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
-    throw StoreFailure(StoreError::kNotOpened, "it is no file");
+    throw StoreFailure(StoreError::kNotOpened, "it is not a file");
   }
   char buffer[PATH_MAX];
   if (realpath(path.c_str(), buffer) != nullptr) return buffer;

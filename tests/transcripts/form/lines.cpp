@@ -11,10 +11,11 @@ using Shared = std::vector<std::vector<std::size_t>>;
 
 Shared shared_lines(const Lines& before, const Lines& after) {
   Shared shared(before.size() + 1, std::vector<std::size_t>(after.size() + 1, 0));
-  for (std::size_t i = before.size(); i-- > 0;) {
-    for (std::size_t j = after.size(); j-- > 0;) {
-      shared[i][j] = before[i] == after[j] ? shared[i + 1][j + 1] + 1
-                                           : std::max(shared[i + 1][j], shared[i][j + 1]);
+  for (std::size_t i = before.size(); i > 0; --i) {
+    for (std::size_t j = after.size(); j > 0; --j) {
+      shared[i - 1][j - 1] = before[i - 1] == after[j - 1]
+                                 ? shared[i][j] + 1
+                                 : std::max(shared[i][j - 1], shared[i - 1][j]);
     }
   }
   return shared;

@@ -118,7 +118,7 @@ bool FieldReader::is_sound_secret(const std::string& text) {
 }
 
 Value FieldReader::text(bool (FieldReader::*is_right)(const std::string&)) {
-  if (!json_.is_string()) return problem(key_ + " is no text", "give it as text");
+  if (!json_.is_string()) return problem(key_ + " is not text", "give it as text");
   auto text = json_.get<std::string>();
   return (this->*is_right)(text) ? Value(std::move(text)) : Value();
 }
@@ -169,7 +169,7 @@ Value FieldReader::names() {
     }
   }
   if (!sound) {
-    return problem(key_ + " is no list of at most " + std::to_string(kMostElements) + " texts",
+    return problem(key_ + " is not a list of at most " + std::to_string(kMostElements) + " texts",
                    R"(give a list, as ["LAN1", "LAN2"])");
   }
   for (const std::string& name : result) {
@@ -214,7 +214,7 @@ Value FieldReader::texts_by_port() {
     }
   }
   if (!sound) {
-    return problem(key_ + " is no list of ports with a text each",
+    return problem(key_ + " is not a list of ports with a text each",
                    R"(give PORT=TEXT, in JSON {"LAN4": "text"})");
   }
   for (const auto& entry : result) {
@@ -262,7 +262,7 @@ std::string key_of_presence(const WanField& secret) { return std::string(secret.
 WanPatch read_patch(const Json& json, std::vector<Problem>* problems) {
   WanPatch patch;
   if (!json.is_object()) {
-    problems->push_back({"a description is no JSON object", R"(give {"name": "Internet", ...})"});
+    problems->push_back({"a description is not a JSON object", R"(give {"name": "Internet", ...})"});
     return patch;
   }
   refuse_unknown_keys(json, problems);
