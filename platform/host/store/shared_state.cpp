@@ -128,8 +128,8 @@ SharedState::Batch SharedState::begin_batch(const StoreOptions& options) {
 }
 
 SharedState::Batch SharedState::take_over() {
-  Batch batch = words_->last_batch.fetch_add(1) + 1;
-  if (batch == 0) batch = words_->last_batch.fetch_add(1) + 1;  // 0 means nobody
+  Batch batch = ++words_->last_batch;
+  if (batch == 0) batch = ++words_->last_batch;  // 0 means nobody
   (void)try_lock(byte_of(batch));
   words_->owner.store(batch, std::memory_order_release);
   return batch;
