@@ -13,22 +13,30 @@ namespace igd {
 
 // ---- Texts of the tree --------------------------------------------------------------------------
 
-inline constexpr char kTrue[] = "true";
-inline constexpr char kFalse[] = "false";
+inline constexpr char kTrue[] = "true";    ///< of a switch that is on
+inline constexpr char kFalse[] = "false";  ///< of one that is off
 
 /// Programs of the gateway keep this many octets of a text, and cut what is longer.
 inline constexpr std::size_t kLongestText = 255;
 
 // ---- Objects ------------------------------------------------------------------------------------
 
-inline constexpr char kRootObject[] = "InternetGatewayDevice.";
-inline constexpr char kWanDeviceTable[] = "InternetGatewayDevice.WANDevice.";
-inline constexpr char kBridgeTable[] = "InternetGatewayDevice.Layer2Bridging.Bridge.";
-inline constexpr char kForwardingObject[] = "InternetGatewayDevice.Layer3Forwarding.";
-inline constexpr char kForwardingTable[] = "InternetGatewayDevice.Layer3Forwarding.Forwarding.";
-inline constexpr char kManagementServer[] = "InternetGatewayDevice.ManagementServer.";
+inline constexpr char kRootObject[] = "InternetGatewayDevice.";  ///< of the whole tree
+inline constexpr char kWanDeviceTable[] =
+    "InternetGatewayDevice.WANDevice.";  ///< one instance an uplink
+inline constexpr char kBridgeTable[] =
+    "InternetGatewayDevice.Layer2Bridging.Bridge.";  ///< the Layer-2 bridges
+inline constexpr char kForwardingObject[] =
+    "InternetGatewayDevice.Layer3Forwarding.";  ///< what the static routes stand below
+inline constexpr char kForwardingTable[] =
+    "InternetGatewayDevice.Layer3Forwarding.Forwarding.";  ///< the static routes
+inline constexpr char kManagementServer[] =
+    "InternetGatewayDevice.ManagementServer.";  ///< settings of the remote management
+/// The LAN's address and DHCP server.
 inline constexpr char kLanHostConfig[] =
     "InternetGatewayDevice.LANDevice.1.LANHostConfigManagement.";
+
+/// The LAN's own address.
 inline constexpr char kLanIpInterface[] =
     "InternetGatewayDevice.LANDevice.1.LANHostConfigManagement.IPInterface.1.";
 
@@ -36,13 +44,13 @@ inline constexpr char kLanIpInterface[] =
 
 /// WANAccessType of a WAN device.
 inline constexpr char kEthernetAccess[] = "Ethernet";
-inline constexpr char kMobileAccess[] = "3G";
+inline constexpr char kMobileAccess[] = "3G";          ///< cellular
 inline constexpr char kRepeaterAccess[] = "Repeator";  ///< spelt so in every tree
 
 /// The ports behind them.
 inline constexpr char kEthernetUplink[] = "LAN0";
-inline constexpr char kMobileUplink[] = "3G0";
-inline constexpr char kRepeaterUplink[] = "WIFIW0";
+inline constexpr char kMobileUplink[] = "3G0";       ///< cellular
+inline constexpr char kRepeaterUplink[] = "WIFIW0";  ///< wireless repeater
 
 /// A way out of the gateway.
 struct Uplink {
@@ -50,6 +58,7 @@ struct Uplink {
   const char* port;         ///< node name of its port
 };
 
+/// All of them, the Ethernet uplink first.
 inline constexpr std::array<Uplink, 3> kUplinks{{
     {kEthernetAccess, kEthernetUplink},
     {kMobileAccess, kMobileUplink},
@@ -79,11 +88,18 @@ constexpr bool is_wan_side_port(std::string_view node) {
 
 // ---- Ports of the household ---------------------------------------------------------------------
 
+/// The wired ports, by their node names.
 inline constexpr std::array<const char*, 4> kLanPorts{"LAN1", "LAN2", "LAN3", "LAN4"};
+/// The wireless networks.
 inline constexpr std::array<const char*, 4> kWlanPorts{"WLAN1", "WLAN2", "WLAN3", "WLAN4"};
 
+/// What the tables of this page are made with.
 namespace detail {
 
+/// Puts two lists one behind the other.
+/// @param first   what comes first
+/// @param second  what follows
+/// @return all of both
 template <std::size_t M, std::size_t N>
 constexpr std::array<const char*, M + N> joined(const std::array<const char*, M>& first,
                                                 const std::array<const char*, N>& second) {
@@ -116,8 +132,9 @@ inline constexpr char kLanBridgeName[] = "internet";
 
 /// BridgeStandard of a bridge with a VLAN, and of one without.
 inline constexpr char kTaggedStandard[] = "802.1Q";
-inline constexpr char kUntaggedStandard[] = "802.1D";
+inline constexpr char kUntaggedStandard[] = "802.1D";  ///< without a VLAN
 
+/// Connections of a WAN device whose marks differ.
 inline constexpr int kPacketMarkBase = 30;
 
 /// Packet mark of a connection, by which the gateway tells its traffic from that of the others.
@@ -133,13 +150,13 @@ constexpr unsigned int packet_mark(int device, int connection) {
 
 /// VLAN identifiers. 0 stands for untagged; 4095 is reserved.
 inline constexpr int kLowestVlan = 1;
-inline constexpr int kHighestVlan = 4094;
+inline constexpr int kHighestVlan = 4094;  ///< the highest that a frame can carry
 
 inline constexpr int kHighestVlanPriority = 7;  ///< of IEEE 802.1p; the lowest is 0
 
 /// The library takes the VLANs of bound LAN ports from these.
 inline constexpr int kFirstPrivateVlan = 4060;
-inline constexpr int kPrivateVlanCount = 21;
+inline constexpr int kPrivateVlanCount = 21;  ///< how many there are
 
 /// Where the search for a connection's VLAN begins; it ends before the private ones.
 inline constexpr int kFirstSearchedVlan = 1000;
@@ -148,25 +165,26 @@ inline constexpr int kFirstSearchedVlan = 1000;
 
 /// AddressingType of an IP connection.
 inline constexpr char kStaticAddressing[] = "Static";
-inline constexpr char kDhcpAddressing[] = "DHCP";
+inline constexpr char kDhcpAddressing[] = "DHCP";  ///< by DHCP
 
 /// ConnectionType of a connection object.
 inline constexpr char kIpRouted[] = "IP_Routed";
-inline constexpr char kIpBridged[] = "IP_Bridged";
-inline constexpr char kIpBridgeRouted[] = "IP_BridgeRouted";
-inline constexpr char kPppoeBridged[] = "PPPoE_Bridged";
+inline constexpr char kIpBridged[] = "IP_Bridged";            ///< layer 2 alone
+inline constexpr char kIpBridgeRouted[] = "IP_BridgeRouted";  ///< both
+inline constexpr char kPppoeBridged[] =
+    "PPPoE_Bridged";  ///< of the PPP object of a bridged connection
 
 /// Words of a service list.
 inline constexpr char kInternetService[] = "INTERNET";
-inline constexpr char kManagementService[] = "TR069";
-inline constexpr char kVoipService[] = "VOIP";
-inline constexpr char kOtherService[] = "OTHER";
-inline constexpr char kMmeService[] = "MME";
+inline constexpr char kManagementService[] = "TR069";  ///< remote management
+inline constexpr char kVoipService[] = "VOIP";         ///< telephony
+inline constexpr char kOtherService[] = "OTHER";       ///< anything else, as television
+inline constexpr char kMmeService[] = "MME";           ///< counts as management when a connection is to go
 
 /// Octets of a connection's largest packet.
 inline constexpr int kLowestMtu = 576;
-inline constexpr int kHighestMtu = 1540;
-inline constexpr int kHighestPppoeMtu = 1492;
+inline constexpr int kHighestMtu = 1540;       ///< of any mode
+inline constexpr int kHighestPppoeMtu = 1492;  ///< PPPoE takes 8 octets of a frame
 
 }  // namespace igd
 
