@@ -82,6 +82,8 @@ struct Store::Impl {
 
   void abandon();
 
+  // The parts, which keep their own state to themselves.
+  // NOLINTBEGIN(*-non-private-member-variables-in-classes): the store's calls go to them
   Tree tree;
   StoreConnection connection;
   StoreView view;
@@ -89,6 +91,7 @@ struct Store::Impl {
   StoreBatch batch;
   StoreCheckpoints checkpoints;
   int holds = 0;  // what freezes the view: holds and open walks
+                  // NOLINTEND(*-non-private-member-variables-in-classes)
 
  private:
   void open();

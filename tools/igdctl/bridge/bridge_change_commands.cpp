@@ -68,8 +68,9 @@ void create(Session& session, const CreateOptions& options) {
                         " belongs to this connection, but has the wrong name",
                     "rename it with " + renaming_of(*misnamed, connection));
     }
-    if (carries_management(connection.service))
+    if (carries_management(connection.service)) {
       change.needs_consent(management_reason(title_of(connection)));
+    }
     path = make_own_bridge(tree, connection);
   });
   change.report(outcome, "Created the bridge " + in_quotes(connection.bridge_name), path);
@@ -155,8 +156,9 @@ void move(Session& session, const MoveOptions& options) {
     const std::vector<Connection> affected =
         affected_by(list_connections(tree), bridges, options.port, target);
     for (const Connection& connection : affected) {
-      if (carries_management(connection.service))
+      if (carries_management(connection.service)) {
         change.needs_consent(management_reason(title_of(connection)));
+      }
     }
     move_port(tree, options.port, target, bridges);
     // Each connection notes its ports a second time.

@@ -30,8 +30,9 @@ void add_port(MibAccess& tree, const std::string& bridge_path, const std::string
   const std::string port_path = add_instance(tree, bridge_path + "Port.");
   write_value(tree, port_path, "PVID", vlan);
   write_value(tree, port_path, "PortInterface", node);
-  if (!in_lan && !igd::is_wan_side_port(node))
+  if (!in_lan && !igd::is_wan_side_port(node)) {
     write_value(tree, port_path, "PortOption60", option60);
+  }
   write_value(tree, port_path, "PortEnable", igd::kTrue);
 }
 

@@ -168,7 +168,9 @@ constexpr WanField kFields[] = {
 
 }  // namespace
 
+// NOLINTBEGIN(readability-convert-member-functions-to-static): members make it a range
 const WanField* WanFields::begin() const { return std::begin(kFields); }
 const WanField* WanFields::end() const { return std::end(kFields); }
+// NOLINTEND(readability-convert-member-functions-to-static)
 
 }  // namespace igdctl

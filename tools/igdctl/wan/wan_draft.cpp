@@ -33,7 +33,7 @@ WanDescription usual_connection(const WanPatch& patch) {
 
 WanDraft lay_over(const WanPatch& patch, const WanDescription& start,
                   const DnsOfMode& dns_of_mode) {
-  WanDraft draft{start, {}, {}, patch.unreadable};
+  WanDraft draft{start, {}, {}, patch.unreadable()};
   for (const WanField& field : kWanFields) {
     const Value* const asked = patch.find(field);
     if (asked == nullptr || (field.is_kept != nullptr && !field.is_kept(draft))) continue;

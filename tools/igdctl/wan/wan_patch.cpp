@@ -262,7 +262,8 @@ std::string key_of_presence(const WanField& secret) { return std::string(secret.
 WanPatch read_patch(const Json& json, std::vector<Problem>* problems) {
   WanPatch patch;
   if (!json.is_object()) {
-    problems->push_back({"a description is not a JSON object", R"(give {"name": "Internet", ...})"});
+    problems->push_back(
+        {"a description is not a JSON object", R"(give {"name": "Internet", ...})"});
     return patch;
   }
   refuse_unknown_keys(json, problems);
@@ -271,7 +272,7 @@ WanPatch read_patch(const Json& json, std::vector<Problem>* problems) {
     if (found == json.end() || (found->is_null() && field.lowest == nullptr)) continue;
     Value value = FieldReader(field, *found, problems).run();
     if (std::holds_alternative<std::monostate>(value)) {
-      patch.unreadable.insert(field.key);  // so that it is not told a second time, as missing
+      patch.note_unreadable(field.key);  // so that it is not told a second time, as missing
     } else {
       patch[field.key] = std::move(value);
     }

@@ -26,10 +26,13 @@ class WanPatch {
   /// "" when the text is not named.
   std::string text(std::string_view key) const;
 
-  std::set<std::string> unreadable;  ///< keys that are named with a wrong value
+  /// The keys that are named with a wrong value.
+  const std::set<std::string>& unreadable() const { return unreadable_; }
+  void note_unreadable(const std::string& key) { unreadable_.insert(key); }
 
  private:
   std::map<const WanField*, Value> values_;
+  std::set<std::string> unreadable_;
 };
 
 /// Reads a description. Null stands for a field that is not named, except where its row calls the

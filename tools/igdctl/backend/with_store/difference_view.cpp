@@ -54,9 +54,10 @@ std::string text_of(const std::vector<host::WriteStep>& plan, bool show_secrets,
     table.rows.push_back({std::to_string(table.rows.size() + 1), verb_of(step.kind), text});
   }
   std::string text = "Writes, in order:\n" + (plan.empty() ? "none\n" : rendered(table, {}));
-  if (left_out != 0)
+  if (left_out != 0) {
     text += std::to_string(left_out) + " more " + (left_out == 1 ? "changes" : "change") +
             " nothing; -v shows them\n";
+  }
   return text;
 }
 
