@@ -179,7 +179,7 @@ inline constexpr char kInternetService[] = "INTERNET";
 inline constexpr char kManagementService[] = "TR069";  ///< remote management
 inline constexpr char kVoipService[] = "VOIP";         ///< telephony
 inline constexpr char kOtherService[] = "OTHER";       ///< anything else, as television
-inline constexpr char kMmeService[] = "MME";           ///< counts as management when a connection is to go
+inline constexpr char kMmeService[] = "MME";  ///< counts as management when a connection is to go
 
 /// Octets of a connection's largest packet.
 inline constexpr int kLowestMtu = 576;

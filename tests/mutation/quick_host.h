@@ -1,5 +1,7 @@
 // What the reference platform's sources include of others, compiled once for all mutants. A template
 // that is instantiated here is compiled in no source.
+#include <sqlite3.h>
+
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
@@ -9,6 +11,7 @@
 #include <iterator>
 #include <map>
 #include <memory>
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <set>
 #include <sstream>
@@ -17,10 +20,6 @@
 #include <unordered_map>
 #include <utility>
 #include <vector>
-
-#include <sqlite3.h>
-
-#include <nlohmann/json.hpp>
 
 template class std::basic_string<char>;
 template class std::vector<std::string>;

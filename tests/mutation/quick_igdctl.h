@@ -1,5 +1,8 @@
 // What igdctl's sources include of others, compiled once for all mutants. A template that is
 // instantiated here is compiled in no source.
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
@@ -11,6 +14,7 @@
 #include <iterator>
 #include <map>
 #include <memory>
+#include <nlohmann/json.hpp>
 #include <numeric>
 #include <optional>
 #include <set>
@@ -19,11 +23,6 @@
 #include <string_view>
 #include <utility>
 #include <vector>
-
-#include <CLI/App.hpp>
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
-#include <nlohmann/json.hpp>
 
 template class std::basic_string<char>;
 template class std::vector<std::string>;
