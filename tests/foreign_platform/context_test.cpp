@@ -1,5 +1,5 @@
-// What the library does before it has a context or a tree, and how often it asks for them. What each
-// single operation answers then is told by tests/unit/no_tree.
+// What the library does before it has a context or a tree, and how often it asks for them. What
+// each single operation answers then is told by tests/unit/no_tree.
 #include <sys/wait.h>
 #include <unistd.h>
 

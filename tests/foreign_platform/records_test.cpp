@@ -1,5 +1,5 @@
-// Every field of the five records as it crosses the boundary. Where a field leaves the choice it has
-// a value that no other has, so that an exchanged or shifted field shows.
+// Every field of the five records as it crosses the boundary. Where a field leaves the choice it
+// has a value that no other has, so that an exchanged or shifted field shows.
 #include <map>
 
 #include "gateway_test.h"

@@ -1,5 +1,5 @@
-// What the reference platform's sources include of others, compiled once for all mutants. A template
-// that is instantiated here is compiled in no source.
+// What the reference platform's sources include of others, compiled once for all mutants. A
+// template that is instantiated here is compiled in no source.
 #include <sqlite3.h>
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-// Put in front of a source in which each block says that it is entered, to a file that every process
-// of a test shares: also one that is killed.
+// Put in front of a source in which each block says that it is entered, to a file that every
+// process of a test shares: also one that is killed.
 #pragma once
 
 #include <fcntl.h>

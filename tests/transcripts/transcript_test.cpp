@@ -1,5 +1,6 @@
 // Every file against what is recorded, and every recording against the rules of calls.
-// scripts/transcripts shows the differences as a whole, and writes the files anew when it is told to.
+// scripts/transcripts shows the differences as a whole, and writes the files anew when it is told
+// to.
 #include <gtest/gtest.h>
 
 #include "documents.h"

@@ -7,8 +7,8 @@
 //   progress igd_wan_get_params:#
 //                               the line that reading prints after most of its steps
 //
-// "xN" behind a progress line: it came N times on end. A line that begins like one of these, or with
-// "#" or a backslash, gets a backslash in front; each text can therefore be had back.
+// "xN" behind a progress line: it came N times on end. A line that begins like one of these, or
+// with "#" or a backslash, gets a backslash in front; each text can therefore be had back.
 #ifndef IGD_TESTS_FOLDED_LINES_H
 #define IGD_TESTS_FOLDED_LINES_H
 

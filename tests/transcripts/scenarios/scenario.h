@@ -27,8 +27,8 @@ struct Recording {
 /// An operation by its name and itself, as Gateway::record takes it.
 #define IGD_OPERATION(operation) #operation, operation
 
-/// A gateway in factory state that a scenario works on. Whatever is done to it stands in the head of
-/// the transcript.
+/// A gateway in factory state that a scenario works on. Whatever is done to it stands in the head
+/// of the transcript.
 class Gateway final : public support::GatewayTest {
  public:
   Gateway() { recording_.head.builder = {"factory state"}; }

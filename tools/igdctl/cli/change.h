@@ -1,7 +1,8 @@
 /// Changes of the tree: whole or not at all.
 ///
 /// With a store, writes are kept back until they are known to be right. On a gateway they go to the
-/// tree at once, and one commit ends them; --dry-run and --confirm are refused there (kUnsupported).
+/// tree at once, and one commit ends them; --dry-run and --confirm are refused there
+/// (kUnsupported).
 #ifndef IGDCTL_CHANGE_H
 #define IGDCTL_CHANGE_H
 

@@ -11,8 +11,8 @@
 
 namespace igdctl {
 
-/// The bridge with this name or path (the last dot may be left out). Throws Failure: kNotFound, with
-/// similar names, or kBadInput when several match.
+/// The bridge with this name or path (the last dot may be left out). Throws Failure: kNotFound,
+/// with similar names, or kBadInput when several match.
 const Bridge& find_bridge(const std::vector<Bridge>& bridges, const std::string& selector);
 
 /// The bridge named "internet" that joins the household's ports; null when there is none.

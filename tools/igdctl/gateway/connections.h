@@ -28,8 +28,8 @@ std::vector<Connection> list_connections(MibAccess& tree);
 /// "<d>.<c>".
 bool is_selected_by(const Connection& connection, const std::string& selector);
 
-/// The connection that a selector names. Throws Failure: kNotFound, with similar names, or kBadInput
-/// when it names several.
+/// The connection that a selector names. Throws Failure: kNotFound, with similar names, or
+/// kBadInput when it names several.
 Connection find_connection(MibAccess& tree, const std::string& selector);
 
 /// "Internet" or, without a name, "1.2".

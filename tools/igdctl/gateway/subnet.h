@@ -18,7 +18,8 @@ struct Subnet {
   bool has_host_bits() const { return network() != address; }
 };
 
-/// The subnet that the tree's two texts mean; false when one is not an address, or the mask has gaps.
+/// The subnet that the tree's two texts mean; false when one is not an address, or the mask has
+/// gaps.
 bool parse_subnet(const std::string& address, const std::string& mask, Subnet* subnet);
 
 /// Reads what people write: "198.51.100.0/24", or an address and a mask ("" for none). Problems are

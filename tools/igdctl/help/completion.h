@@ -30,8 +30,8 @@ struct Completion {
 /// @param words  those after "igdctl"; the last one may be unfinished or empty
 Completion complete_line(const CLI::App& root, const std::vector<std::string>& words);
 
-/// The words of a kind in the tree that begin with `prefix`. None when there is no store or it cannot
-/// be read; a store is never created.
+/// The words of a kind in the tree that begin with `prefix`. None when there is no store or it
+/// cannot be read; a store is never created.
 std::vector<Candidate> words_of_kind(Session& session, WordKind kind, const std::string& prefix);
 
 /// The script for a shell, "bash", "zsh" or "fish"; "" for another one.

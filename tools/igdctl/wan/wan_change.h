@@ -12,8 +12,8 @@
 
 namespace igdctl {
 
-/// Each throws Failure before its first write: `problems` of the patch and its own (kBadInput), or an
-/// conflict (kRefused). After them it writes through the library.
+/// Each throws Failure before its first write: `problems` of the patch and its own (kBadInput), or
+/// an conflict (kRefused). After them it writes through the library.
 class WanChanger {
  public:
   WanChanger(Session& session, Change& change);

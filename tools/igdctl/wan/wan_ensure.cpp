@@ -24,7 +24,8 @@ struct Wanted {
   std::vector<Problem> problems;
 };
 
-// Every description is read before anything is written. With several, a problem says of which it is.
+// Every description is read before anything is written. With several, a problem says of which it
+// is.
 std::vector<Wanted> read_wanted(const Request& request) {
   std::vector<Problem> problems;
   const std::vector<Json> descriptions = descriptions_of(request.wan, &problems);

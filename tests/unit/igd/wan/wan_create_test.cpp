@@ -162,7 +162,8 @@ TEST_F(WanCreate, TakesTheFirstNamelessConnectionForANamelessDescription) {
   EXPECT_EQ(get(bridge_named("br_1_2") + "VLANID"), "300");
 }
 
-// The cache outlives what it remembers; a new connection of that path is written where the entry says.
+// The cache outlives what it remembers; a new connection of that path is written where the entry
+// says.
 TEST_F(WanCreate, WritesToThePathsThatTheCacheHasKept) {
   (void)support::printed_by([] { (void)_get_cache(wan_path(1, 1)); });
   EXPECT_EQ(create(routed_pppoe("1_INTERNET", 100)), wan_path(1, 1));

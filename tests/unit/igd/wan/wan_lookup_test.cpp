@@ -1,4 +1,5 @@
-// Listing connections, finding them by name and path, writing to all their objects, and listing held ports.
+// Listing connections, finding them by name and path, writing to all their objects, and listing
+// held ports.
 #include "connection_test.h"
 #include "stdout_capture.h"
 

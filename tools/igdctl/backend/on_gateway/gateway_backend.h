@@ -1,4 +1,5 @@
-/// The tree of the gateway on which igdctl runs: nothing but common_util.h is known of its platform.
+/// The tree of the gateway on which igdctl runs: nothing but common_util.h is known of its
+/// platform.
 #ifndef IGDCTL_GATEWAY_BACKEND_H
 #define IGDCTL_GATEWAY_BACKEND_H
 

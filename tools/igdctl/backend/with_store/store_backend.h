@@ -7,8 +7,8 @@
 
 namespace igdctl {
 
-/// A change is one trial: what the library writes, and even commits in its midst, is kept back until
-/// it is known to be right.
+/// A change is one trial: what the library writes, and even commits in its midst, is kept back
+/// until it is known to be right.
 class StoreBackend : public Backend {
  public:
   bool has_store() const override { return true; }

@@ -7,8 +7,8 @@
 
 namespace igdctl {
 
-/// The failure of a command for which the store gave this result: its sentence, what to do about it, and
-/// the exit code of its kind (kStore, kPending, kNotFound or kBadInput).
+/// The failure of a command for which the store gave this result: its sentence, what to do about
+/// it, and the exit code of its kind (kStore, kPending, kNotFound or kBadInput).
 Failure store_failure(const host::StoreResult& result);
 
 /// Throws it unless the result is ok.
