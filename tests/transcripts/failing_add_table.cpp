@@ -42,9 +42,10 @@ std::vector<Row> with_creation(const std::vector<Row>& rows, const Lines& creati
 std::string found(const Lines& lines, const std::string& start, const std::string& end) {
   for (const std::string& line : lines) {
     if (line.rfind(start, 0) != 0) continue;
-    const std::size_t found_end = line.rfind(end);
-    if (found_end + end.size() == line.size()) {
-      return line.substr(start.size(), found_end - start.size());
+    if (line.size() < start.size() + end.size()) continue;
+    const std::size_t end_at = line.size() - end.size();
+    if (line.compare(end_at, end.size(), end) == 0) {
+      return line.substr(start.size(), end_at - start.size());
     }
   }
   return {};
