@@ -1,3 +1,6 @@
+#include <array>
+#include <string_view>
+
 #include "igd_vocabulary.h"
 #include "wan/field_accessors.h"
 #include "wan/fields.h"
@@ -7,6 +10,17 @@ namespace igdctl {
 namespace {
 
 using namespace field_accessors;
+
+// The access types of all uplinks, with "|" between them and zeros behind.
+constexpr auto kAccessTypes = [] {
+  std::array<char, 64> text{};
+  std::size_t end = 0;
+  for (const igd::Uplink& uplink : igd::kUplinks) {
+    if (end != 0) text[end++] = '|';
+    for (const char letter : std::string_view(uplink.access_type)) text[end++] = letter;
+  }
+  return text;
+}();
 
 constexpr WanField kFields[] = {
     {"name",
@@ -20,7 +34,7 @@ constexpr WanField kFields[] = {
        {Where::kDevice, "WANEthernetLinkConfig.X_CT-COM_Name", text_in<&Info::wan_info_name>}}}},
     {"access",
      FieldKind::kWord,
-     "Ethernet|3G|Repeator",
+     kAccessTypes.data(),
      "access",
      "Its uplink; can only be set at creation",
      access_of,
