@@ -75,18 +75,18 @@ the platform library libcommon_util owns.")
 igd_package(libigd-dev SECTION libdevel
   DEPENDS "libigd1 ${igd_exactly}, libcommon-util-host ${igd_exactly}"
   SUMMARY "WAN connections of a home gateway - development files"
-  TEXT "Headers of libigd and of the platform it runs on, and what CMake and pkg-config
-find it by.")
+  TEXT "Headers of libigd and of the platform it runs on, and the files by which CMake
+and pkg-config find it.")
 igd_package(libcommon-util-host SECTION libs
   CONTROL "${igd_package_files}/triggers"
   SUMMARY "reference platform for libigd on a workstation"
-  TEXT "The libcommon_util that libigd runs on where there is no gateway: the
-configuration tree of a gateway, held to its data model, in an SQLite file that
-several processes share.")
+  TEXT "The libcommon_util that libigd runs on without a gateway: the configuration
+tree of a gateway, following its data model, in an SQLite file that several
+processes share.")
 igd_package(libcommon-util-host-dev SECTION libdevel
   DEPENDS "libcommon-util-host ${igd_exactly}, libigd-dev ${igd_exactly}"
   SUMMARY "reference platform for libigd - administration headers"
-  TEXT "Headers for programs that look into the reference platform: its trees, imports
+  TEXT "Headers for programs that administer the reference platform: its trees, imports
 of parameter dumps, its store with trials and checkpoints, its debug log.")
 if(TARGET igdctl)
   igd_package(igdctl SECTION net

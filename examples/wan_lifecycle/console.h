@@ -1,4 +1,4 @@
-// What the example shows people, kept apart from the library's trace.
+// The example's output for people, separate from the library's trace.
 #ifndef IGD_EXAMPLES_CONSOLE_H
 #define IGD_EXAMPLES_CONSOLE_H
 
@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-/// libigd traces to standard output, passwords included. A Console moves that to a file that only
-/// the user can read, and keeps the terminal for itself.
+/// libigd writes its trace, passwords included, to standard output. A Console redirects that to a
+/// file that only the user can read, and keeps the terminal for itself.
 class Console {
  public:
-  explicit Console(std::string trace_file);  ///< ends the program when the file cannot be written
+  explicit Console(std::string trace_file);  ///< exits if the file cannot be written
   ~Console();
   Console(const Console&) = delete;
   Console& operator=(const Console&) = delete;

@@ -1,10 +1,10 @@
-// The life of WAN connections, as an installer brings them up on a gateway: check, create, read,
-// change, route, watch, remove. Read it from main() down to the helpers above as a manual.
+// The life of WAN connections, as an installer sets them up on a gateway: check, create, read,
+// change, route, watch, remove. Read main() first, then the helpers above it.
 //
 //   wan_lifecycle             on a gateway in factory state
 //   wan_lifecycle dump.csv    on the parameter dump of a real gateway
 //
-// It works on the store that the variable IGD_STORE names; ":memory:" keeps nothing.
+// It works on the store named by the variable IGD_STORE; ":memory:" keeps nothing.
 #include <cstdlib>
 #include <string>
 #include <vector>
@@ -68,7 +68,7 @@ api_wan_info television_connection() {
   return wan;
 }
 
-// ---- Saying things in words ---------------------------------------------------------------------
+// ---- Words for numbers --------------------------------------------------------------------------
 
 std::string words_for_verdict(int verdict) {
   if (verdict >= 1 && verdict <= 8) return "refused: a port belongs to another connection";
@@ -79,7 +79,7 @@ std::string words_for_verdict(int verdict) {
     case kIgdUntaggedTaken:
       return "refused: the VLAN is taken";
     case kIgdManagementExists:
-      return "refused: there is a management connection";
+      return "refused: there is already a management connection";
     case kIgdRoutedBridgeLeavesNoPort:
     case kIgdBridgeLeavesNoPort:
       return "refused: no port would be left";
@@ -104,9 +104,9 @@ std::string vlan_text(const api_wan_info& wan) {
   return wan.vlan_enable != 0 ? std::to_string(wan.vlan_id) : "untagged";
 }
 
-// ---- Showing what is there ----------------------------------------------------------------------
+// ---- Showing the present state ------------------------------------------------------------------
 
-// A connection without a bridge of its own reads back with the ports of every bridge: ask first.
+// A connection without a bridge of its own reads back with the ports of every bridge: check first.
 Console::Row connection_row(const std::string& path) {
   api_wan_info wan;
   igd_wan_get_params(path, &wan);
@@ -152,7 +152,7 @@ void show_bridges(Console& console) {
   console.table({"BRIDGE", "STANDARD", "VLAN", "PORTS"}, rows);
 }
 
-// One connection read back, passwords left out.
+// Reads one connection back, without passwords.
 void show_connection(Console& console, const std::string& path) {
   api_wan_info wan;
   igd_wan_get_params(path, &wan);
@@ -190,7 +190,7 @@ void show_routes(Console& console) {
   console.table({"DESTINATION", "MASK", "ENABLED", "THROUGH"}, rows);
 }
 
-// ---- Doing things -------------------------------------------------------------------------------
+// ---- Changing it --------------------------------------------------------------------------------
 
 int mask_of_all_ports() {
   int mask = 0;
@@ -200,8 +200,8 @@ int mask_of_all_ports() {
   return mask;
 }
 
-// Creating and changing a connection only write: whoever called them commits, once for everything
-// that belongs together. Until then other processes see nothing, and the end of this one undoes it.
+// Creating and changing a connection only writes: the caller commits, once for everything that
+// belongs together. Until then other processes see nothing, and the writes are lost at exit.
 void commit_writes(Console& console) {
   constexpr int kMode = 1;
   if (getContext()->mibAccess()->commit(kMode) == 0) return;
@@ -209,7 +209,7 @@ void commit_writes(Console& console) {
   std::exit(EXIT_FAILURE);
 }
 
-// Ask first, then create: creation itself checks nothing.
+// Check first, then create: creation itself checks nothing.
 std::string check_and_create(Console& console, api_wan_info wan) {
   const int verdict = igd_verify_new_wan_info_valid("", &wan, mask_of_all_ports());
   const std::string path = verdict == kIgdAcceptable ? igd_wan_create(kUplink, &wan) : "";
@@ -219,7 +219,7 @@ std::string check_and_create(Console& console, api_wan_info wan) {
   return path;
 }
 
-// Read what is there, change what shall change, ask, write it all back.
+// Reads the description, changes two fields, checks it and writes all of it back.
 void move_to_vlan_and_port(Console& console, const std::string& path, int vlan,
                            const std::string& port) {
   api_wan_info wan;
@@ -284,18 +284,19 @@ int main(int argc, char** argv) {
 
   console.heading("May they be removed?");
   for (const std::string& path : {internet, management, television}) {
-    console.line("  " + path + (igd_verify_can_remove_wan(path) != 0 ? " may go" : " must stay"));
+    const bool removable = igd_verify_can_remove_wan(path) != 0;
+    console.line("  " + path + (removable ? " may be removed" : " must stay"));
   }
 
-  console.heading("Remove Television; its port goes back to the LAN bridge");
+  console.heading("Remove Television; its port returns to the LAN bridge");
   igd_wan_destory(television);
   show_connections(console);
   show_bridges(console);
 
   std::vector<std::string> none;
-  _rebuid_cache(none);  // frees what the library remembers; it lists no connection to keep
+  _rebuid_cache(none);  // frees the library's cache: the list names no connection to keep
 
   console.heading("The library's trace is in " + console.trace_file() +
-                  ". It holds passwords in clear: delete it when done.");
+                  ". It contains passwords in clear text: delete it when done.");
   return EXIT_SUCCESS;
 }

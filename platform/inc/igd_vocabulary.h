@@ -1,6 +1,6 @@
 /// @file
-/// The gateway's fixed facts, each stated once: names, values and limits that the library, its
-/// platform and its callers share. Constants only; nothing here needs a library to link to.
+/// The gateway's fixed facts, each defined once: names, values and limits that the library, its
+/// platform and its callers share. Header only: there is nothing to link to.
 #ifndef IGD_VOCABULARY_H
 #define IGD_VOCABULARY_H
 
@@ -13,21 +13,21 @@ namespace igd {
 
 // ---- Texts of the tree --------------------------------------------------------------------------
 
-inline constexpr char kTrue[] = "true";    ///< of a switch that is on
-inline constexpr char kFalse[] = "false";  ///< of one that is off
+inline constexpr char kTrue[] = "true";    ///< a switch that is on
+inline constexpr char kFalse[] = "false";  ///< a switch that is off
 
-/// Programs of the gateway keep this many octets of a text, and cut what is longer.
+/// Programs of the gateway truncate texts to this many octets.
 inline constexpr std::size_t kLongestText = 255;
 
 // ---- Objects ------------------------------------------------------------------------------------
 
 inline constexpr char kRootObject[] = "InternetGatewayDevice.";  ///< of the whole tree
 inline constexpr char kWanDeviceTable[] =
-    "InternetGatewayDevice.WANDevice.";  ///< one instance an uplink
+    "InternetGatewayDevice.WANDevice.";  ///< one instance per uplink
 inline constexpr char kBridgeTable[] =
     "InternetGatewayDevice.Layer2Bridging.Bridge.";  ///< the Layer-2 bridges
 inline constexpr char kForwardingObject[] =
-    "InternetGatewayDevice.Layer3Forwarding.";  ///< what the static routes stand below
+    "InternetGatewayDevice.Layer3Forwarding.";  ///< the parent of the static routes
 inline constexpr char kForwardingTable[] =
     "InternetGatewayDevice.Layer3Forwarding.Forwarding.";  ///< the static routes
 inline constexpr char kManagementServer[] =
@@ -65,7 +65,7 @@ inline constexpr std::array<Uplink, 3> kUplinks{{
     {kRepeaterAccess, kRepeaterUplink},
 }};
 
-/// Gives the port of an uplink.
+/// Returns the port of an uplink.
 /// @param access_type  WANAccessType of the WAN device
 /// @return its node name; empty for a type without a port
 constexpr std::string_view uplink_port_of(std::string_view access_type) {
@@ -75,8 +75,8 @@ constexpr std::string_view uplink_port_of(std::string_view access_type) {
   return {};
 }
 
-/// Tells whether a port is an uplink's: a connection's own entry into its bridge. Such a port is
-/// never bound, carries no option 60, and never goes back to the LAN bridge.
+/// Checks whether a port is an uplink's: a connection's own entry into its bridge. Such a port is
+/// never bound, has no option 60, and never returns to the LAN bridge.
 /// @param node  node name of the port
 /// @return whether it is
 constexpr bool is_wan_side_port(std::string_view node) {
@@ -93,13 +93,13 @@ inline constexpr std::array<const char*, 4> kLanPorts{"LAN1", "LAN2", "LAN3", "L
 /// The wireless networks.
 inline constexpr std::array<const char*, 4> kWlanPorts{"WLAN1", "WLAN2", "WLAN3", "WLAN4"};
 
-/// What the tables of this page are made with.
+/// Helpers for the tables below.
 namespace detail {
 
-/// Puts two lists one behind the other.
-/// @param first   what comes first
-/// @param second  what follows
-/// @return all of both
+/// Concatenates two lists.
+/// @param first   the first list
+/// @param second  the second list
+/// @return the elements of both
 template <std::size_t M, std::size_t N>
 constexpr std::array<const char*, M + N> joined(const std::array<const char*, M>& first,
                                                 const std::array<const char*, N>& second) {
@@ -115,12 +115,12 @@ constexpr std::array<const char*, M + N> joined(const std::array<const char*, M>
 /// LAN ports, then the wireless ones.
 inline constexpr auto kBindablePorts = detail::joined(kLanPorts, kWlanPorts);
 
-/// The four LAN ports in one.
+/// The four LAN ports as one device.
 inline constexpr char kUndividedSwitch[] = "LAN_DEFAULT1";
 
-/// Tells whether every connection may name a port, so that it never counts as taken.
+/// Checks whether any connection may name a port, so that it never counts as taken.
 /// @param node  node name of the port
-/// @return whether it is the Ethernet uplink's or the undivided switch
+/// @return whether it is the Ethernet uplink's port or the undivided switch
 constexpr bool is_shared_device(std::string_view node) {
   return node == kEthernetUplink || node == kUndividedSwitch;
 }
@@ -134,10 +134,10 @@ inline constexpr char kLanBridgeName[] = "internet";
 inline constexpr char kTaggedStandard[] = "802.1Q";
 inline constexpr char kUntaggedStandard[] = "802.1D";  ///< without a VLAN
 
-/// Connections of a WAN device whose marks differ.
+/// Number of connections of a WAN device that have distinct marks.
 inline constexpr int kPacketMarkBase = 30;
 
-/// Packet mark of a connection, by which the gateway tells its traffic from that of the others.
+/// Packet mark of a connection, by which the gateway distinguishes its traffic.
 /// @param device      number of its WAN device
 /// @param connection  number of its connection device; counts modulo kPacketMarkBase
 /// @return the mark, modulo 2^32
@@ -178,13 +178,13 @@ inline constexpr char kPppoeBridged[] =
 inline constexpr char kInternetService[] = "INTERNET";
 inline constexpr char kManagementService[] = "TR069";  ///< remote management
 inline constexpr char kVoipService[] = "VOIP";         ///< telephony
-inline constexpr char kOtherService[] = "OTHER";       ///< anything else, as television
-inline constexpr char kMmeService[] = "MME";  ///< counts as management when a connection is to go
+inline constexpr char kOtherService[] = "OTHER";       ///< anything else, such as television
+inline constexpr char kMmeService[] = "MME";           ///< counts as management for removal checks
 
-/// Octets of a connection's largest packet.
+/// Largest packet of a connection, in octets.
 inline constexpr int kLowestMtu = 576;
 inline constexpr int kHighestMtu = 1540;       ///< of any mode
-inline constexpr int kHighestPppoeMtu = 1492;  ///< PPPoE takes 8 octets of a frame
+inline constexpr int kHighestPppoeMtu = 1492;  ///< PPPoE needs 8 octets of a frame
 
 }  // namespace igd
 

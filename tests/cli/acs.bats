@@ -38,14 +38,14 @@ load helper
   has '"password_set": false'
 }
 
-@test "an empty text takes a setting away" {
+@test "an empty text clears a setting" {
   expect 0 acs set --url https://acs.example.net
   expect 0 acs set --url ''
   expect 0 acs show --json
   has '"url": ""'
 }
 
-@test "all faults are listed at once, and nothing changes" {
+@test "all problems are listed at once, and nothing changes" {
   expect 2 acs set --url ftp://acs --request-url https:// --username $'a\nb'
   has "ftp://acs" "$stderr"
   has '"https://"' "$stderr"
@@ -78,7 +78,7 @@ load helper
   has hush
 }
 
-@test "the gateway's build sets and commits" {
+@test "the gateway build sets and commits" {
   run --separate-stderr igdctl_gateway acs set --username gw
   [ "$status" -eq 0 ]
   expect 0 acs show

@@ -5,7 +5,7 @@ load household
 bridges=InternetGatewayDevice.Layer2Bridging.Bridge
 wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice
 
-@test "a gateway in factory state has the LAN bridge alone" {
+@test "a gateway in factory state has only the LAN bridge" {
   expect 0 bridge list
   [ "${#lines[@]}" -eq 2 ]
   [ "${lines[0]}" = "BRIDGE    CONNECTION  STANDARD  VLAN      ENABLED  PORTS" ]
@@ -13,7 +13,7 @@ wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice
   has "LAN1 LAN2 LAN3 LAN4 WLAN1 WLAN2 WLAN3 WLAN4"
 }
 
-@test "the list shows whose each bridge is" {
+@test "the list shows which connection each bridge belongs to" {
   household
   expect 0 bridge list
   [[ ${lines[2]} =~ ^br_1_1\ +Internet\ +802.1Q\ +100\ +on\ +LAN0$ ]]
@@ -36,7 +36,7 @@ wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice
   has '"port": "LAN3"'
 }
 
-@test "a bridge that is not there is named, with those that are near" {
+@test "a missing bridge is named, with similar names" {
   expect 3 bridge show intenet
   has 'no bridge "intenet"' "$stderr"
   has 'did you mean "internet"?' "$stderr"
@@ -68,7 +68,7 @@ wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice
   [[ ${lines[2]} == *"delete  $bridges.1.Port.4." ]]
 }
 
-@test "an interface that is in no bridge" {
+@test "an interface outside all bridges" {
   expect 3 bridge of LAN9
   has "did you mean \"LAN1" "$stderr"
   expect 3 bridge of eth0.100
@@ -90,7 +90,7 @@ wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice
   has "No change"
 }
 
-@test "a moved port takes the VLAN of its bridge, and its connections note it" {
+@test "a moved port takes the VLAN of its bridge, and its connections record it" {
   household
   [ "$(value_of "$wan.1.WANIPConnection.1.X_CT-COM_LanInterface")" = LAN1,LAN2 ]
   expect 0 bridge move LAN2 br_1_2
@@ -111,7 +111,7 @@ wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice
   expect 3 bridge move LAN1 br_9_9
 }
 
-@test "moving a port of the management's connection asks for consent" {
+@test "moving a port of the management connection needs consent" {
   household
   before=$(igdctl bridge list --json)
   expect 8 bridge move LAN4 br_1_3
@@ -130,7 +130,7 @@ wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice
   [ "$before" = "$(igdctl bridge list --json)" ]
 }
 
-@test "a missing bridge is made as the library would have made it" {
+@test "a missing bridge is created as the library would have created it" {
   household
   before=$(igdctl bridge show br_1_1 --json)
   edit_tree delete "$bridges.2."
@@ -143,7 +143,7 @@ wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice
   has "No change"
 }
 
-@test "a bridge under a wrong name is renamed, not made anew" {
+@test "a bridge with a wrong name is renamed, not created again" {
   household
   edit_tree set "$bridges.2.BridgeName" br_9_9
   expect 4 bridge create Internet
@@ -153,7 +153,7 @@ wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice
   has br_9_9
 }
 
-@test "a bridge of nobody goes, and its ports come back to the LAN bridge" {
+@test "a bridge without a connection is removed, and its ports return to the LAN bridge" {
   household
   edit_tree set "$bridges.3.X_ZYN_WANName" "$wan.9."
   expect 4 bridge remove br_1_1
@@ -166,7 +166,7 @@ wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice
   expect 3 bridge show br_1_2
 }
 
-@test "--force removes also the only bridge that names a connection, and says so" {
+@test "--force removes even the only bridge that names a connection, and says so" {
   household
   edit_tree set "$bridges.2.BridgeName" br_9_9
   expect 0 bridge remove br_9_9 --force
@@ -174,7 +174,7 @@ wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice
   expect 3 bridge show br_9_9
 }
 
-@test "the gateway's build repairs bridges too" {
+@test "the gateway build repairs bridges too" {
   run --separate-stderr igdctl_gateway bridge list --json
   [ "$status" -eq 0 ]
   household

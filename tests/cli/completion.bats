@@ -28,7 +28,7 @@ bash_offers() {
   [ -z "$(bash_offers nonsense '')" ]
 }
 
-@test "bash completes names of files" {
+@test "bash completes file names" {
   touch "$BATS_TEST_TMPDIR/dump one.csv"
   [ "$(bash_offers store import "$BATS_TEST_TMPDIR/du")" = "$BATS_TEST_TMPDIR/dump one.csv" ]
 }
@@ -42,7 +42,7 @@ bash_offers() {
   igdctl __complete port | grep -qx LAN1
 }
 
-@test "bash completes connections, with blanks in their names, too" {
+@test "bash completes connections, even with blanks in their names" {
   wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice.1.WANIPConnection.1
   cat >"$BATS_TEST_TMPDIR/dump.csv" <<EOF
 Parameter,Object,Writable,Value,Value type
@@ -56,7 +56,7 @@ EOF
   [ "$(bash_offers wan show '"My In')" = 'My Internet' ]
 }
 
-@test "completion is quiet and makes no store" {
+@test "completion is quiet and creates no store" {
   for kind in wan port bridge checkpoint parameter; do
     expect 0 __complete $kind
     [ -z "$output" ]
@@ -72,13 +72,13 @@ EOF
   [ -z "$stderr" ]
 }
 
-@test "a name that is no plain text is not offered" {
+@test "a name that is not plain text is not offered" {
   igdctl tree set Layer2Bridging.Bridge.1.BridgeName $'evil\nname'
   expect 0 __complete bridge
   [ -z "$output" ]
 }
 
-@test "zsh takes the script" {
+@test "zsh accepts the script" {
   command -v zsh >/dev/null || skip "zsh is not installed"
   zsh -n "$scripts/_igdctl"
 }

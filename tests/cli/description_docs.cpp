@@ -75,7 +75,7 @@ Json shown_schema(const WanField& field) {
     case FieldKind::kTextsByPort:
       return {{"type", "object"}, {"additionalProperties", text}};
     case FieldKind::kSecret:
-      return {{"description", "With --show-secrets only."}, {"type", "string"}};
+      return {{"description", "Only with --show-secrets."}, {"type", "string"}};
     default:
       return text;
   }
@@ -83,18 +83,18 @@ Json shown_schema(const WanField& field) {
 
 Json taken_definition() {
   Json properties = Json::object();
-  for (const char* key : kShownKeys) properties[key] = {{"description", "Passed over."}};
+  for (const char* key : kShownKeys) properties[key] = {{"description", "Ignored."}};
   for (const WanField& field : kWanFields) {
     if (field.kind == FieldKind::kSecret) {
-      properties[key_of_presence(field)] = {{"description", "Passed over."}};
+      properties[key_of_presence(field)] = {{"description", "Ignored."}};
     }
     properties[field.key] = taken_schema(field);
   }
-  return {
-      {"description", "What is left out or null stays as it is; a vlan of null makes it untagged."},
-      {"type", "object"},
-      {"additionalProperties", false},
-      {"properties", properties}};
+  return {{"description",
+           "A missing or null key leaves its setting alone; a vlan of null is untagged."},
+          {"type", "object"},
+          {"additionalProperties", false},
+          {"properties", properties}};
 }
 
 Json shown_definition() {
@@ -108,7 +108,7 @@ Json shown_definition() {
     properties[field.key] = shown_schema(field);
     required.push_back(secret ? key_of_presence(field) : field.key);
   }
-  return {{"description", "As shown: the tree may hold numbers and words that no input may."},
+  return {{"description", "As shown: the tree may contain values that are refused as input."},
           {"type", "object"},
           {"required", required},
           {"additionalProperties", false},
@@ -140,9 +140,9 @@ std::string schema() {
   Json forms = one_or_several();
   forms.push_back(reference("document"));
   const Json all = {{"$schema", "https://json-schema.org/draft/2020-12/schema"},
-                    {"title", "What --from FILE of igdctl wan create, set, check and ensure takes"},
+                    {"title", "Input for --from FILE of igdctl wan create, set, check and ensure"},
                     {"$comment", "Written by description_docs from the fields of a connection."},
-                    {"description", "What the tree and other connections allow, igdctl checks."},
+                    {"description", "igdctl also checks the tree and the other connections."},
                     {"oneOf", forms},
                     {"$defs",
                      {{"document", document_definition()},
@@ -184,8 +184,8 @@ std::string meaning_of(const WanField& field) {
   std::string text = field.help;
   if (field.lowest != nullptr) text += "; " + std::to_string(field.low) + ": " + field.lowest;
   if (field.kind == FieldKind::kSecret) {
-    text += "; shown with `--show-secrets` only, and " + code(key_of_presence(field)) +
-            " tells whether there is one";
+    text += "; shown only with `--show-secrets`; " + code(key_of_presence(field)) +
+            " says whether there is one";
   }
   return text;
 }

@@ -1,4 +1,4 @@
-# What contradicts itself, and the commands that fix it.
+# Contradictions, and the commands that fix them.
 load helper
 load household
 
@@ -61,7 +61,7 @@ add_route() {
   has br_9_9
 }
 
-@test "the commands are for the store that was looked at" {
+@test "the commands name the store that was examined" {
   local another="$BATS_TEST_TMPDIR/another gateway.db"
   IGD_STORE=$another edit_tree add "$bridges."
   IGD_STORE=$another edit_tree set "$bridges.2.BridgeName" br_9_9
@@ -97,13 +97,13 @@ add_route() {
   has 203.0.113.0/24
 }
 
-@test "an address that is no plain word cannot run in a shell" {
+@test "an address that is not a plain word cannot run in a shell" {
   add_route 1 "\$(touch $BATS_TEST_TMPDIR/ran)" "it's" 192.0.2.1 ""
   fix_all
   [ ! -e "$BATS_TEST_TMPDIR/ran" ]
 }
 
-@test "the gateway's build has a doctor too" {
+@test "the gateway build has a doctor too" {
   household
   edit_tree delete "$bridges.4."
   run --separate-stderr igdctl_gateway doctor

@@ -1,7 +1,7 @@
-# What cannot be done has an exit code of its own, and leaves nothing half done.
+# Every kind of failure has its own exit code, and leaves nothing half done.
 load helper
 
-@test "a disk that takes no more: exit code 5, and nothing changed" {
+@test "a full disk: exit code 5, and nothing changed" {
   make_three_connections
   local before
   before=$(igdctl --json wan list)
@@ -21,14 +21,14 @@ load helper
   has "did not remove" "$stderr"
 }
 
-@test "standard output that takes nothing: exit code 1" {
+@test "an unwritable standard output: exit code 1" {
   make_three_connections
   run --separate-stderr bash -c '"$IGDCTL" wan list >/dev/full'
   [ "$status" -eq 1 ]
   has "could not be written" "$stderr"
 }
 
-@test "a name that two bear means neither: exit code 2 with both paths, and nothing changed" {
+@test "an ambiguous name: exit code 2 with both paths, and nothing changed" {
   make_three_connections
   wan=InternetGatewayDevice.WANDevice.1.WANConnectionDevice
   bridges=InternetGatewayDevice.Layer2Bridging.Bridge

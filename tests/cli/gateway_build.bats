@@ -9,7 +9,7 @@ expect_gateway() {
   [ "$status" -eq "$code" ] || { printf '%s: %s\n%s\n' "$status" "$*" "$stderr" >&2; return 1; }
 }
 
-@test "it makes, changes and removes connections" {
+@test "it creates, changes and removes connections" {
   expect_gateway 0 wan create --name Voice --service VOIP --vlan 400
   expect_gateway 0 wan create --name Other --service OTHER --vlan 410
   expect_gateway 0 wan set Voice --mtu 1400
@@ -33,7 +33,7 @@ expect_gateway() {
   has "not in this build"
 }
 
-@test "it asks for --yes before it touches the management connection" {
+@test "it needs --yes before it touches the management connection" {
   expect_gateway 0 wan create --name Management --service TR069 --vlan 200
   expect_gateway 8 wan set Management --vlan 210
   has "go ahead with --yes" "$stderr"

@@ -1,6 +1,6 @@
 # Tables and drawings as people see them, byte for byte, at two widths of the terminal.
 #
-# golden/ has what is expected. IGDCTL_UPDATE_GOLDEN=1 writes it anew; read the difference before it
+# golden/ has the expected output. IGDCTL_UPDATE_GOLDEN=1 rewrites it; review the difference before you
 # is kept.
 load helper
 load household

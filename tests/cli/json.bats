@@ -47,7 +47,7 @@ come_apart() {
   add_route 2 nowhere 255.0.255.0 ""
 }
 
-@test "every kind of document is as its schema says" {
+@test "every kind of document matches its schema" {
   make_three_connections
   keep 0 wan list
   keep 0 wan show Internet
@@ -91,7 +91,7 @@ come_apart() {
   fit
 }
 
-@test "a gateway that is out of order" {
+@test "a gateway with every kind of problem" {
   come_apart
   keep 10 doctor
   [ "$(grep -c '"finding"' <<<"$output")" -ge 10 ]
@@ -108,7 +108,7 @@ come_apart() {
   fit
 }
 
-@test "refused and accepted proposals" {
+@test "checks that pass and checks that fail" {
   make_three_connections
   keep 0 wan check --name Voice --vlan 400
   keep 4 wan check Internet --vlan 300
@@ -119,7 +119,7 @@ come_apart() {
   fit
 }
 
-@test "what came of changes: done, none, pending, confirmed, reverted" {
+@test "results of changes: done, none, pending, confirmed, reverted" {
   keep 0 wan create --name Voice --service VOIP --vlan 400
   has '"path"'
   keep 0 wan create --name Other --service OTHER --vlan 420
@@ -180,7 +180,7 @@ END
   fit
 }
 
-@test "secrets, and values that are no text" {
+@test "secrets, and values that are not text" {
   make_three_connections
   igdctl tree set Layer2Bridging.Bridge.1.BridgeName=$'a\xffb'
   printf 'hush' | igdctl acs set --password-file -
@@ -197,7 +197,7 @@ END
   fit
 }
 
-@test "the gateway's build" {
+@test "the gateway build" {
   make_three_connections
   local command
   for command in "wan list" "wan status" "wan ports" "bridge list" topology "route list" \

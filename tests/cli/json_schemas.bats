@@ -24,7 +24,7 @@ schema_agrees() {
   done
 }
 
-@test "--from takes what the schema of descriptions says" {
+@test "--from accepts what the schema of descriptions allows" {
   taken '{"name": "Voice", "vlan": 400, "class": "routed", "mode": "dhcp", "mtu": 1400}'
   taken '{"name": "Voice", "vlan": null, "nat": null, "service": ["VOIP"], "id": "1.9"}'
   taken '{"name": "Voice", "vlan": 400, "bind_wan": ["LAN4"], "port_option60": {"LAN4": "a"}}'
@@ -49,7 +49,7 @@ schema_agrees() {
   schema_agrees
 }
 
-@test "what wan show and list print is a description, too" {
+@test "what wan show and list print is also a description" {
   make_three_connections
   igdctl --json wan show Television >"$BATS_TEST_TMPDIR/one.json"
   igdctl --json --show-secrets wan list >"$BATS_TEST_TMPDIR/all.json"
@@ -68,7 +68,7 @@ refuses() {
   has "$reason" "$stderr"
 }
 
-@test "a document that is wrong does not pass" {
+@test "a wrong document fails the check" {
   make_three_connections
   local text
   text=$(igdctl --json wan show Internet)
@@ -105,7 +105,7 @@ page_fails() {
   has "$2"
 }
 
-@test "the page and the schemas tell of the same kinds and keys" {
+@test "the page and the schemas describe the same kinds and keys" {
   "$check_json" page
   page_fails 's/^## `wan.ports`/## Ports/' "does not tell of the kind wan.ports"
   page_fails 's/^## `wan.ports`/## `wan.ports`, `wan.plugs`/' "the kind wan.plugs has no schema"

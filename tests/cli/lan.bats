@@ -1,4 +1,4 @@
-# The household's side.
+# The LAN side.
 load helper
 
 @test "address and ports of the LAN" {

@@ -22,7 +22,7 @@ load helper
   done
 }
 
-@test "a page has every section, every command and every exit code" {
+@test "a manual page has every section, every command and every exit code" {
   expect 0 __man igdctl-store
   for section in NAME SYNOPSIS DESCRIPTION COMMANDS OPTIONS EXAMPLES "EXIT STATUS" FILES \
     ENVIRONMENT "SEE ALSO"; do
@@ -35,7 +35,7 @@ load helper
   [ "$(grep -cE '^\\fB[0-9]+\\fR$' <<<"$output")" -eq 11 ]
 }
 
-@test "the gateway's pages say what it cannot do, and know no store" {
+@test "the gateway's pages say what it cannot do, and mention no store" {
   run igdctl_gateway __man igdctl-tree
   has 'refused with exit status 7'
   has_not IGD_STORE

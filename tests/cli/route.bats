@@ -24,7 +24,7 @@ route=InternetGatewayDevice.Layer3Forwarding.Forwarding
   has '"connection_path": "InternetGatewayDevice.WANDevice.1.WANConnectionDevice.1."'
 }
 
-@test "the same route again is no change, another way changes it in place" {
+@test "the same route again is no change, a different next hop changes it in place" {
   household
   expect 0 route add 198.51.100.0/24 --gateway 192.0.2.1
   expect 0 route add 198.51.100.0/24 --gateway 192.0.2.1
@@ -42,7 +42,7 @@ route=InternetGatewayDevice.Layer3Forwarding.Forwarding
   has "no static routes"
 }
 
-@test "all faults are listed at once" {
+@test "all problems are listed at once" {
   expect 2 route add 198.51.100.300/40 --gateway 224.0.0.1
   has "198.51.100.300" "$stderr"
   has '"40"' "$stderr"
@@ -56,7 +56,7 @@ route=InternetGatewayDevice.Layer3Forwarding.Forwarding
   expect 2 route add
 }
 
-@test "a connection that is not there, or has no name to go by" {
+@test "a missing connection, or one without a name" {
   expect 3 route add 198.51.100.0/24 --connection Internet
   household
   for object in WANIPConnection.1 WANIPConnection.2 WANPPPConnection.1; do
@@ -68,7 +68,7 @@ route=InternetGatewayDevice.Layer3Forwarding.Forwarding
   has "no static routes"
 }
 
-@test "removing a route by its network, its mask, or the texts it has" {
+@test "removing a route by its network, its mask, or its literal texts" {
   expect 0 route add 198.51.100.0/24 --gateway 192.0.2.1
   expect 0 route add 198.51.100.0/25 --gateway 192.0.2.1
   expect 0 route remove 198.51.100.0 255.255.255.0
@@ -85,7 +85,7 @@ route=InternetGatewayDevice.Layer3Forwarding.Forwarding
   has "no static routes"
 }
 
-@test "removing what is not there" {
+@test "removing a missing route" {
   expect 3 route remove 198.51.100.0/24
   has "there are no static routes" "$stderr"
   expect 0 route add 198.51.100.0/24 --gateway 192.0.2.1
@@ -94,7 +94,7 @@ route=InternetGatewayDevice.Layer3Forwarding.Forwarding
   expect 2 route remove nonsense
 }
 
-@test "clearing asks first" {
+@test "clearing needs consent" {
   expect 0 route clear
   has "No change"
   expect 0 route add 198.51.100.0/24 --gateway 192.0.2.1
@@ -109,7 +109,7 @@ route=InternetGatewayDevice.Layer3Forwarding.Forwarding
   has "no static routes"
 }
 
-@test "a route on trial can be shown first, or reverted" {
+@test "a route can be shown first, or reverted" {
   expect 0 route add 198.51.100.0/24 --gateway 192.0.2.1 --dry-run
   has "198.51.100.0"
   expect 0 route list
@@ -119,7 +119,7 @@ route=InternetGatewayDevice.Layer3Forwarding.Forwarding
   expect 6 route remove 198.51.100.0/24
 }
 
-@test "the gateway's build keeps routes too" {
+@test "the gateway build handles routes too" {
   run --separate-stderr igdctl_gateway route add 198.51.100.0/24 --gateway 192.0.2.1
   [ "$status" -eq 0 ]
   run --separate-stderr igdctl_gateway route clear

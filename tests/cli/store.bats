@@ -47,7 +47,7 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   has "No change"
 }
 
-@test "an import can be looked at first" {
+@test "an import can be inspected first" {
   write_dump
   before=$(tree_now)
   expect 0 store import - --dry-run <"$BATS_TEST_TMPDIR/dump.csv"
@@ -60,7 +60,7 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   [ "$(tree_now)" = "$before" ]
 }
 
-@test "a malformed dump is refused whole, by its line" {
+@test "a malformed dump is refused as a whole, naming the line" {
   write_dump
   printf 'InternetGatewayDevice.X,maybe,true,,\n' >>"$BATS_TEST_TMPDIR/dump.csv"
   before=$(tree_now)
@@ -74,7 +74,7 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   [ "$(tree_now)" = "$before" ]
 }
 
-@test "an export comes back by an import, byte for byte" {
+@test "an export can be imported again, byte for byte" {
   write_dump
   igdctl store import "$BATS_TEST_TMPDIR/dump.csv"
   expect 0 store export "$BATS_TEST_TMPDIR/out.csv"
@@ -87,7 +87,7 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   has "passwords in clear text" "$stderr"
 }
 
-@test "an export for programs is JSON, by its option or its name" {
+@test "an export for programs is JSON, chosen by option or by file name" {
   expect 0 store export --format json
   has '"parameters"'
   expect 0 store export "$BATS_TEST_TMPDIR/tree.json"
@@ -108,7 +108,7 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   [ "$(cat "$BATS_TEST_TMPDIR/precious")" = kept ]
 }
 
-@test "a checkpoint is kept, listed, restored and deleted" {
+@test "a checkpoint is saved, listed, restored and deleted" {
   expect 0 store checkpoint list
   has "There are no checkpoints"
   expect 0 store checkpoint before
@@ -128,7 +128,7 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   expect 3 store restore before
 }
 
-@test "checkpoints: names that are taken, bad, automatic or unknown" {
+@test "checkpoint names that are taken, bad, automatic or unknown" {
   expect 2 store checkpoint
   expect 0 store checkpoint before
   expect 2 store checkpoint before
@@ -188,7 +188,7 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   has open-sesame
 }
 
-@test "a change that waits is shown, and confirmed or reverted" {
+@test "a pending change is shown, and confirmed or reverted" {
   set_name lan
   igdctl store checkpoint before
   igdctl tree set $name wan --confirm 60
@@ -206,13 +206,13 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   [ "$(bridge_name)" = wan ]
 }
 
-@test "without a change that waits there is nothing to confirm or take back" {
+@test "without a pending change there is nothing to confirm or revert" {
   expect 6 store confirm
   has "igdctl store history" "$stderr"
   expect 6 store revert
 }
 
-@test "a restore can wait for its confirmation, too" {
+@test "a restore can wait for confirmation, too" {
   igdctl store checkpoint before
   set_name lan
   expect 0 store restore before --confirm 60
@@ -221,7 +221,7 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   [ "$(bridge_name)" = lan ]
 }
 
-@test "a damaged store is left alone unless an import may move it away" {
+@test "a damaged store is left alone unless an import is allowed to move it away" {
   write_dump
   printf 'no database at all, but long enough' >"$IGD_STORE"
   expect 5 store history
@@ -238,7 +238,7 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   [ ! -e "$IGD_STORE.corrupt-2" ]
 }
 
-@test "a store of a newer version, and a database of something else, are left alone" {
+@test "a store of a newer version, and another program's database, are left alone" {
   igdctl store checkpoint first
   cp "$IGD_STORE" "$BATS_TEST_TMPDIR/good.db"
   patch_store 60 '\0\0\0\0143' # SQLite's user version
@@ -254,7 +254,7 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   cmp "$IGD_STORE" "$BATS_TEST_TMPDIR/foreign.db"
 }
 
-@test "no --quiet sentence, but data" {
+@test "--quiet prints data, but no sentences" {
   expect 0 --quiet store checkpoint first
   [ -z "$output" ]
   expect 0 --quiet store export

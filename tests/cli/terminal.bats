@@ -34,7 +34,7 @@ on_terminal() {
   has "InternetGatewayDevice.WANDevice.1.WANConnectionDevice.1."
 }
 
-@test "on a narrow terminal each row is a list, with its words whole" {
+@test "on a narrow terminal each row is a list, without broken words" {
   make_three_connections
   export NO_COLOR=1 LC_ALL=C.UTF-8
   on_terminal 40 wan list
@@ -60,7 +60,7 @@ on_terminal() {
   has "hush-hush"
 }
 
-@test "without a terminal a prompt is refused, with the other way to do it" {
+@test "without a terminal a prompt is refused, with the alternative" {
   run --separate-stderr setsid "$IGDCTL" wan create --name Internet --mode pppoe --user u \
     --password-prompt
   [ "$status" -eq 2 ]

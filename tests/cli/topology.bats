@@ -1,4 +1,4 @@
-# Who is joined to what, drawn.
+# How everything is connected, drawn.
 load helper
 load household
 
@@ -13,7 +13,7 @@ load household
   has "└─ LAN4, WLAN1, WLAN2, WLAN3, WLAN4 ── not bound"
 }
 
-@test "in ASCII where the locale has no box characters" {
+@test "in ASCII if the locale has no box characters" {
   household
   LC_ALL=C expect 0 topology
   has "|- LAN1 -- Internet"
@@ -22,19 +22,19 @@ load household
   has_not "├"
 }
 
-@test "bridges without ports" {
+@test "empty bridges" {
   igdctl wan create --name Bare --vlan 5 --service OTHER --enable on
   "$EDIT_TREE" add InternetGatewayDevice.Layer2Bridging.Bridge.
   LC_ALL=C.UTF-8 expect 0 topology
   has ": no ports"
 }
 
-@test "the picture of the documents is that of the demo" {
+@test "the picture in the documents matches the demo" {
   igdctl wan ensure --from "$BATS_TEST_DIRNAME/../../examples/household.json" --yes
   igdctl topology --format svg | cmp - "$BATS_TEST_DIRNAME/../../docs/topology.svg"
 }
 
-@test "for dot and as a picture" {
+@test "as DOT and as SVG" {
   household
   expect 0 topology --format dot
   [ "${lines[0]}" = "graph topology {" ]
@@ -54,12 +54,12 @@ load household
   expect 2 topology --format png
 }
 
-@test "without connections there is the LAN bridge" {
+@test "without connections there is only the LAN bridge" {
   LC_ALL=C expect 0 topology
   [ "${lines[0]}" = 'LAN bridge "internet"' ]
 }
 
-@test "a locale that this machine lacks draws by what its name says" {
+@test "a locale missing on this machine is judged by its name" {
   make_three_connections
   unset LC_CTYPE LANG
   LC_ALL=xx_XX.utf8 expect 0 topology

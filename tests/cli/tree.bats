@@ -15,7 +15,7 @@ expect_no_change() {
   [ "$(tree_now)" = "$before" ]
 }
 
-@test "get prints the value of one parameter alone, for scripts" {
+@test "get prints just the value of a single parameter, for scripts" {
   expect 0 tree get $root.$bridge.BridgeName
   [ "$output" = internet ]
 }
@@ -26,7 +26,7 @@ expect_no_change() {
   [ "${lines[1]}" = "$root.$bridge.VLANID=0" ]
 }
 
-@test "get tells programs the type and the access, too" {
+@test "get also gives programs the type and the access" {
   expect 0 --json tree get $bridge.VLANID
   has '"kind": "tree.get"'
   has '"value": "0"'
@@ -34,7 +34,7 @@ expect_no_change() {
   has '"writable": true'
 }
 
-@test "unknown names are all listed, with what may have been meant" {
+@test "all unknown names are listed, with suggestions" {
   expect 3 tree get $bridge.BrigeName $bridge Nothing.At.All
   [ -z "$output" ]
   has "there is no parameter \"$root.$bridge.BrigeName\"" "$stderr"
@@ -58,22 +58,22 @@ expect_no_change() {
   has "give a VLAN from 1 to 4094, or 0 for untagged" "$stderr"
 }
 
-@test "all faults of a set are listed at once" {
+@test "all problems of a set are listed at once" {
   expect_no_change 2 tree set $bridge.BridgeEnable=yes $bridge.VLANID=-1 $bridge.VLANID=1 \
     Nothing=1 Layer2Bridging.BridgeNumberOfEntries=9 DeviceInfo.Manufacturer=me
   has "give true or false" "$stderr"
-  has "is given two values" "$stderr"
+  has "has two values" "$stderr"
   has "there is no parameter \"$root.Nothing\"" "$stderr"
   has "is a count of instances" "$stderr"
   has "DeviceInfo.Manufacturer\" is read-only" "$stderr"
 }
 
-@test "an unknown name alone has an exit code of its own" {
+@test "a single unknown name has its own exit code" {
   expect_no_change 3 tree set $bridge.BridgeNam=x
   has "did you mean" "$stderr"
 }
 
-@test "read-only parameters are set with --force only, which says so" {
+@test "read-only parameters can only be set with --force, which says so" {
   expect_no_change 4 tree set DeviceInfo.Manufacturer Somebody
   has "--force" "$stderr"
   expect 0 tree set DeviceInfo.Manufacturer Somebody --force
@@ -82,7 +82,7 @@ expect_no_change() {
   [ "$output" = Somebody ]
 }
 
-@test "--force goes over no wrong value and no count" {
+@test "--force overrides neither wrong values nor counts" {
   expect_no_change 2 tree set $bridge.BridgeEnable yes --force
   expect_no_change 2 tree set Layer2Bridging.BridgeNumberOfEntries 9 --force
 }
@@ -93,7 +93,7 @@ expect_no_change() {
   has "nothing was changed"
 }
 
-@test "a value that is there already is no change, also of what is read-only" {
+@test "setting the present value is no change, even for read-only parameters" {
   expect 0 tree set Layer2Bridging.BridgeNumberOfEntries=1 $bridge.BridgeName=internet
   has "No change"
   expect 0 store history
@@ -132,7 +132,7 @@ expect_no_change() {
   expect 0 tree set ManagementServer.Password=
 }
 
-@test "a value comes from standard input, its last line end left out" {
+@test "a value can come from standard input, without its last line end" {
   printf 'lan\n' | igdctl tree set $bridge.BridgeName --value-file -
   expect 0 tree get $bridge.BridgeName
   [ "$output" = lan ]
@@ -147,7 +147,7 @@ expect_no_change() {
   has "no terminal" "$stderr"
 }
 
-@test "what dump prints, set --from takes; stars do no harm" {
+@test "set --from accepts what dump prints; stars do no harm" {
   printf 'open-sesame' | igdctl tree set ManagementServer.Password --value-file -
   igdctl tree set "$bridge.BridgeName=a\\b	c"
   igdctl tree dump >"$BATS_TEST_TMPDIR/dump"
@@ -165,7 +165,7 @@ expect_no_change() {
   has "settings:3: the line is not NAME=VALUE" "$stderr"
 }
 
-@test "dump takes the beginning of names" {
+@test "dump can be limited to names with a given beginning" {
   expect 0 tree dump $bridge.VLAN
   [ "${lines[0]}" = "$root.$bridge.VLANID=0" ]
   [ "${#lines[@]}" -eq 2 ]
@@ -190,7 +190,7 @@ expect_no_change() {
   has "is a parameter" "$stderr"
 }
 
-@test "find looks for a part of the name in either case, or for a pattern" {
+@test "find searches for part of a name, ignoring case, or for a pattern" {
   expect 0 tree find bridgename
   [ "$output" = "$root.$bridge.BridgeName=internet" ]
   expect 0 tree find '*.Bridge.?.BridgeName'
@@ -212,7 +212,7 @@ expect_no_change() {
   done
 }
 
-@test "the seconds to confirm in are decimal digits, up to a day" {
+@test "the seconds for --confirm are decimal digits, up to a day" {
   local seconds
   for seconds in '' 0 -1 +5 ' 5' '5 ' 0x10 1e2 5s true 86401 4294967297 18446744073709551617; do
     expect_unchanged 2 tree set $bridge.BridgeName lan --confirm="$seconds"
@@ -222,7 +222,7 @@ expect_no_change() {
   has "reverted in 600"
 }
 
-@test "a change waits for its confirmation, and stops the next one" {
+@test "a change waits for confirmation and blocks the next one" {
   expect 0 tree set $bridge.BridgeName lan --confirm 60
   has "igdctl store confirm"
   expect 6 tree set $bridge.BridgeName wan
@@ -231,7 +231,7 @@ expect_no_change() {
   [ "$output" = lan ]
 }
 
-@test "a change of the connection that carries management asks for consent" {
+@test "a change to the connection that carries management needs consent" {
   wan=$root.WANDevice.1.WANConnectionDevice.1.WANIPConnection.1
   cat >"$BATS_TEST_TMPDIR/managed.csv" <<EOF
 Parameter,Object,Writable,Value,Value type
@@ -265,7 +265,7 @@ EOF
   [ "$output" = 4094 ]
 }
 
-@test "a gateway has get and set alone; set commits at once" {
+@test "a gateway has only get and set; set commits at once" {
   run --separate-stderr igdctl_gateway tree set $bridge.BridgeName lan
   [ "$status" -eq 0 ]
   run --separate-stderr igdctl_gateway tree get $bridge.BridgeName

@@ -20,7 +20,7 @@ load helper
   has "igdctl wan list"
 }
 
-@test "a word that is no command is bad input: what is wrong, and what to do" {
+@test "an unknown command is bad input: what is wrong, and what to do" {
   expect 2 wan lst
   [ -z "$output" ]
   has 'igdctl wan has no command "lst"' "$stderr"
@@ -40,14 +40,14 @@ load helper
   has "--frobnicate" "$stderr"
 }
 
-@test "global options stand before or after the command" {
+@test "global options may come before or after the command" {
   expect 0 --json wan list
   has '"kind": "wan.list"'
   expect 0 wan list --json
   has '"kind": "wan.list"'
 }
 
-@test "the trace is dropped unless a file is named, which only its owner can read" {
+@test "the trace is discarded unless a file is named, which only its owner can read" {
   expect 0 wan list
   has_not vornik
   expect 0 wan list --trace="$BATS_TEST_TMPDIR/trace"
@@ -56,7 +56,7 @@ load helper
   [[ $(head -n 1 "$BATS_TEST_TMPDIR/trace") == *passwords* ]]
 }
 
-@test "a trace file that is a link, or no file, is refused and left alone" {
+@test "a trace file that is a link, or not a file, is refused and left alone" {
   printf 'kept' >"$BATS_TEST_TMPDIR/precious"
   ln -s precious "$BATS_TEST_TMPDIR/link"
   expect 2 wan list --trace="$BATS_TEST_TMPDIR/link"
@@ -65,7 +65,7 @@ load helper
   [ "$(cat "$BATS_TEST_TMPDIR/precious")" = kept ]
 }
 
-@test "a store that cannot be used has an exit code of its own" {
+@test "an unusable store has its own exit code" {
   expect 5 --store "$BATS_TEST_TMPDIR/nowhere/gateway.db" wan list
   printf 'no database' >"$BATS_TEST_TMPDIR/text"
   expect 5 --store "$BATS_TEST_TMPDIR/text" wan list
@@ -77,14 +77,14 @@ load helper
   [ "$status" -eq 1 ]
 }
 
-@test "a closed standard output harms nothing" {
+@test "a closed standard output does no harm" {
   igdctl wan list --json >/dev/null
   run bash -c '"$IGDCTL" wan list >&- 2>&-'
   [ "$status" -eq 0 ]
   expect 0 wan list --json
 }
 
-@test "the gateway's build has no store and says what it cannot do" {
+@test "the gateway build has no store and says what it cannot do" {
   run --separate-stderr igdctl_gateway --help
   [ "$status" -eq 0 ]
   has_not "--store"

@@ -1,4 +1,4 @@
-# Bringing up connections.
+# Creating connections.
 load helper
 
 @test "Internet over PPPoE: the name, the account, a VLAN, the ports of the household" {
@@ -24,7 +24,7 @@ load helper
   has "--password" "$stderr"
 }
 
-@test "a password comes from standard input too, its line end dropped" {
+@test "a password can come from standard input, without its line end" {
   run bash -c 'printf "correct horse \r\n" | "$IGDCTL" wan create --name Internet --mode pppoe \
     --user u --password-file -'
   [ "$status" -eq 0 ]
@@ -41,7 +41,7 @@ load helper
   has '"mtu": 1400'
 }
 
-@test "a description in JSON, which options go over" {
+@test "a description in JSON, which options override" {
   echo '{"name": "Voice", "vlan": 400, "service": ["VOIP"], "nat": false}' >"$BATS_TEST_TMPDIR/wan.json"
   expect 0 wan create --from "$BATS_TEST_TMPDIR/wan.json" --vlan 410
   expect 0 wan show Voice --json
@@ -51,7 +51,7 @@ load helper
   [ "$status" -eq 0 ]
 }
 
-@test "all faults are told at once, and nothing is made" {
+@test "all problems are reported at once, and nothing is created" {
   expect_unchanged 2 wan create --mode static --address 192.0.2.300 --mask 255.0.255.0 --vlan 4095 \
     --priority 8 --mtu 100 --service 'A B' --class router --nat maybe --dns x --bind-lan LAN9
   for word in address mask vlan priority mtu service class nat dns name LAN9; do
@@ -60,7 +60,7 @@ load helper
   has "give a whole number from 0 to 4094" "$stderr"
 }
 
-@test "names that could not be told from something else are refused" {
+@test "ambiguous names are refused" {
   expect_unchanged 2 wan create --name ''
   expect_unchanged 2 wan create --name ' x'
   expect_unchanged 2 wan create --name 1.2
@@ -79,10 +79,10 @@ load helper
   expect_unchanged 2 wan create --name Internet --mode pppoe --mtu 1500
   has "needs a user name" "$stderr"
   has "needs a password" "$stderr"
-  has "PPPoE takes 8 octets" "$stderr"
+  has "PPPoE needs 8 octets" "$stderr"
 }
 
-@test "an address must be one that a host can have, its gateway in the same subnet" {
+@test "an address must be a valid host address, and its gateway in the same subnet" {
   local rest=(--name Office --mode static --mask 255.255.255.0)
   expect_unchanged 2 wan create "${rest[@]}" --address 192.0.2.0 --gateway 192.0.2.1
   expect_unchanged 2 wan create "${rest[@]}" --address 192.0.2.255 --gateway 192.0.2.1
@@ -99,7 +99,7 @@ load helper
   expect_unchanged 2 wan create --name A --bind-lan LAN1 --port-option60 LAN1=x
 }
 
-@test "a VLAN of another connection: exit code 4, unless forced, which is told" {
+@test "a VLAN of another connection: exit code 4, unless forced, which is reported" {
   make_three_connections
   expect_unchanged 4 wan create --name Second --vlan 100
   has 'connection "Internet" already has VLAN 100' "$stderr"
@@ -116,27 +116,27 @@ load helper
   has "untagged" "$stderr"
 }
 
-@test "a second management connection is refused, also under a longer service list" {
+@test "a second management connection is refused, even with a longer service list" {
   make_three_connections
   expect_unchanged 4 wan create --name Second --vlan 500 --service TR069
   expect_unchanged 4 wan create --name Second --vlan 500 --service TR069,VOIP
   has 'connection "Management"' "$stderr"
 }
 
-@test "a port of another connection is never taken, not even by force" {
+@test "a port of another connection is never taken, not even with --force" {
   make_three_connections
   expect_unchanged 4 wan create --name Second --vlan 500 --bind-lan LAN1 --force
   has 'port LAN1 belongs to connection "Internet"' "$stderr"
   expect_unchanged 4 wan create --name Second --vlan 500 --bind-wan LAN4
 }
 
-@test "a port of another connection is not taken when the management connection comes first" {
+@test "a port of another connection is not taken even if the management connection comes first" {
   expect 0 wan create --name Management --service TR069 --vlan 200
   expect 0 wan create --name Internet --vlan 100 --bind-lan LAN1
   expect_unchanged 4 wan create --name Second --vlan 500 --bind-lan LAN1
 }
 
-@test "the last port is left to the household" {
+@test "the last port stays in the LAN bridge" {
   expect_unchanged 4 wan create --name All --class bridged --vlan 500 \
     --bind-wan LAN1,LAN2,LAN3,LAN4,WLAN1,WLAN2,WLAN3,WLAN4
   has "no port would be left" "$stderr"
@@ -172,7 +172,7 @@ load helper
   expect_unchanged 2 wan create --name X --mode pppoe --user u --password-file /dev/zero
 }
 
-@test "a value that is wrong is not called missing as well" {
+@test "a wrong value is not reported as missing as well" {
   expect_unchanged 2 wan create --name $'a\nb' --mode static --address 999.1.1.1 --mask 255.0.255.0 \
     --gateway nowhere
   [ "$(grep -c '^igdctl: ' <<<"$stderr")" -eq 4 ]

@@ -1,10 +1,10 @@
-# Scripts that describe what should be.
+# Scripts that describe the desired state.
 load helper
 
 describe() { printf '%s\n' "$1" >"$BATS_TEST_TMPDIR/wan.json"; }
 ensure() { expect "$1" wan ensure --from "$BATS_TEST_TMPDIR/wan.json" "${@:2}"; }
 
-@test "ensure makes, then changes, then does nothing" {
+@test "ensure creates, then changes, then does nothing" {
   describe '{"name": "Voice", "service": ["VOIP"], "vlan": 400, "priority": 6}'
   ensure 0 --json
   has '"result": "done"'
@@ -29,7 +29,7 @@ ensure() { expect "$1" wan ensure --from "$BATS_TEST_TMPDIR/wan.json" "${@:2}"; 
   [ "$before" != "$(kept_in_store)" ]
 }
 
-@test "an untagged connection with a priority comes to rest" {
+@test "ensure is idempotent for an untagged connection with a priority" {
   describe '{"name": "Voice", "vlan": 0, "priority": 6}'
   ensure 0
   ensure 0 --json
@@ -51,7 +51,7 @@ ensure() { expect "$1" wan ensure --from "$BATS_TEST_TMPDIR/wan.json" "${@:2}"; 
   expect_unchanged 4 wan ensure --from "$BATS_TEST_TMPDIR/wan.json"
 }
 
-@test "one takes the port that an earlier one lets go" {
+@test "a connection takes the port that an earlier one releases" {
   describe '[{"name": "A", "vlan": 10, "bind_lan": ["LAN1"]}, {"name": "B", "vlan": 20}]'
   ensure 0
   describe '[{"name": "A", "bind_lan": []}, {"name": "B", "bind_lan": ["LAN1"]}]'
@@ -62,7 +62,7 @@ ensure() { expect "$1" wan ensure --from "$BATS_TEST_TMPDIR/wan.json" "${@:2}"; 
   has '"result": "no-change"'
 }
 
-@test "the list of all connections is a description of what is there" {
+@test "the list of all connections is a valid description of them" {
   make_three_connections
   igdctl wan list --json --show-secrets >"$BATS_TEST_TMPDIR/wan.json"
   expect_unchanged 0 wan ensure --from "$BATS_TEST_TMPDIR/wan.json"
@@ -74,7 +74,7 @@ ensure() { expect "$1" wan ensure --from "$BATS_TEST_TMPDIR/wan.json" "${@:2}"; 
   cmp "$BATS_TEST_TMPDIR/wan.json" "$BATS_TEST_TMPDIR/other.json"
 }
 
-@test "the management connection is changed with --yes only, and left alone without it" {
+@test "the management connection is only changed with --yes" {
   make_three_connections
   describe '{"name": "Management", "vlan": 200}'
   ensure 0
@@ -93,7 +93,7 @@ ensure() { expect "$1" wan ensure --from "$BATS_TEST_TMPDIR/wan.json" "${@:2}"; 
   expect_unchanged 2 wan ensure --from "$BATS_TEST_TMPDIR/wan.json"
 }
 
-@test "options do not go over several descriptions, which are then left alone" {
+@test "options cannot be combined with several descriptions" {
   printf '[{"name": "Voice"}, {"name": "Guests"}]' >"$BATS_TEST_TMPDIR/two.json"
   expect_unchanged 2 wan ensure --from "$BATS_TEST_TMPDIR/two.json" --vlan 300
   has "several descriptions" "$stderr"
@@ -101,5 +101,5 @@ ensure() { expect "$1" wan ensure --from "$BATS_TEST_TMPDIR/wan.json" "${@:2}"; 
 
 @test "standard input is a description or a password, not both" {
   expect_unchanged 2 wan ensure --from - --password-file - </dev/null
-  has "both want standard input" "$stderr"
+  has "both read standard input" "$stderr"
 }

@@ -1,7 +1,7 @@
-# Removing connections, and asking before.
+# Removing connections, with consent.
 load helper
 
-@test "a connection goes, its ports come back" {
+@test "a connection is removed, and its ports return" {
   make_three_connections
   expect 0 wan remove Television
   [ "$output" = 'Removed connection "Television"' ]
@@ -20,14 +20,14 @@ load helper
   has "overrides this" "$stderr"
 }
 
-@test "the management connection goes with --yes only" {
+@test "the management connection can only be removed with --yes" {
   make_three_connections
   expect 0 wan create --name Voice --service VOIP --vlan 400
   expect_unchanged 8 wan remove Management
   expect 0 wan remove Management --yes
 }
 
-@test "the management connection stays while only one other is there" {
+@test "the management connection stays while there is only one other" {
   expect 0 wan create --name Internet --access Ethernet --mode dhcp --vlan 100 --service INTERNET
   expect 0 wan create --name Management --access Ethernet --mode dhcp --vlan 46 --service TR069
   expect_unchanged 4 wan remove Management --yes
@@ -36,19 +36,19 @@ load helper
   expect 0 wan remove Management --yes --force
 }
 
-@test "the last connection beside the management one stays, unless forced" {
+@test "the last connection besides the management one stays, unless forced" {
   expect 0 wan create --name Voice --access Ethernet --mode dhcp --vlan 100 --service VOIP
   expect 0 wan create --name Management --access Ethernet --mode dhcp --vlan 46 --service TR069
   expect_unchanged 4 wan remove Voice
   has '"Voice" is the last one that is not for management' "$stderr"
 }
 
-@test "what is not there cannot be removed" {
+@test "a missing connection cannot be removed" {
   make_three_connections
   expect_unchanged 3 wan remove Radio
 }
 
-@test "a removal is shown first, and waits for its confirmation" {
+@test "a removal is shown first, and waits for confirmation" {
   make_three_connections
   expect_unchanged 0 wan remove Television --dry-run
   has "- InternetGatewayDevice.WANDevice.1.WANConnectionDevice.3."

@@ -2,7 +2,7 @@
 load helper
 load household
 
-@test "set changes what is named, by name, by path or by number" {
+@test "set changes a connection selected by name, path or number" {
   make_three_connections
   expect 0 wan set Internet --vlan 110 --bind-lan LAN3
   [ "$output" = 'Changed connection "Internet"' ]
@@ -16,7 +16,7 @@ load household
   has "correct-horse"
 }
 
-@test "ports that leave a connection go back to the LAN bridge" {
+@test "released ports return to the LAN bridge" {
   make_three_connections
   expect 0 wan set Internet --bind-lan=
   expect 0 wan ports Internet
@@ -25,7 +25,7 @@ load household
   [ "$(grep -c '"use": "free"' <<<"$output")" -eq 7 ]
 }
 
-@test "options stand before or after the connection, lists with commas or repeated" {
+@test "options may come before or after the connection, lists with commas or repeated" {
   make_three_connections
   expect 0 wan set --bind-lan LAN2 --vlan 110 --bind-lan LAN3 Internet
   expect 0 wan show Internet
@@ -54,7 +54,7 @@ load household
   done
 }
 
-@test "what is asked for and is there already is no change" {
+@test "a request that is already fulfilled is no change" {
   make_three_connections
   expect 0 wan set Internet --vlan 100 --json
   has '"result": "no-change"'
@@ -87,7 +87,7 @@ load household
   [ "$(grep -c '  set  ' <<<"$output")" -eq 2 ]
 }
 
-@test "--verbose shows also the writes that change nothing" {
+@test "--verbose also shows the writes that change nothing" {
   make_three_connections
   expect_unchanged 0 wan set Internet --vlan 110 --dry-run
   has "more change nothing; -v shows them"
@@ -100,7 +100,7 @@ load household
   has ".Password"
 }
 
-@test "the management connection is changed with --yes or --confirm only" {
+@test "the management connection is only changed with --yes or --confirm" {
   make_three_connections
   expect_unchanged 8 wan set Management --vlan 210
   has "carries the management service" "$stderr"
@@ -110,16 +110,16 @@ load household
   expect 0 wan set Management --vlan 210 --yes
 }
 
-@test "a change that waits for its confirmation stands in the way of the next" {
+@test "while a change waits for confirmation, no other is accepted" {
   make_three_connections
   expect 0 wan set Management --vlan 210 --confirm 600
   has "reverted in 600 seconds"
   expect_unchanged 6 wan set Internet --mtu 1400
-  has "still waits for its confirmation" "$stderr"
+  has "is still waiting for confirmation" "$stderr"
   expect_unchanged 6 wan set Internet --mtu 1400 --dry-run
 }
 
-@test "a change that nobody confirms in time is taken back" {
+@test "a change that is not confirmed in time is reverted" {
   make_three_connections
   expect 0 wan set Internet --vlan 110 --confirm 1
   has '1 seconds'
@@ -129,13 +129,13 @@ load household
   has_not "110"
 }
 
-@test "the time to confirm is 1 second to 1 day" {
+@test "the time to confirm must be 1 second to 1 day" {
   make_three_connections
   expect_unchanged 2 wan set Internet --mtu 1400 --confirm 0
   expect_unchanged 2 wan set Internet --mtu 1400 --confirm 86401
 }
 
-@test "a connection that is not there: its near names" {
+@test "a missing connection: similar names" {
   make_three_connections
   expect_unchanged 3 wan set Internt --vlan 110
   has 'did you mean "Internet"' "$stderr"
@@ -143,7 +143,7 @@ load household
   expect_unchanged 3 wan set InternetGatewayDevice.WANDevice.1.WANConnectionDevice.9. --vlan 110
 }
 
-@test "faults of a change are told at once" {
+@test "all problems of a change are reported at once" {
   make_three_connections
   expect_unchanged 2 wan set Internet --vlan x --name Television --bind-wan LAN7
   has "vlan" "$stderr"
@@ -152,7 +152,7 @@ load household
   expect_unchanged 2 wan set Internet --access 3G
 }
 
-@test "a new mode keeps its own object's servers, and needs what it needs" {
+@test "a new mode keeps its own object's servers, and has its own requirements" {
   make_three_connections
   expect_unchanged 2 wan set Internet --mode static
   has "needs an address" "$stderr"
@@ -164,7 +164,7 @@ load household
   has '"192.0.2.53"'
 }
 
-@test "the VLAN and the ports of others stay theirs" {
+@test "the VLANs and ports of other connections are left alone" {
   make_three_connections
   expect_unchanged 4 wan set Internet --vlan 300
   expect_unchanged 4 wan set Internet --bind-wan LAN4
@@ -175,7 +175,7 @@ load household
   has "as before" "$stderr"
 }
 
-@test "what show prints is taken as a description, password and all" {
+@test "what show prints is accepted as a description, including the password" {
   make_three_connections
   for connection in Internet Management Television; do
     igdctl wan show "$connection" --json >"$BATS_TEST_TMPDIR/shown.json"

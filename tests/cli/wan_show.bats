@@ -1,4 +1,4 @@
-# Seeing connections.
+# Showing connections.
 load helper
 
 @test "a gateway in factory state has no connections" {
@@ -8,7 +8,7 @@ load helper
   has '"data": []'
 }
 
-@test "a connection that is not there is named in the message" {
+@test "a missing connection is named in the message" {
   expect 3 wan show Internet
   has 'no connection "Internet"' "$stderr"
   [ -z "$output" ]
@@ -29,7 +29,7 @@ load helper
   expect 3 wan status Radio
 }
 
-@test "status tells what was sent from what was received" {
+@test "status distinguishes sent from received" {
   make_three_connections
   local stats=InternetGatewayDevice.WANDevice.1.WANConnectionDevice.1.WANPPPConnection.1.Stats
   "$EDIT_TREE" set $stats.EthernetBytesSent 1111
@@ -39,7 +39,7 @@ load helper
   has '"bytes_received": "2222"'
 }
 
-@test "ports tell who holds them" {
+@test "ports show which connection holds them" {
   make_three_connections
   expect 0 wan ports Television
   [ "${lines[1]}" = "LAN0  uplink    Television  br_1_3  300   on" ]

@@ -1,7 +1,7 @@
-// What a platform tells the contract suite about itself.
+// What an adapter tells the contract suite about its platform.
 //
-// The suite knows MibAccess from common_util.h and this page, nothing else. A program of the suite
-// is the test files of this folder, one file that defines contract::platforms(), and a
+// The suite uses MibAccess from common_util.h and this header, nothing else. A program of the suite
+// consists of the test files in this folder, one file that defines contract::platforms(), and a
 // libcommon_util.
 #ifndef TESTS_CONTRACT_CONTRACT_PLATFORM_H
 #define TESTS_CONTRACT_CONTRACT_PLATFORM_H
@@ -24,8 +24,8 @@ struct Refused {
   bool operator==(const Refused& other) const { return call == other.call && name == other.name; }
 };
 
-/// One tree, made for one test. A test removes the instances it made; whatever else a platform
-/// needs to be in its start state again belongs into its constructor or destructor.
+/// One tree, created for one test. A test removes the instances it created; whatever else is needed
+/// to return to the start state belongs in the constructor or destructor.
 class Platform {
  public:
   Platform() = default;
@@ -35,10 +35,10 @@ class Platform {
 
   virtual MibAccess& mib() = 0;
 
-  /// The calls refused since this platform was made, oldest first; none when it keeps no list.
+  /// The calls refused since this platform was created, oldest first; none if it keeps no list.
   virtual std::optional<std::vector<Refused>> refused() { return std::nullopt; }
 
-  /// The whole tree as text, one line a parameter, to see that nothing changed anywhere; "" when
+  /// The whole tree as text, one line per parameter, to check that nothing changed anywhere; "" if
   /// the platform cannot list it. The suite then compares what it can reach through MibAccess.
   virtual std::string listing() { return {}; }
 
@@ -49,7 +49,7 @@ class Platform {
   virtual std::vector<std::string> closed_tables() { return {}; }
 };
 
-/// A platform and its start state, as the names of the tests show it.
+/// A platform and its start state, named for the tests.
 struct PlatformCase {
   std::string name;  ///< letters and digits
   std::function<std::unique_ptr<Platform>()> make;

@@ -1,4 +1,4 @@
-"""Who notices: every test is asked about each mutant, also after one has noticed it."""
+"""Which tests kill what: every test runs on each mutant, even after one has killed it."""
 
 import collections
 import json
@@ -74,7 +74,7 @@ def suite_of(name):
 
 
 def table(session):
-    """Per program and per suite: how many mutants it notices, and how many nothing else notices."""
+    """Per program and per suite: how many mutants it kills, and how many only it kills."""
     tried = [session.notices.of(m, session.digest(m)) for m in session.wanted]
     compiled = [r for r in tried if r and r["outcome"] != "stillborn"]
     by_program = counted([{suite_of(n)[0] for n in r["noticed"]} for r in compiled])
@@ -87,14 +87,14 @@ def table(session):
             own[program].add(name)
         within.update((program, *names) for program, names in own.items() if len(names) == 1)
     noticed = sum(1 for r in compiled if r["noticed"])
-    lines = ["# Who notices", "",
-             f"{len(compiled)} small changes of {session.options.folder} that compile, of "
-             f"{len(session.wanted)} chosen; {noticed} noticed. \"Only it\" counts those that "
-             "nothing else notices.", "",
-             "| test | notices | only it |", "|---|---:|---:|"]
+    lines = ["# Which tests kill which mutants", "",
+             f"{len(compiled)} mutants of {session.options.folder} that compile, of "
+             f"{len(session.wanted)} chosen; {noticed} killed. \"Only it\" counts those that "
+             "nothing else kills.", "",
+             "| test | kills | only it |", "|---|---:|---:|"]
     for test in sorted((t.name for t in session.tests), key=lambda name: -by_program[0][name]):
         lines.append(f"| {test} | {by_program[0][test]} | {by_program[1][test]} |")
-    lines += ["", "| program | suite | file | notices | only it in its program | only it |",
+    lines += ["", "| program | suite | file | kills | only it in its program | only it |",
               "|---|---|---|---:|---:|---:|"]
     files = suites_of_programs(session)
     rows = {key for key in files} | {key for key in by_suite[0] if key[1]}

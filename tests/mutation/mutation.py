@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Changes sources in small ways and sees whether the tests notice: see scripts/mutation."""
+"""Makes small changes to the sources and counts those that the tests detect: see scripts/mutation."""
 
 import argparse
 import fcntl
@@ -27,25 +27,26 @@ A_FEW_LOOKS = 3
 def parsed_arguments():
     parser = argparse.ArgumentParser(prog="scripts/mutation", description=__doc__)
     parser.add_argument("--folder", choices=folders.TESTS, default="framework/igd",
-                        help="what is changed (default: framework/igd)")
+                        help="the folder to mutate (default: framework/igd)")
     parser.add_argument("--sample", type=int, default=600, metavar="N",
                         help="try N of all mutants (default: 600)")
     parser.add_argument("--seed", type=int, default=1, metavar="S",
-                        help="which N; a larger sample has the smaller ones in it (default: 1)")
+                        help="seed of the sample; a larger sample includes the smaller ones "
+                        "(default: 1)")
     parser.add_argument("--all", action="store_true", help="try every mutant")
-    parser.add_argument("--only", metavar="ID", help="try this one, show its change and its end")
+    parser.add_argument("--only", metavar="ID", help="try this one, show its change and result")
     parser.add_argument("--survivors", action="store_true",
-                        help="of all that ever survived and have no reason, try those again")
+                        help="try the unexplained survivors again")
     parser.add_argument("--matrix", action="store_true",
-                        help="ask every test about each mutant, and show what only one notices")
+                        help="run every test on each mutant, and count those that only one kills")
     parser.add_argument("--list", action="store_true", help="list the mutants, try none")
     parser.add_argument("--report", action="store_true",
-                        help="only show the results that there are of those chosen")
+                        help="only show the results so far of the chosen ones")
     parser.add_argument("--workers", type=int, default=2, metavar="N",
                         help="how many mutants at a time (default: 2)")
     parser.add_argument("--write-to", metavar="FILE", type=pathlib.Path,
-                        help="write the survivors with their changes there now and then, or the "
-                        "table of --matrix")
+                        help="keep writing the survivors with their changes, or the table of "
+                        "--matrix, to a file")
     return parser.parse_args()
 
 

@@ -8,7 +8,7 @@ REASONS = pathlib.Path(__file__).resolve().parent / "survivors.md"
 
 
 def explained():
-    """The list of changes that no test can notice: their names, or their keys where it has them."""
+    """The equivalent mutants: their names, or their keys where the list has them."""
     listed = re.findall(r"^- (\S+?)(?: \(([0-9a-f]{16})\))?: ", REASONS.read_text(), re.MULTILINE)
     return {key or name for name, key in listed}
 
@@ -61,7 +61,7 @@ def show_gone(session):
     names = {mutant.name for mutant in session.every}
     for name in sorted(explained()):
         if name.startswith(session.options.folder) and name not in names:
-            print(f"\n{name} stands in {REASONS.name}, and is no mutant (any more)")
+            print(f"\n{name} is listed in {REASONS.name}, but is not a mutant (any more)")
 
 
 def survivors(session):

@@ -1,5 +1,5 @@
 /// @file
-/// The node table: how ports are known to callers ("LAN2", "WLAN1") and to the system ("eth1",
+/// The node table: the names of ports for callers ("LAN2", "WLAN1") and in the system ("eth1",
 /// "ath0"), and the translation between the two.
 #ifndef IGD_COMMON_H
 #define IGD_COMMON_H
@@ -14,15 +14,15 @@
 
 namespace igd {
 
-/// A port and how it is known.
+/// A port and its names.
 struct Node {
-  const char* name;      ///< as callers know it
-  const char* physical;  ///< as the system knows it
+  const char* name;      ///< its name for callers
+  const char* physical;  ///< its name in the system
   int vlan;              ///< number of the switch port behind it, -1 for none
   bool taggable;         ///< the physical name takes a VLAN suffix
 };
 
-/// The four LAN ports share the switch device eth1 and are told apart by their VLAN numbers.
+/// The four LAN ports share the switch device eth1 and are distinguished by their VLAN numbers.
 inline constexpr Node kNodes[] = {
     {kEthernetUplink, "eth0", -1, true}, {kUndividedSwitch, "eth1", -1, false},
     {"LAN1", "eth1", 1, true},           {"LAN2", "eth1", 2, true},
@@ -35,7 +35,8 @@ inline constexpr Node kNodes[] = {
     {"WDS3", "ath7", -1, false},         {"STA1", "ath5", -1, false},
 };
 
-/// The buffer that getPhyName gives out, terminator included: names are cut at 14 characters.
+/// Size of the buffer that getPhyName returns, including the terminator: names are cut at 14
+/// characters.
 inline constexpr std::size_t kPhysicalNameSize = 15;
 
 /// Name of this source unit in the debug log.
@@ -43,7 +44,7 @@ inline constexpr char kCommonUnit[] = "framework/igd/inc/igd_common";
 inline constexpr int kPhysicalNameLine = 401;  ///< fixed: field tools look for it
 
 /// Finds a port.
-/// @param name  as callers know it
+/// @param name  its name for callers
 /// @return its row, or null
 inline const Node* find_node(std::string_view name) {
   for (const Node& node : kNodes) {
@@ -52,7 +53,7 @@ inline const Node* find_node(std::string_view name) {
   return nullptr;
 }
 
-/// Tells whether a port's physical name gets a VLAN suffix.
+/// Checks whether a port's physical name gets a VLAN suffix.
 /// @param node           the port
 /// @param suffix_wanted  whether the caller wants one
 /// @param vlan           the VLAN of the suffix
@@ -61,7 +62,7 @@ inline bool takes_vlan_suffix(const Node& node, bool suffix_wanted, int vlan) {
   return suffix_wanted && node.taggable && 0 <= vlan && vlan <= kHighestVlan;
 }
 
-/// The system's name of a node, with ".<vlan>" where it takes one.
+/// Returns the system's name for a node, with the suffix ".<vlan>" if it takes one.
 /// @param node           the port
 /// @param suffix_wanted  whether the caller wants a suffix
 /// @param vlan           the VLAN of the suffix
@@ -73,7 +74,7 @@ inline std::string physical_name(const Node& node, bool suffix_wanted, int vlan)
 }
 
 /// The same by name.
-/// @param node_name      the port, as callers know it
+/// @param node_name      the port's name for callers
 /// @param suffix_wanted  whether the caller wants a suffix
 /// @param vlan           the VLAN of the suffix
 /// @return the name, cut at 14 characters; empty for an unknown node
@@ -92,7 +93,7 @@ inline std::string physical_name(std::string_view node_name, bool suffix_wanted,
 /// @param vlan_out       set to the node's own VLAN number, -1 for none; untouched for an unknown
 ///                       node; may be null
 /// @return a buffer that the next call overwrites; empty for an unknown node
-/// Logs one line when it adds the suffix. Does not ask the tree.
+/// Logs one line if it adds the suffix. Does not use the tree.
 inline const char* getPhyName(const char* node, int suffix_wanted, int vlan, int* vlan_out) {
   static char buffer[igd::kPhysicalNameSize];
   buffer[0] = '\0';

@@ -1,8 +1,8 @@
 /// @file
 /// Records, code values and result codes of libigd.
 ///
-/// A record has exactly these fields in this order: its layout is binary interface. Records belong
-/// to the caller, except wan_mib_info, which the library's cache owns.
+/// A record has exactly these fields in this order: its layout is part of the binary interface.
+/// Records belong to the caller, except wan_mib_info, which the library's cache owns.
 #ifndef IGD_TYPES_H
 #define IGD_TYPES_H
 
@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-/// Results shared by the operations; each operation says which it uses.
+/// Results shared by the operations; each operation states which ones it returns.
 enum IgdResult : int {
   kIgdOk = 0,
   kIgdFailed = -1,     ///< not found, bad argument, nothing free
@@ -38,14 +38,14 @@ enum IgdProtocol : int {
   kIgdIpv6 = 2,
 };
 
-/// Verdicts of igd_verify_new_wan_info_valid. 1 to 8 name a port that another connection holds
-/// (LAN1-LAN4, WLAN1-WLAN4), kIgdFailed such a port with another name.
+/// Verdicts of igd_verify_new_wan_info_valid. 1 to 8 mean that another connection holds that port
+/// (LAN1-LAN4, WLAN1-WLAN4), kIgdFailed that it holds a port with any other name.
 enum IgdWanVerdict : int {
   kIgdAcceptable = 0,
   kIgdVlanTaken = 9,                  ///< another connection's bridge carries this VLAN
   kIgdUntaggedTaken = 10,             ///< another connection's bridge is untagged
   kIgdRoutedBridgeLeavesNoPort = 12,  ///< routed and bridged, and no port would be left
-  kIgdManagementExists = 13,          ///< asks for exactly "TR069", and some service list has it
+  kIgdManagementExists = 13,          ///< its service is "TR069", which some service list has
   kIgdBridgeLeavesNoPort = 14,        ///< bridged, address or mask empty, no port would be left
 };
 
@@ -71,11 +71,11 @@ struct api_wan_info {
   std::vector<std::string> bind_lan;         ///< LAN-bridge ports bound to it: "LAN1".."WLAN4"
   std::vector<std::string> bind_wan;         ///< ports in the connection's own bridge
   std::string service_type;                  ///< service list: "INTERNET", "TR069", ...
-  int dhcp_trans = 0;                        ///< carried, never written to the tree; dumped twice
+  int dhcp_trans = 0;                        ///< never written to the tree; printed twice
   int nat_mode = 0;                          ///< 1 NAT on, anything else off
   int connect_mode = 0;                      ///< IgdConnectMode
   std::string pppoe_user_name;               ///< account of the PPP object
-  std::string pppoe_password;                ///< its password, in clear
+  std::string pppoe_password;                ///< its password, in clear text
   std::string pppoe_mtu;                     ///< octets, decimal
   std::string static_mtu;                    ///< octets, decimal
   std::string dhcp_mtu;                      ///< octets, decimal
@@ -101,8 +101,8 @@ struct api_wan_info {
   int lan_vlan_id = 0;      ///< VLANID of the LAN bridge; set when read
 };
 
-/// Where the pieces of one WAN connection are in the tree: an entry of the library's cache.
-/// Paths end in a dot and are empty when there is no such piece.
+/// Where the objects of one WAN connection are in the tree: an entry of the library's cache.
+/// Paths end in a dot and are empty if there is no such object.
 struct wan_mib_info {
   std::string wan_path;         ///< connection device path, the cache key
   std::string bridge_name;      ///< name of the connection's own bridge
@@ -118,7 +118,7 @@ struct wan_mib_info {
 /// Run-time state of a WAN connection. Counters, uptime and addresses are the tree's own text.
 struct api_wan_status {
   std::string name;                   ///< of the connection
-  int connected = 0;                  ///< 1 when the active connection holds an address
+  int connected = 0;                  ///< 1 if the active connection has an address
   std::string mac_address;            ///< of the connection, as the tree writes it
   int connect_mode = 0;               ///< IgdConnectMode of the enabled object
   std::string service_list;           ///< "INTERNET", "TR069", ...
@@ -149,10 +149,10 @@ struct api_route_info {
 struct api_mng_server_info {
   std::string url;                          ///< of the management server
   std::string username;                     ///< the gateway's account there
-  std::string password;                     ///< its password, in clear
-  std::string connection_request_url;       ///< where the server calls the gateway
+  std::string password;                     ///< its password, in clear text
+  std::string connection_request_url;       ///< where the server reaches the gateway
   std::string connection_request_username;  ///< the server's account at the gateway
-  std::string connection_request_password;  ///< its password, in clear
+  std::string connection_request_password;  ///< its password, in clear text
 };
 
 #endif  // IGD_TYPES_H

@@ -39,7 +39,7 @@ class CsvReader {
 
  private:
   void feed(const std::string& line) {
-    if (line.find('\0') != std::string::npos) return fail("the record holds a NUL byte");
+    if (line.find('\0') != std::string::npos) return fail("the record contains a NUL byte");
     const std::size_t taken =
         csv_parse(&parser_, line.data(), line.size(), &take_field, &end_record, this);
     if (taken != line.size()) fail(parse_error());
@@ -55,7 +55,7 @@ class CsvReader {
   const char* parse_error() {
     const int error = csv_error(&parser_);
     if (error != CSV_EPARSE) return csv_strerror(error);
-    return "a quote stands inside an unquoted field, or text follows a closing quote";
+    return "there is a quote inside an unquoted field, or text after a closing quote";
   }
 
   void fail(const char* reason) {

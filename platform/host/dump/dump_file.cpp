@@ -58,7 +58,7 @@ std::string why_not_replaced(const std::string& path) {
   if (lstat(path.c_str(), &there) != 0 || S_ISREG(there.st_mode)) return {};
   if (S_ISLNK(there.st_mode)) return path + ": is a symbolic link";
   if (S_ISDIR(there.st_mode)) return path + ": is a folder";
-  return path + ": is no regular file";
+  return path + ": is not a regular file";
 }
 
 // Replaces a file by this text. Returns why it could not, or "".

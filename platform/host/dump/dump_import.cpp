@@ -45,10 +45,10 @@ class DumpImport {
       const auto place = std::find(names.begin(), names.end(), name);
       if (place == names.end()) {
         if (column >= kOptionalColumns) continue;
-        return "the header names no column \"" + name + "\"";
+        return "the header has no column \"" + name + "\"";
       }
       if (std::find(place + 1, names.end(), name) != names.end()) {
-        return "the header names the column \"" + name + "\" twice";
+        return "the header has the column \"" + name + "\" twice";
       }
       places_[column] = static_cast<std::size_t>(place - names.begin());
     }
@@ -57,7 +57,7 @@ class DumpImport {
 
   std::string take(const CsvRecord& record) {
     if (record.fields.size() != width_) {
-      return "the header names " + std::to_string(width_) + " columns, the record has " +
+      return "the header has " + std::to_string(width_) + " columns, the record has " +
              std::to_string(record.fields.size());
     }
     const std::string& name = field(record, kName);
@@ -68,7 +68,7 @@ class DumpImport {
       return {};
     }
     const auto [seen, is_new] = lines_.emplace(name, record.line);
-    if (!is_new) return name + " stands on line " + std::to_string(seen->second) + " already";
+    if (!is_new) return name + " is already on line " + std::to_string(seen->second);
     std::string reason = why_unreadable(record);
     if (!reason.empty()) return reason;
     return is_true(field(record, kIsObject)) ? take_object(record) : take_parameter(record);
@@ -107,7 +107,7 @@ class DumpImport {
       return is_read ? std::string() : name + ": Value is not in hexadecimal digits";
     }
     if (verbatim.empty() || is_flag(verbatim)) return {};
-    return name + ": Verbatim is none of true, false and " + kHexadecimal;
+    return name + ": Verbatim is not one of true, false and " + kHexadecimal;
   }
 
   static std::string neither(const std::string& name, Column column) {
@@ -127,7 +127,7 @@ class DumpImport {
   std::string take_parameter(const CsvRecord& record) {
     const std::string& name = field(record, kName);
     if (name == kRootName) return name + " is an object, so it cannot be a parameter";
-    if (!field(record, kHighest).empty()) return name + " is no table, so it has no instances";
+    if (!field(record, kHighest).empty()) return name + " is not a table, so it has no instances";
     const Access access = is_true(field(record, kWritable)) ? kReadWrite : kReadOnly;
     Cell cell;
     std::string reason =

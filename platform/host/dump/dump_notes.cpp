@@ -19,7 +19,7 @@ std::string rows(std::size_t number) {
 
 void DumpNotes::boolean(const std::string& name, const std::string& from, const std::string& to) {
   notes_.push_back(
-      {Kind::kBoolean, name, from + " became " + to, "booleans of the tree are true and false"});
+      {Kind::kBoolean, name, from + " became " + to, "booleans in the tree are true and false"});
 }
 
 void DumpNotes::extension(const std::string& name) {

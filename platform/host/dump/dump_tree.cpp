@@ -17,7 +17,7 @@ constexpr std::ptrdiff_t kDeepest = 64;
 std::string why_malformed(const std::string& path) {
   const std::string name = path.substr(0, path.size() - 1);
   if (path.find("..") != std::string::npos) return name + " has an empty component";
-  if (std::count(path.begin(), path.end(), '.') > kDeepest) return name + " is nested too deep";
+  if (std::count(path.begin(), path.end(), '.') > kDeepest) return name + " is nested too deeply";
   return {};
 }
 
@@ -78,9 +78,9 @@ std::string DumpTree::count_from(Node& table, const std::string& highest) {
   const std::string name = table.path.substr(0, table.path.size() - 1);
   const bool may_be_table = table.schema == nullptr && table.kind == Node::Kind::kObject;
   if (table.kind != Node::Kind::kTable && !may_be_table) {
-    return name + " is no table, so it has no instances";
+    return name + " is not a table, so it has no instances";
   }
-  if (!is_digits(highest)) return name + ": the highest instance is no number";
+  if (!is_digits(highest)) return name + ": the highest instance is not a number";
   const std::optional<int> number = number_in(highest);
   if (!number) return name + ": the highest instance number is too large";
   table.last_number = std::max(table.last_number, *number);

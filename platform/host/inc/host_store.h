@@ -2,16 +2,16 @@
 /// The durable store of the reference platform: one file that keeps a tree.
 ///
 /// Reads are answered from memory. Writes go to the tree in memory and belong to a batch, which
-/// begins with the first write and ends with commit or discard: it lands in the file whole or not
-/// at all. A write that the store cannot take (it is locked, its disk fails) is refused and poisons
-/// its batch: the writes after it fail at once, and the next commit discards all of it and says so.
+/// begins with the first write and ends with commit or discard: it is stored completely or not at
+/// all. A write that the store cannot take (it is locked, its disk fails) is refused and poisons
+/// its batch: later writes fail at once, and the next commit discards the batch and reports that.
 /// Refusals of names, which libigd relies on, poison nothing.
 ///
-/// Several processes can share a store. The next read of each shows what another one committed. One
-/// batch at a time is open in all of them together: the first write of the next one waits.
+/// Several processes can share a store. Each sees the others' commits at its next read. Only one
+/// batch at a time is open among all of them: the first write of the next one waits.
 ///
-/// getContext() keeps the process's own store; a program that only uses libigd needs nothing of
-/// this. Not for several threads at a time.
+/// getContext() keeps the process's own store; a program that only uses libigd does not need this
+/// header. Use a store from one thread at a time.
 #ifndef HOST_STORE_H
 #define HOST_STORE_H
 
@@ -27,62 +27,63 @@
 
 namespace host {
 
-/// What came of a call to a store. Whatever failed has changed nothing, unless its line says so.
+/// The result of a call to a store. A call that failed has changed nothing, unless the error's line
+/// says otherwise.
 enum class StoreError {
   kNone,           ///< done
-  kNotOpened,      ///< the file cannot be made or opened: no such folder, no permission
+  kNotOpened,      ///< the file cannot be created or opened: no such folder, no permission
   kReadOnly,       ///< the file or its disk can be read but not written
   kFull,           ///< the disk, or the size that the options allow, is full
   kIo,             ///< reading or writing failed for another reason
-  kCorrupt,        ///< the file is damaged, or no database at all; it is left as it is
-  kForeign,        ///< the file is a database of something else; it is left as it is
-  kUnknownFormat,  ///< the store has a format of a newer or unknown version; it is left as it is
-  kLocked,         ///< another process kept the write lock for longer than the options allow
+  kCorrupt,        ///< the file is damaged, or not a database at all; it is left unchanged
+  kForeign,        ///< the file is another program's database; it is left unchanged
+  kUnknownFormat,  ///< the store's format is newer or unknown; it is left unchanged
+  kLocked,         ///< another process held the write lock for longer than the options allow
   kMovedOn,        ///< another process committed meanwhile; this batch is discarded
   kBatchOpen,      ///< there are writes that are neither committed nor discarded
-  kTrialOpen,      ///< a trial is open already
+  kTrialOpen,      ///< a trial is already open
   kNoTrial,        ///< no trial is open
-  kPending,        ///< another change waits for its confirmation; the batch is discarded
-  kNotPending,     ///< no change waits for its confirmation
-  kBadDeadline,    ///< a time to confirm is 1 second to 1 day
-  kBadName,        ///< a checkpoint's name is 1 to 64 letters, digits, ".", "_" and "-"
-  kNameTaken,      ///< there is a checkpoint of that name
-  kNoCheckpoint,   ///< there is no such checkpoint, or no more
+  kPending,        ///< another change is waiting for confirmation; the batch is discarded
+  kNotPending,     ///< no change is waiting for confirmation
+  kBadDeadline,    ///< the time to confirm must be 1 second to 1 day
+  kBadName,        ///< a checkpoint's name must be 1 to 64 letters, digits, ".", "_" and "-"
+  kNameTaken,      ///< there is already a checkpoint of that name
+  kNoCheckpoint,   ///< there is no such checkpoint, or no longer
 };
 
 /// Names an error, for logs and programs.
 /// @param error  any value
-/// @return "kLocked" and so on; "" for a number that is no error
+/// @return "kLocked" and so on; "" for a number that is not an error
 HOST_EXPORT const char* name_of(StoreError error);
 
-/// What a call to a store gives.
+/// The result of a call to a store, for programs and people.
 struct StoreResult {
   StoreError error = StoreError::kNone;  ///< for programs
-  std::string text;                      ///< one sentence for people, "" when done
+  std::string text;                      ///< one sentence for people, "" on success
 
-  bool ok() const { return error == StoreError::kNone; }  ///< @return whether it was done
+  bool ok() const { return error == StoreError::kNone; }  ///< @return whether it succeeded
 };
 
-/// The time since the machine was switched on, which nobody can set.
+/// The time since the machine booted, which cannot be set.
 struct BootTime {
-  std::string boot;               ///< identity of this boot, another one after each start
+  std::string boot;               ///< identity of this boot, different after each start
   std::int64_t milliseconds = 0;  ///< since its start, sleep included
 };
 
-/// A state that a store can go back to.
+/// A state to which a store can be restored.
 struct Checkpoint {
-  std::string name;              ///< as given; of an automatic one "@" and its generation
+  std::string name;              ///< as given; for an automatic one "@" and its generation
   std::uint64_t generation = 0;  ///< of the state it keeps
   std::int64_t time = 0;         ///< when it was made, seconds since 1970
-  std::string label;             ///< of an automatic one: of the change that followed the state
-  bool automatic = false;        ///< made by a change; nobody names or deletes it
+  std::string label;             ///< for an automatic one: of the change that followed the state
+  bool automatic = false;        ///< made by a change; cannot be named or deleted
 };
 
 /// A change that is in effect, and will be reverted unless it is confirmed.
 struct PendingChange {
-  std::uint64_t generation = 0;        ///< of the state that has it
+  std::uint64_t generation = 0;        ///< of the state that contains it
   std::int64_t milliseconds_left = 0;  ///< to confirm it, sleep of the machine included
-  std::string label;                   ///< as accept_pending() was given it
+  std::string label;                   ///< as passed to accept_pending()
 };
 
 /// How a store is opened and how it waits.
@@ -90,150 +91,151 @@ struct StoreOptions {
   static constexpr int kLockTimeoutMs = 10000;    ///< 10 s
   static constexpr int kLongestSilenceMs = 5000;  ///< 5 s
 
-  /// A file that is kCorrupt is renamed to "<path>.corrupt-<n>", with its log, and a new store
-  /// takes its place. Without it nothing is ever put over a file that is there.
+  /// Rename a file that is kCorrupt to "<path>.corrupt-<n>", with its log, and create a new store
+  /// in its place. Without this option an existing file is never replaced.
   bool keep_corrupt_aside = false;
   /// How long a call waits for a lock of another process.
   int lock_timeout_ms = kLockTimeoutMs;
-  /// How long another batch may write nothing while this one waits for it. Then it loses the write
-  /// lock and is discarded as a whole, so that nobody who forgets to commit stops the others.
+  /// How long another batch may write nothing while this one waits for it. After that it loses the
+  /// write lock and is discarded as a whole, so that a forgotten commit does not block others.
   int longest_silence_ms = kLongestSilenceMs;
-  /// The largest the file may grow, counted in pages of 4096 bytes; 0 for as large as the disk
-  /// allows.
+  /// Maximum size of the file, in whole pages of 4096 bytes; 0 for no limit but the disk's.
   std::uint64_t size_limit_bytes = 0;
-  /// Name of the SQLite VFS that reads and writes the file, "" for the usual one.
+  /// Name of the SQLite VFS that reads and writes the file, "" for the default.
   std::string vfs;
-  /// Tells the boot time; empty for the machine's own.
+  /// Returns the boot time; empty for the machine's own.
   std::function<BootTime()> clock;
-  /// Called when a commit is on disk and the other processes are not told yet; for tests.
+  /// Called when a commit is on disk but not yet announced to other processes; for tests.
   std::function<void()> between_commit_and_counter;
 };
 
-/// A tree in a file. The path ":memory:" makes one that lasts as long as the object.
+/// A tree in a file. The path ":memory:" gives one that lasts as long as the object.
 class HOST_EXPORT Store {
  public:
-  /// Opens a store; makes it with mode 0600 and factory state when there is no file. A change whose
+  /// Opens a store; if there is no file, creates it in factory state with mode 0600. A change whose
   /// time to confirm is over is reverted first.
   ///
-  /// @param path     the folder must be there; symbolic links are followed. "-wal", "-shm" and
-  ///                 "-shared" behind the name are the store's too
-  /// @param options  hold for as long as the store lives
+  /// @param path     its folder must exist; symbolic links are followed. Files with "-wal", "-shm"
+  ///                 and "-shared" after the name belong to the store too
+  /// @param options  apply for the life of the store
   /// @param result   set to kNone, kNotOpened, kReadOnly, kFull, kIo, kCorrupt, kForeign,
   ///                 kUnknownFormat or kLocked; may be null
-  /// @return null on failure: nothing was put over a file that was there
+  /// @return null on failure; an existing file was not replaced
   static std::unique_ptr<Store> open(const std::string& path, const StoreOptions& options,
                                      StoreResult* result);
   Store(const Store&) = delete;
   Store& operator=(const Store&) = delete;
-  /// Undoes what was not committed, as abandon() does.
+  /// Undoes uncommitted writes, as abandon() does.
   ~Store();
 
-  /// @return the file behind symbolic links, absolute; or ":memory:"
+  /// @return the absolute path of the file, with symbolic links resolved; or ":memory:"
   const std::string& path() const;
 
-  /// The tree, for reading and writing. Assignments to it and imports into it are writes of the
-  /// batch like any other.
+  /// Returns the tree, for reading and writing. Assignments to it and imports into it are writes of
+  /// the batch like any other.
   ///
-  /// @return a reference that lasts as long as the store. This call fetches what others committed,
-  ///         reads through a kept reference do not. When the file cannot be read the tree stays as
-  ///         it was, and the debug sink has a line about it
+  /// @return a reference that lasts as long as the store. This call fetches other processes'
+  ///         commits, reads through a kept reference do not. If the file cannot be read the tree
+  ///         stays unchanged, and the debug sink gets a line about it
   Tree& tree();
 
   /// Makes the batch durable. In a trial it writes nothing, see begin_trial(). Without a batch, or
-  /// with one that comes to nothing, it is done and no generation begins.
+  /// with one that has no net effect, it succeeds and no generation begins.
   ///
-  /// @param label  what people see as the reason of the change
-  /// @return kNone: it is on disk. kMovedOn, kPending, kLocked, what poisoned the batch, or what
-  ///         writing the file failed with (kFull, kIo, kReadOnly, kCorrupt): all of the batch is
-  ///         discarded, the tree is as it was at the last commit, and the debug sink has a line
+  /// @param label  the reason for the change, for people
+  /// @return kNone: it is on disk. kMovedOn, kPending, kLocked, the error that poisoned the batch,
+  ///         or an error of writing the file (kFull, kIo, kReadOnly, kCorrupt): the whole batch is
+  ///         discarded, the tree is as it was at the last commit, and the debug sink gets a line
   StoreResult commit(const std::string& label = {});
 
-  /// Undoes every write of the batch, poisoned or not, and ends the trial when one is open.
+  /// Undoes every write of the batch, poisoned or not, and ends an open trial.
   void discard();
 
-  /// Starts a batch that no commit ends, for operations that commit in their midst: until accept()
-  /// or discard(), commit() is done at once and writes nothing. Takes the write lock, so that
-  /// checks made in the trial still hold when it is accepted. A trial that was poisoned fails each
-  /// commit() from then on.
+  /// Starts a batch that no commit ends, for operations that commit halfway: until accept()
+  /// or discard(), commit() succeeds at once and writes nothing. Takes the write lock, so that
+  /// checks made in the trial still hold when it is accepted. Once a trial is poisoned, each
+  /// commit() fails.
   ///
-  /// @return kTrialOpen, kBatchOpen, kLocked, kPending, or what reading the file failed with: then
-  ///         no trial is open that was not before
+  /// @return kTrialOpen, kBatchOpen, kLocked, kPending, or an error of reading the file: then no
+  ///         new trial is open
   StoreResult begin_trial();
   bool in_trial() const;  ///< @return whether a trial is open, poisoned or not
 
-  /// @return the writes of the batch, trial or not, in their order; refused ones are not among
-  ///         them. The reference shows later writes too
+  /// @return the writes of the batch, in a trial or not, in order, without refused ones. The
+  ///         reference shows later writes too
   const std::vector<WriteStep>& plan() const;
-  Difference difference() const;  ///< @return what the writes of plan() come to
+  Difference difference() const;  ///< @return the net effect of the writes of plan()
 
-  /// Ends the trial and makes all of it durable.
+  /// Ends the trial and makes it durable.
   ///
   /// @param label  as for commit()
-  /// @return kNoTrial when none is open, else as commit(): a trial that fails is discarded
+  /// @return kNoTrial if none is open, otherwise as commit(): a trial that fails is discarded
   StoreResult accept(const std::string& label = {});
 
-  /// Accepts a trial that is reverted unless confirm() is called, by any process, in time: also
-  /// when this process ends or the machine restarts, which counts as too late. Whoever reads,
-  /// writes or opens the store first after the deadline reverts it and reports that. Until then
-  /// every other commit fails with kPending. A trial that comes to nothing is done, and nothing
-  /// waits.
+  /// Accepts a trial, to be reverted unless some process calls confirm() in time. The deadline
+  /// survives the end of this process; a restart of the machine counts as too late. The first
+  /// process that reads, writes or opens the store after the deadline reverts the change and
+  /// reports that. Until then every other commit fails with kPending. A trial without a net effect
+  /// succeeds, and nothing is pending.
   ///
   /// @param seconds  time to confirm, 1 to 86,400 (a day)
-  /// @param label    as for commit(); the revert shows as "reverted: " and this
-  /// @return kBadDeadline (an open trial stays open), kNoTrial, or what commit() fails with
+  /// @param label    as for commit(); the revert is labelled "reverted: " followed by this
+  /// @return kBadDeadline (an open trial stays open), kNoTrial, or an error of commit()
   StoreResult accept_pending(int seconds, const std::string& label = {});
 
-  /// The pending change stays.
-  /// @return kNotPending, also when it was too late and is reverted now; or what reading or writing
-  ///         the file failed with: the change then waits on
+  /// Keeps the pending change.
+  /// @return kNotPending, also if it is too late and the change is now reverted; or an error of
+  ///         reading or writing the file: the change is then still pending
   StoreResult confirm();
 
-  /// The pending change goes at once, in a new generation, as if it were too late.
-  /// @return kNotPending, or what writing the file failed with: the change then waits on
+  /// Reverts the pending change at once, in a new generation, as if the deadline had passed.
+  /// @return kNotPending, or an error of writing the file: the change is then still pending
   StoreResult revert();
 
-  /// @return the change that waits for its confirmation; none also when the file cannot be read
+  /// @return the change that is waiting for confirmation; none also if the file cannot be read
   std::optional<PendingChange> pending();
 
-  /// Keeps the last committed state under a name. It survives commits and restores.
+  /// Saves the last committed state under a name. It survives commits and restores.
   ///
   /// @param name  1 to 64 letters, digits, ".", "_" and "-"
-  /// @return kBadName, kBatchOpen, kNameTaken, kLocked, kFull, or what else writing failed with
+  /// @return kBadName, kBatchOpen, kNameTaken, kLocked, kFull, or another error of writing
   StoreResult make_checkpoint(const std::string& name);
 
-  /// @param name  of a named one; automatic ones go when 20 newer changes are there
-  /// @return kBadName (of an automatic one too), kNoCheckpoint, or what writing failed with
+  /// Deletes a named checkpoint.
+  ///
+  /// @param name  its name; automatic checkpoints are dropped after 20 newer changes
+  /// @return kBadName (also for an automatic one), kNoCheckpoint, or an error of writing
   StoreResult delete_checkpoint(const std::string& name);
 
-  /// Lists the states that restore() can bring back.
+  /// Lists the states that restore() can restore.
   ///
-  /// @param result  set to kNone, or to what reading the file failed with; may be null
+  /// @param result  set to kNone, or to an error of reading the file; may be null
   /// @return the automatic ones, newest first: the states before the last 20 changes. Then the
-  ///         named ones, by name. Empty when the file cannot be read
+  ///         named ones, by name. Empty if the file cannot be read
   std::vector<Checkpoint> checkpoints(StoreResult* result = nullptr);
 
   /// Compares two states.
   ///
   /// @param from        a checkpoint's name as listed, or "" for now, uncommitted writes included
   /// @param to          the same
-  /// @param difference  what leads from the one to the other; set when done only; may be null
-  /// @return kNoCheckpoint, or what reading the file failed with
+  /// @param difference  set to the changes from one to the other, only on success; may be null
+  /// @return kNoCheckpoint, or an error of reading the file
   StoreResult difference(const std::string& from, const std::string& to, Difference* difference);
 
-  /// Brings the state of a checkpoint back, in one commit; in a trial, as a write of the trial.
-  /// Instance numbers that were handed out since are not handed out again.
+  /// Restores the state of a checkpoint, in one commit; in a trial, as a write of the trial.
+  /// Instance numbers assigned since then are not reused.
   ///
-  /// @param name  a checkpoint's, as listed
-  /// @return kBatchOpen, kNoCheckpoint or what reading the file failed with: nothing is changed, a
-  ///         trial stays open; or what commit() fails with
+  /// @param name  a checkpoint's name, as listed
+  /// @return kBatchOpen, kNoCheckpoint or an error of reading the file: nothing is changed, a
+  ///         trial stays open; or an error of commit()
   StoreResult restore(const std::string& name);
 
-  /// Undoes every write of the batch, and reports that to the debug sink when there was one. The
-  /// process's own store does it when the process exits.
+  /// Undoes every write of the batch, and reports that to the debug sink if there was one. The
+  /// process's own store does this when the process exits.
   void abandon();
 
-  /// @return number of the last committed change that the tree contains; a new store has 1. Asks no
-  ///         file: tree() fetches what others committed
+  /// @return number of the last committed change that the tree contains; a new store has 1. Does
+  ///         not read the file: tree() fetches other processes' commits
   std::uint64_t generation() const;
 
  private:
@@ -243,12 +245,12 @@ class HOST_EXPORT Store {
   std::unique_ptr<Impl> impl_;
 };
 
-/// While one lasts, reads of a store show one state: commits of other processes do not appear. The
-/// first write of a batch ends that, because it must build on the newest state. An open walk of the
-/// store's MibAccess holds the same way.
+/// While it exists, reads of a store show one state: commits of other processes do not appear. The
+/// first write of a batch ends this, because it must build on the newest state. An open walk of the
+/// store's MibAccess has the same effect.
 class HOST_EXPORT ReadHold {
  public:
-  /// Fetches what others committed, then holds that. Holds of one store may overlap.
+  /// Fetches other processes' commits, then holds that state. Holds of one store may overlap.
   /// @param store  must outlive the hold
   explicit ReadHold(Store& store);
   ReadHold(const ReadHold&) = delete;
@@ -259,18 +261,18 @@ class HOST_EXPORT ReadHold {
   Store& store_;
 };
 
-/// Where the store of this process is. A variable that is empty counts as not set.
+/// Returns where the store of this process is. An empty variable counts as not set.
 ///
-/// @return IGD_STORE; for root /var/lib/igd/gateway.db; else igd/gateway.db in XDG_STATE_HOME or,
-///         when that is not set, in .local/state of HOME; "" when none of them is set
+/// @return IGD_STORE; for root /var/lib/igd/gateway.db; otherwise igd/gateway.db in XDG_STATE_HOME
+///         or, if that is not set, in .local/state of HOME; "" if none of them is set
 HOST_EXPORT std::string default_store_path();
 
-/// The store behind getContext(), opened at first use with the options' defaults. Its folders are
-/// made, for the owner alone, unless IGD_STORE names it.
+/// Returns the store behind getContext(), opened at first use with the default options. Its folders
+/// are created, accessible to their owner only, unless IGD_STORE names it.
 ///
 /// @param result  set to the reason of the last failure, or kNone; may be null
-/// @return null when it cannot be opened, which is reported to the debug sink once and tried again
-///         at most once a second; else one store for as long as the process lives
+/// @return null if it cannot be opened, which is reported to the debug sink once and retried
+///         at most once a second; otherwise one store for the life of the process
 HOST_EXPORT Store* process_store(StoreResult* result = nullptr);
 
 }  // namespace host

@@ -19,7 +19,7 @@ bool is_kept(const Node& node) {
   return node.parent != nullptr && (node.kind == Node::Kind::kInstance || node.schema == nullptr);
 }
 
-std::string no_parent(const std::string& name) { return name + " stands in no object"; }
+std::string no_parent(const std::string& name) { return name + " belongs to no object"; }
 
 std::string make_object(TreeStore& store, const std::string& path, Node*& made) {
   const auto [parent_path, own] = split_last(path);
@@ -37,7 +37,7 @@ std::string make_object(TreeStore& store, const std::string& path, Node*& made) 
 
 std::string put_object(TreeStore& store, const std::string& path, const Row& row) {
   Node* node = store.node(path);
-  if (node == nullptr && !row.is_object()) return path + " is no table of the data model";
+  if (node == nullptr && !row.is_object()) return path + " is not a table of the data model";
   if (node == nullptr) {
     std::string reason = make_object(store, path, node);
     if (!reason.empty()) return reason;

@@ -10,13 +10,13 @@ using host::SchemaRow;
 
 constexpr char kIntroduction[] = R"(# The data model
 
-Every object and parameter of the reference platform's tree, made from its rows in
+Every object and parameter of the reference platform's tree, generated from the schema in
 `platform/host` by `scripts/check-docs --update`. Names follow TR-098; those beginning with
 `X_`, the MTU of a connection and PortOption60 are the operator's and the gateway's own.
 
 `{i}` stands for the number of an instance. *Access* is what a management server may do; the
-tree itself does not enforce it. A count is computed. *Number* is the `ObjectType` by which
-libigd enumerates the objects, or this parameter of each.
+tree itself does not enforce it. Counts are computed. *Number* is the `ObjectType` by which
+libigd enumerates the objects, or this parameter of each object.
 )";
 
 std::string code(std::string_view text) {
@@ -34,7 +34,7 @@ const char* access_of(const SchemaRow& row) {
 void print_object(const SchemaRow& row) {
   std::printf("\n## %s%s\n\n", host::kRootPath.data(), std::string(row.name).c_str());
   if (row.kind == host::kObjectRow) {
-    std::printf("A single object: it is there where its parent is.\n");
+    std::printf("A single object, present wherever its parent is.\n");
     return;
   }
   std::printf("A table; a management server may %s instances.",

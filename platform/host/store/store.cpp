@@ -30,7 +30,7 @@ std::string resolved(const std::string& path) {
   const bool is_folder = realpath(folder.c_str(), buffer) != nullptr &&
                          stat(buffer, &status) == 0 && S_ISDIR(status.st_mode);
   if (!is_folder || name.empty()) {
-    throw StoreFailure(StoreError::kNotOpened, "the folder of the store is not there");
+    throw StoreFailure(StoreError::kNotOpened, "the folder of the store does not exist");
   }
   return std::string(buffer) + "/" + name;
 }
@@ -158,7 +158,7 @@ void Store::Impl::abandon() {
   const std::size_t writes = batch.log().size();
   if (writes != 0) {
     report(connection.path() + ": " + std::to_string(writes) +
-           " writes were not committed and are gone");
+           " writes were not committed and are lost");
   }
   batch.discard();
 }

@@ -42,7 +42,7 @@ void StoreBatch::begin() {
 void StoreBatch::require_lock() const {
   if (connection_.shared().owns(number_)) return;
   throw StoreFailure(StoreError::kMovedOn,
-                     "the batch was silent for too long and another one went on");
+                     "the batch wrote nothing for too long and lost its lock to another one");
 }
 
 void StoreBatch::poison_without_lock() {
@@ -58,7 +58,7 @@ void StoreBatch::poison(const StoreResult& reason) {
 
 void StoreBatch::require_none() const {
   if (!has_lock() && poisoned_.ok()) return;
-  throw StoreFailure(StoreError::kBatchOpen, "there are writes that are not committed");
+  throw StoreFailure(StoreError::kBatchOpen, "there are uncommitted writes");
 }
 
 StoreResult StoreBatch::commit(const std::string& label, int seconds_to_confirm) {
@@ -93,7 +93,7 @@ void StoreBatch::land(RowChanges rows, const std::string& label, int seconds_to_
     throw StoreFailure(StoreError::kMovedOn, "another process committed meanwhile");
   }
   if (connection_.file().pending()) {
-    throw StoreFailure(StoreError::kPending, "another change waits for its confirmation");
+    throw StoreFailure(StoreError::kPending, "another change is waiting for confirmation");
   }
   const Change change = {view_.generation() + 1, std::time(nullptr), label, std::move(rows)};
   std::optional<PendingRow> waiting;
@@ -136,12 +136,12 @@ void StoreBatch::drop() {
 
 void StoreBatch::begin_trial() {
   if (connection_.is_inherited()) reopen_();
-  if (in_trial_) throw StoreFailure(StoreError::kTrialOpen, "a trial is open already");
+  if (in_trial_) throw StoreFailure(StoreError::kTrialOpen, "a trial is already open");
   require_none();
   const StoreResult result = result_of([this] {
     begin();
     if (!view_.pending()) return;
-    throw StoreFailure(StoreError::kPending, "a change waits for its confirmation");
+    throw StoreFailure(StoreError::kPending, "a change is waiting for confirmation");
   });
   if (!result.ok()) {
     drop();

@@ -39,7 +39,7 @@ Generation generation_in(const std::string& name) {
 void StoreCheckpoints::require_name(const std::string& name) {
   if (is_good_name(name)) return;
   throw StoreFailure(StoreError::kBadName,
-                     "a checkpoint's name is 1 to 64 letters, digits, . _ and -");
+                     "a checkpoint's name must be 1 to 64 letters, digits, . _ and -");
 }
 
 void StoreCheckpoints::make(const std::string& name) {
@@ -47,7 +47,7 @@ void StoreCheckpoints::make(const std::string& name) {
   const CommitLock lock = connection_.locked();
   Transaction transaction(file.database(), Transaction::kWrite);
   if (file.named_rows(name)) {
-    throw StoreFailure(StoreError::kNameTaken, "there is a checkpoint " + name + " already");
+    throw StoreFailure(StoreError::kNameTaken, "there is already a checkpoint " + name);
   }
   file.add_named({name, file.generation(), std::time(nullptr), {}, false}, file.rows());
   transaction.commit();

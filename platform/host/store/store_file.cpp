@@ -114,12 +114,12 @@ void StoreFile::keep_log() {
 
 void StoreFile::check_owner() {
   if (database_.number("PRAGMA application_id") != kApplicationId) {
-    throw StoreFailure(StoreError::kForeign, "the file is a database of something else");
+    throw StoreFailure(StoreError::kForeign, "the file is another program's database");
   }
   const std::int64_t format = database_.number("PRAGMA user_version");
   if (format == kFormat) return;
   throw StoreFailure(StoreError::kUnknownFormat, "the store has format " + std::to_string(format) +
-                                                     ", this program knows " +
+                                                     ", but this program supports " +
                                                      std::to_string(kFormat));
 }
 

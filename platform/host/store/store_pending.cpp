@@ -22,7 +22,7 @@ void require_tree(RowSet rows, const RowChanges& changes) {
 
 void StorePending::require_time(int seconds) {
   if (seconds >= 1 && seconds <= kLongestWait) return;
-  throw StoreFailure(StoreError::kBadDeadline, "the time to confirm is 1 second to 1 day");
+  throw StoreFailure(StoreError::kBadDeadline, "the time to confirm must be 1 second to 1 day");
 }
 
 PendingRow StorePending::wait_for(Generation generation, const std::string& label, int seconds) {
@@ -73,7 +73,7 @@ void StorePending::revert_under_lock() {
 void StorePending::require_pending() {
   view_.read_pending();
   if (view_.pending()) return;
-  throw StoreFailure(StoreError::kNotPending, "no change waits for its confirmation");
+  throw StoreFailure(StoreError::kNotPending, "no change is waiting for confirmation");
 }
 
 void StorePending::confirm() {

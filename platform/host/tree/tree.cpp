@@ -26,14 +26,14 @@ const char* why_no_instance(const TreeStore& store, const std::string& path, con
   if (table->kind != Node::Kind::kTable) return "this object is not a table";
   if (table->schema == nullptr) return "the table is not in the data model";
   if (table->last_number == INT_MAX) return "the table has no instance number left";
-  if (instance == nullptr) return "there is no place for the instance number";
+  if (instance == nullptr) return "the pointer to the instance number is null";
   return nullptr;
 }
 
 const char* why_not_deleted(const TreeStore& store, const std::string& path, const Node* node) {
   if (node == nullptr) return why_no_object(store, path);
-  if (node->parent == nullptr) return "the root stays";
-  if (node->kind == Node::Kind::kTable) return "a table stays; its instances can be deleted";
+  if (node->parent == nullptr) return "the root cannot be deleted";
+  if (node->kind == Node::Kind::kTable) return "a table cannot be deleted, only its instances";
   return nullptr;
 }
 

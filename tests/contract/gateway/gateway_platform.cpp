@@ -1,5 +1,5 @@
-// The tree of the libcommon_util that this program is linked with, as it is found. For running the
-// suite on a gateway; a platform that can tell more about itself brings such a file of its own.
+// The tree of the libcommon_util that this program is linked to, as it is. For running the suite on
+// a gateway; a platform that can provide more has its own file of this kind.
 #include "contract_platform.h"
 
 namespace contract {
@@ -8,7 +8,7 @@ namespace {
 class GatewayPlatform final : public Platform {
  public:
   explicit GatewayPlatform(MibAccess& mib) : mib_(mib) {}
-  // The test has taken away what it made.
+  // The test has removed what it created.
   ~GatewayPlatform() override { (void)mib_.commit(1); }
   GatewayPlatform(const GatewayPlatform&) = delete;
   GatewayPlatform& operator=(const GatewayPlatform&) = delete;

@@ -134,7 +134,7 @@ TEST_P(ExportFile, WithoutANameIsRefused) {
 }
 
 TEST_P(ExportFile, InPlaceOfADeviceIsRefused) {
-  EXPECT_EQ(written("/dev/full").error, "/dev/full: is no regular file");
+  EXPECT_EQ(written("/dev/full").error, "/dev/full: is not a regular file");
 }
 
 TEST_P(ExportFile, ThatCannotBeWrittenLeavesTheOldOne) {

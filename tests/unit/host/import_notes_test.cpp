@@ -49,7 +49,7 @@ class NotesOfAGateway : public testing::Test {
 };
 
 TEST_F(NotesOfAGateway, TellNormalisedBooleans) {
-  const std::string why = " (booleans of the tree are true and false)";
+  const std::string why = " (booleans in the tree are true and false)";
   const Texts expected = {
       kInfo + "X_EXAMPLE_Board.Ready: TRUE became true" + why,
       kBridges + "10.BridgeEnable: 1 became true" + why,
@@ -209,21 +209,21 @@ std::ostream& operator<<(std::ostream& out, const BadRow& row) { return out << r
 
 const BadRow kBadRows[] = {
     {"HighestOfAParameter", kInfo + "ModelName,false,false,x,xsd:string,1,",
-     kInfo + "ModelName is no table, so it has no instances"},
+     kInfo + "ModelName is not a table, so it has no instances"},
     {"HighestOfASingleObject", kRoot + "DeviceInfo,true,false,,,1,",
-     kRoot + "DeviceInfo is no table, so it has no instances"},
+     kRoot + "DeviceInfo is not a table, so it has no instances"},
     {"HighestOfAnInstance", kBridges + "1,true,true,,,1,",
-     kBridges + "1 is no table, so it has no instances"},
+     kBridges + "1 is not a table, so it has no instances"},
     {"HighestInWords", kRoot + "WANDevice,true,true,,,two,",
-     kRoot + "WANDevice: the highest instance is no number"},
+     kRoot + "WANDevice: the highest instance is not a number"},
     {"HighestBelowZero", kRoot + "WANDevice,true,true,,,-1,",
-     kRoot + "WANDevice: the highest instance is no number"},
+     kRoot + "WANDevice: the highest instance is not a number"},
     {"HighestAboveInt", kRoot + "WANDevice,true,true,,,2147483648,",
      kRoot + "WANDevice: the highest instance number is too large"},
     {"HighestAboveEverything", kRoot + "WANDevice,true,true,,,99999999999999999999999,",
      kRoot + "WANDevice: the highest instance number is too large"},
     {"VerbatimInWords", kInfo + "ModelName,false,false,x,xsd:string,,maybe",
-     kInfo + "ModelName: Verbatim is none of true, false and hex"},
+     kInfo + "ModelName: Verbatim is not one of true, false and hex"},
     {"OddDigits", kInfo + "ModelName,false,false,616,xsd:string,,hex",
      kInfo + "ModelName: Value is not in hexadecimal digits"},
     {"NoDigits", kInfo + "ModelName,false,false,6g,xsd:string,,hex",
@@ -247,7 +247,7 @@ INSTANTIATE_TEST_SUITE_P(Import, RefusedRow, testing::ValuesIn(kBadRows),
 TEST(RefusedHeader, NamesAColumnOfTheExportTwice) {
   Tree tree;
   EXPECT_EQ(imported(tree, "Parameter,Object,Writable,Value,Value type,Verbatim,Verbatim\n").error,
-            "dump.csv:1: the header names the column \"Verbatim\" twice");
+            "dump.csv:1: the header has the column \"Verbatim\" twice");
 }
 
 }  // namespace

@@ -56,9 +56,9 @@ const RefusalCase kRefusals[] = {
 
     {"deleteObject", "", "the path is empty"},
     {"deleteObject", ".", kNoObject},
-    {"deleteObject", "InternetGatewayDevice.", "the root stays"},
+    {"deleteObject", "InternetGatewayDevice.", "the root cannot be deleted"},
     {"deleteObject", "InternetGatewayDevice.Layer2Bridging.Bridge.",
-     "a table stays; its instances can be deleted"},
+     "a table cannot be deleted, only its instances"},
     {"deleteObject", "InternetGatewayDevice.Layer2Bridging.Bridge.1", kNoDot},
     {"deleteObject", "InternetGatewayDevice.Layer2Bridging.Bridge.0.", kNoObject},
     {"deleteObject", "InternetGatewayDevice.Layer2Bridging.Bridge.01.", kNoObject},
@@ -118,7 +118,7 @@ TEST(AddObject, WithoutAPlaceForTheNumberIsRefused) {
   EXPECT_NE(tree.add_object(kBridges, nullptr), 0);
   EXPECT_FALSE(tree.has_object(kBridges + "1."));
   ASSERT_EQ(tree.refusals().size(), 1U);
-  EXPECT_EQ(tree.refusals()[0].reason, "there is no place for the instance number");
+  EXPECT_EQ(tree.refusals()[0].reason, "the pointer to the instance number is null");
 }
 
 TEST(Refusals, StandInTheOrderOfTheCalls) {

@@ -169,7 +169,7 @@ TEST_F(ProcessStore, IsTheStoreAgainWhenItsTreeIsPutBack) {
 
 TEST_F(ProcessStore, ReportsAtExitWhatWasNotCommitted) {
   const std::string printed = ran({"set", kUrl, "x"});
-  EXPECT_NE(printed.find("1 writes were not committed and are gone"), std::string::npos) << printed;
+  EXPECT_NE(printed.find("1 writes were not committed and are lost"), std::string::npos) << printed;
   EXPECT_EQ(ran({"get", kUrl}), "\n");
 }
 

@@ -33,7 +33,7 @@ TEST_F(StoreCommit, WithoutItNothingLastsAndThatIsReported) {
     EXPECT_EQ(opened()->tree().value(kUrl), "");
   }
   EXPECT_EQ(opened()->tree().value(kUrl), "");
-  EXPECT_TRUE(is_reported("1 writes were not committed and are gone"));
+  EXPECT_TRUE(is_reported("1 writes were not committed and are lost"));
 }
 
 TEST_F(StoreCommit, DiscardBringsTheLastCommitBack) {

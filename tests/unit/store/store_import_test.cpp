@@ -174,7 +174,7 @@ TEST_F(StoreImport, ThatIsNotCommittedIsGone) {
   ASSERT_TRUE(host::import_csv_file(store_->tree(), dump_).ok);
   reopen();
   EXPECT_TRUE(is_as_before(store_->tree()));
-  EXPECT_TRUE(is_reported("1 writes were not committed and are gone"));
+  EXPECT_TRUE(is_reported("1 writes were not committed and are lost"));
 }
 
 TEST_F(StoreImport, OfWhatTheStoreHasAlreadyChangesNothing) {

@@ -39,10 +39,10 @@ struct TextSetting {
 
 constexpr TextSetting kTexts[] = {
     {"--url", "URL of the management server; '' for none", &api_mng_server_info::url, true},
-    {"--username", "User name of the gateway at the server", &api_mng_server_info::username, false},
+    {"--username", "The gateway's user name at the server", &api_mng_server_info::username, false},
     {"--request-url", "URL at which the server reaches the gateway",
      &api_mng_server_info::connection_request_url, true},
-    {"--request-username", "User name of the server at the gateway",
+    {"--request-username", "The server's user name at the gateway",
      &api_mng_server_info::connection_request_username, false},
 };
 constexpr std::size_t kTextCount = sizeof kTexts / sizeof kTexts[0];
@@ -179,7 +179,7 @@ void add_password_options(CLI::App& command, const std::string& prefix, const st
                       "Read " + whose + " password from a file, - for standard input")
           ->type_name("FILE");
   command.add_flag("--" + prefix + "password-prompt", options.prompt,
-                   "Ask for it on the terminal, without echo");
+                   "Ask for " + whose + " password on the terminal, without echo");
 }
 
 void add_acs_show(CLI::App& group, Session& session) {

@@ -52,8 +52,7 @@ void add_global_options(CLI::App& root, Session& session) {
   root.set_version_flag("--version", std::string("igdctl ") + kVersion)
       ->description("Show the version of igdctl");
   if (session.backend().has_store()) {
-    root.add_option("--store", options.store,
-                    "Use this store instead of IGD_STORE or the usual one")
+    root.add_option("--store", options.store, "Use this store instead of IGD_STORE or the default")
         ->type_name("FILE");
   }
   root.add_flag("--json", options.output.json, "Print results as one JSON document");

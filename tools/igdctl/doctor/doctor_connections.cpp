@@ -96,7 +96,7 @@ Finding bad_vlan(const Bridge& bridge, const std::string& fix) {
   return {"bad-vlan",
           bridge.path,
           "the bridge " + in_quotes(title_of(bridge)) + " has the VLAN " + in_quotes(bridge.vlan),
-          "VLANs end at " + std::to_string(igd::kHighestVlan) + ", so its frames reach nobody",
+          "VLANs end at " + std::to_string(igd::kHighestVlan) + ", so its frames reach no one",
           {fix}};
 }
 
@@ -167,7 +167,7 @@ void examine_names(const Snapshot& snapshot, Findings* findings) {
     findings->push_back({"name-twice",
                          state.connection.path,
                          "several connections are named " + in_quotes(name),
-                         "asking for one by name always gives the first",
+                         "selecting one by name always finds the first",
                          {wan_set(snapshot, state, "--name=" + shell_word(new_name))}});
   }
 }

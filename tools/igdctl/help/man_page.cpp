@@ -21,7 +21,7 @@ constexpr Term kEnvironment[] = {
     {"TERM", "If it is \"dumb\", output has no colours."},
 };
 constexpr Term kStoreEnvironment[] = {
-    {"IGD_STORE", "The store's file; \":memory:\" keeps nothing. --store takes precedence."},
+    {"IGD_STORE", "The file of the store; \":memory:\" keeps nothing. --store takes precedence."},
     {"XDG_STATE_HOME, HOME", "Folders for the store if neither --store nor IGD_STORE is given."},
 };
 constexpr Term kFiles[] = {

@@ -202,7 +202,7 @@ void add_route_add(CLI::App& group, Session& session) {
   CLI::Option* const connection =
       command.add_option("--connection", options->connection, "The connection that carries it")
           ->type_name("CONNECTION");
-  command.add_flag("--disabled", options->disabled, "Keep the route in the list without effect");
+  command.add_flag("--disabled", options->disabled, "Add the route disabled");
   add_change_options(command, session, options->change);
   command.callback([&session, options, gateway, connection] {
     options->by_gateway = gateway->count() > 0;

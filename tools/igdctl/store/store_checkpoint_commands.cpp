@@ -56,7 +56,7 @@ void remove(Session& session, const std::string& name) {
   const host::StoreResult result = store.delete_checkpoint(name);
   if (result.error == host::StoreError::kBadName && !name.empty() && name[0] == '@') {
     throw Failure(ExitCode::kBadInput, in_quotes(name) + " is an automatic checkpoint",
-                  "leave it: it is deleted after 20 newer changes");
+                  "automatic checkpoints are deleted after 20 newer changes");
   }
   require_checkpoint(store, name, result);
   report_done(session.output(), "Deleted checkpoint " + in_quotes(name));

@@ -82,7 +82,7 @@ void add_store_export(CLI::App& group, Session& session) {
   const auto options = std::make_shared<ExportOptions>();
   command
       .add_option("FILE", options->file,
-                  "Written with mode 0600, over a file that exists; if left out, standard output")
+                  "Replaced if it exists, with mode 0600; if left out, standard output")
       ->type_name("FILE");
   command
       .add_option(

@@ -5,7 +5,7 @@ namespace igdctl {
 const std::vector<ExitCodeMeaning>& exit_code_meanings() {
   static const std::vector<ExitCodeMeaning> meanings = {
       {ExitCode::kDone, "done, or nothing to do"},
-      {ExitCode::kFailed, "something unexpected failed; the message names it"},
+      {ExitCode::kFailed, "an unexpected failure, described by the message"},
       {ExitCode::kBadInput, "bad input: wrong usage or a wrong value; nothing changed"},
       {ExitCode::kNotFound,
        "no such connection, bridge, route, parameter or checkpoint; nothing changed"},
@@ -13,7 +13,7 @@ const std::vector<ExitCodeMeaning>& exit_code_meanings() {
        "a check failed; nothing changed; --force overrides it where that cannot damage data"},
       {ExitCode::kStore,
        "the store cannot be used: locked, damaged, read-only, full or of an unknown format"},
-      {ExitCode::kPending, "a change still waits for its confirmation, or no change waits for one"},
+      {ExitCode::kPending, "a change is still waiting for confirmation, or none is waiting"},
       {ExitCode::kUnsupported, "this build cannot do that"},
       {ExitCode::kNeedsConsent, "the change needs --confirm SECONDS or --yes; nothing changed"},
       {ExitCode::kPlatform,

@@ -148,7 +148,7 @@ void find(Session& session, const FindOptions& options) {
 }
 
 void add_list(CLI::App& group, Session& session) {
-  CLI::App& command = add_command(group, "list", "List what an object contains, as ls would",
+  CLI::App& command = add_command(group, "list", "List what an object contains, like ls",
                                   "tree list Layer2Bridging.Bridge.1");
   const auto path = std::make_shared<std::string>("InternetGatewayDevice.");
   command.add_option("PATH", *path, "The object; the root if left out")->type_name("OBJECT");
@@ -161,7 +161,7 @@ void add_dump(CLI::App& group, Session& session) {
       add_command(group, "dump", "Print every parameter as NAME=VALUE, for tree set --from",
                   "tree dump InternetGatewayDevice.Layer2Bridging. > bridging.txt");
   const auto prefix = std::make_shared<std::string>();
-  command.add_option("PREFIX", *prefix, "Only names that begin with this")->type_name("PARAMETER");
+  command.add_option("PREFIX", *prefix, "Only names with this beginning")->type_name("PARAMETER");
   command.callback(
       [&session, prefix] { session.on_run([&session, prefix] { dump(session, *prefix); }); });
 }

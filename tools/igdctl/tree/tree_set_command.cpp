@@ -98,7 +98,7 @@ class SetCheck {
   void look_at(const Assignment& assignment) {
     const auto& [name, value] = assignment;
     if (!names_.insert(name).second) {
-      problems_.push_back({in_quotes(name) + " is given two values", "give it one"});
+      problems_.push_back({in_quotes(name) + " has two values", "give one value"});
     }
     const std::optional<ParameterFacts> facts = backend_.facts_of(name);
     if (!facts) {
@@ -214,7 +214,7 @@ void add_tree_set(CLI::App& group, Session& session) {
   const auto options = std::make_shared<SetOptions>();
   command
       .add_option("ASSIGNMENT", options->assignments,
-                  "NAME VALUE, or one NAME=VALUE or more; InternetGatewayDevice. may be left out")
+                  "NAME VALUE, or one or more NAME=VALUE; InternetGatewayDevice. may be left out")
       ->type_name("PARAMETER");
   CLI::Option* const value_file =
       command.add_option("--value-file", options->value_file,

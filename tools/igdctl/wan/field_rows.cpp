@@ -1,3 +1,6 @@
+#include <array>
+#include <string_view>
+
 #include "igd_vocabulary.h"
 #include "wan/field_accessors.h"
 #include "wan/fields.h"
@@ -8,21 +11,32 @@ namespace {
 
 using namespace field_accessors;
 
+// The access types of all uplinks, with "|" between them and zeros behind.
+constexpr auto kAccessTypes = [] {
+  std::array<char, 64> text{};
+  std::size_t end = 0;
+  for (const igd::Uplink& uplink : igd::kUplinks) {
+    if (end != 0) text[end++] = '|';
+    for (const char letter : std::string_view(uplink.access_type)) text[end++] = letter;
+  }
+  return text;
+}();
+
 constexpr WanField kFields[] = {
     {"name",
      FieldKind::kText,
      "NAME",
      "name",
-     "Its name, which no other connection has",
+     "Its name, unique among the connections",
      value_of<&Info::wan_info_name>,
      lay<&Info::wan_info_name>,
      {{{Where::kEachObject, "Name", text_in<&Info::wan_info_name>},
        {Where::kDevice, "WANEthernetLinkConfig.X_CT-COM_Name", text_in<&Info::wan_info_name>}}}},
     {"access",
      FieldKind::kWord,
-     "Ethernet|3G|Repeator",
+     kAccessTypes.data(),
      "access",
-     "Its uplink; only to create a connection",
+     "Its uplink; can only be set at creation",
      access_of,
      lay_access,
      {},
@@ -53,7 +67,7 @@ constexpr WanField kFields[] = {
      FieldKind::kNumber,
      "VLAN",
      "VLAN",
-     "VLAN that it is tagged with",
+     "VLAN of its frames",
      vlan_of,
      lay_vlan,
      {{{Where::kOwnBridge, "BridgeStandard", standard_in},
@@ -71,7 +85,7 @@ constexpr WanField kFields[] = {
      FieldKind::kNumber,
      "NUMBER",
      "priority",
-     "802.1p priority, kept with a VLAN only",
+     "802.1p priority, only with a VLAN",
      priority_of,
      lay_priority,
      {{{Where::kOwnBridge, "X_ZYN_VLANPriority", priority_in}}},
@@ -121,7 +135,8 @@ constexpr WanField kFields[] = {
     text_field<&Info::pppoe_password>("password", FieldKind::kSecret, "", "password",
                                       "Password of the account", Where::kPppObject, "Password"),
     text_field<&Info::ip_addr>("address", FieldKind::kAddress, "ADDRESS", "address",
-                               "Address of mode static", Where::kStaticObject, "ExternalIPAddress"),
+                               "Its address in mode static", Where::kStaticObject,
+                               "ExternalIPAddress"),
     text_field<&Info::ip_mask>("mask", FieldKind::kMask, "MASK", "mask", "Its subnet mask",
                                Where::kStaticObject, "SubnetMask"),
     text_field<&Info::ip_gw>("gateway", FieldKind::kAddress, "ADDRESS", "gateway",
@@ -130,7 +145,7 @@ constexpr WanField kFields[] = {
      FieldKind::kServers,
      "ADDRESSES",
      "DNS",
-     "DNS servers that its mode uses, at most two",
+     "DNS servers for its mode, at most two",
      dns_of,
      lay_dns,
      {{{Where::kEachObject, "DNSEnabled", dns_enabled_in},
@@ -139,7 +154,7 @@ constexpr WanField kFields[] = {
      FieldKind::kNumber,
      "OCTETS",
      "MTU",
-     "Octets of its longest packet in its mode",
+     "Largest packet in its mode, in octets",
      mtu_value,
      lay_mtu,
      {{{Where::kPppObject, "MTU", mtu_in<kIgdPppoe>},
@@ -149,7 +164,7 @@ constexpr WanField kFields[] = {
      igd::kLowestMtu,
      igd::kHighestMtu},
     text_field<&Info::dhcp_option60>("option60", FieldKind::kText, "TEXT", "option 60",
-                                     "Vendor class that DHCP sends", Where::kDhcpObject,
+                                     "Vendor class sent by DHCP", Where::kDhcpObject,
                                      "X_ZYN-COM_OPTION60"),
     {"port_option60",
      FieldKind::kTextsByPort,
@@ -159,7 +174,7 @@ constexpr WanField kFields[] = {
      port_option60_of,
      lay_port_option60,
      {{{Where::kOwnPorts, "PortOption60", port_option60_in}}}},
-    flag_field<&Info::wan_enable>("enable", "enabled", "Whether it is in use", "X_CT-COM_Enable"),
+    flag_field<&Info::wan_enable>("enable", "enabled", "Whether it is enabled", "X_CT-COM_Enable"),
     flag_field<&Info::wan_remote_management_enable>("remote_management", "remote management",
                                                     "Whether the gateway can be managed through it",
                                                     "X_CT-COM_RemoteManagerEnable"),

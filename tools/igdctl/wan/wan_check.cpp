@@ -79,8 +79,8 @@ void add_wan_check(CLI::App& group, Session& session) {
       "wan check Internet --vlan 110");
   const auto request = std::make_shared<Request>();
   command.add_option("CONNECTION", request->connection,
-                     "The one to be changed; without it a new one is checked");
-  command.add_flag("--removal", request->removal, "Ask whether it may be removed");
+                     "The connection to change; if left out, a new one is checked");
+  command.add_flag("--removal", request->removal, "Check whether it may be removed");
   add_wan_options(command, request->wan);
   command.callback(
       [&session, request] { session.on_run([&session, request] { check(session, *request); }); });

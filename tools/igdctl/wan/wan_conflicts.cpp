@@ -33,8 +33,7 @@ Conflict no_bridge(const Connection& connection) {
 }
 
 Conflict no_lan_bridge() {
-  return {About::kBridge,
-          "there is no bridge named \"internet\": ports that become free would be lost",
+  return {About::kBridge, "there is no bridge named \"internet\": released ports would be lost",
           "igdctl doctor shows how to fix it", false, false};
 }
 
@@ -49,7 +48,7 @@ void add_mode_conflicts(const WanDraft& draft, const GatewayState& gateway,
   conflicts->push_back({About::kObject,
                         "connection " + in_quotes(title_of(*gateway.connection)) +
                             " has no object for mode " + word_of_mode(mode),
-                        "choose another mode, or remove the connection and create it anew", false,
+                        "choose another mode, or remove the connection and create it again", false,
                         false});
 }
 
@@ -63,8 +62,8 @@ void add_object_conflicts(const WanDraft& draft, const GatewayState& gateway,
     if (has_place(gateway.objects, field, draft)) continue;
     conflicts->push_back({About::kObject,
                           "connection " + in_quotes(title_of(*gateway.connection)) +
-                              " has no object that keeps " + field.key,
-                          "leave it out, or remove the connection and create it anew", false,
+                              " has no object that can store " + field.key,
+                          "leave it out, or remove the connection and create it again", false,
                           false});
   }
 }
@@ -91,7 +90,7 @@ std::string holder_of(const std::string& node, const GatewayState& gateway) {
 
 Conflict port_held(const std::string& node, const std::string& holder, bool was_there) {
   return {About::kPort, "port " + node + " belongs to connection " + holder,
-          "take it off that connection first, or leave it out", false, was_there};
+          "remove it from that connection first, or leave it out", false, was_there};
 }
 
 void add_ports_conflicts(const WanDraft& draft, const GatewayState& gateway,
@@ -117,7 +116,7 @@ void add_second_management_conflicts(const WanDraft& draft, const GatewayState& 
     conflicts->push_back({About::kManagement,
                           "connection " + in_quotes(title_of(other)) +
                               " already carries the management service TR069",
-                          "give this one another service, or change that one first", true,
+                          "give this one a different service, or change that one first", true,
                           was_there});
     return;
   }
@@ -144,14 +143,14 @@ Conflict vlan_taken(const WanDraft& draft, const GatewayState& gateway, bool unt
             "give this one a VLAN: igdctl vlan free shows a free one", true, was_there};
   }
   return {About::kVlan, holder + " already has VLAN " + std::to_string(info.vlan_id),
-          "give another VLAN: igdctl vlan free shows a free one", true, was_there};
+          "choose another VLAN: igdctl vlan free shows a free one", true, was_there};
 }
 
 Conflict no_port_left(const WanDraft& draft, const GatewayState& gateway) {
   const bool was_there =
       gateway.connection != nullptr && !draft.changes("bind_wan") && !draft.changes("class");
   return {About::kLastPort, "no port would be left in the LAN bridge",
-          "leave one out of bind_wan, or take one off another connection", true, was_there};
+          "leave one out of bind_wan, or remove one from another connection", true, was_there};
 }
 
 // Every port that the device has, as a mask.
@@ -173,10 +172,10 @@ Conflict words_for(int verdict, const WanDraft& draft, const GatewayState& gatew
       return no_port_left(draft, gateway);
     case kIgdManagementExists:
       return {About::kManagement, "another connection already carries the management service TR069",
-              "give this one another service, or change that one first", true, false};
+              "give this one a different service, or change that one first", true, false};
     default:
       return {About::kPort, "a port belongs to another connection",
-              "igdctl wan ports shows which; leave it out, or take it off that connection first",
+              "igdctl wan ports shows which; leave it out, or remove it from that connection first",
               false, false};
   }
 }
@@ -205,7 +204,7 @@ const char* why_it_stays(const std::string& service) {
   if (carries(igd::kManagementService) || carries(igd::kMmeService)) {
     return " stays: fewer than two connections carry anything but management";
   }
-  return " is the last one that is not for management: its service would be gone";
+  return " is the last one that is not for management, so its service would be lost";
 }
 
 }  // namespace

@@ -36,7 +36,7 @@ std::vector<Wanted> read_wanted(const Request& request) {
     wanted.patch = read_patch(description, &wanted.problems);
     const std::string name = wanted.patch.text("name");
     if (name.empty()) {
-      wanted.problems.push_back({"a description has no name", "name the connection it is for"});
+      wanted.problems.push_back({"a description has no name", "add the name of the connection"});
     } else if (std::find(names.begin(), names.end(), name) != names.end()) {
       wanted.problems.push_back({in_quotes(name) + " is described twice", "describe it once"});
     }

@@ -84,7 +84,7 @@ bool has_options(const WanOptions& options) {
 Json without_envelope(Json json) {
   if (!json.is_object() || !json.contains("format") || !json.contains("data")) return json;
   if (json["format"] != kJsonFormat) {
-    throw Failure(ExitCode::kBadInput, "the document has a format that is not 1",
+    throw Failure(ExitCode::kBadInput, "the format of the document is not 1",
                   "use the version of igdctl that wrote it");
   }
   const Json& kind = json["kind"];
@@ -99,7 +99,7 @@ Json without_envelope(Json json) {
 bool refuse_depth(int depth, Json::parse_event_t, Json&) {
   constexpr int kDeepest = 16;
   if (depth <= kDeepest) return true;
-  throw Failure(ExitCode::kBadInput, "the JSON is nested more deeply than a description is",
+  throw Failure(ExitCode::kBadInput, "the JSON is nested too deeply for a description",
                 "igdctl wan show --json prints a description to start from");
 }
 
@@ -141,14 +141,14 @@ void add_wan_options(CLI::App& command, WanOptions& options) {
       ->group("Description");
   command
       .add_option("--from", options.from,
-                  "A description in JSON, which options go over; - for standard input")
+                  "Read a JSON description, which options override; - for standard input")
       ->type_name("FILE")
       ->group("Description");
 }
 
 std::vector<Json> descriptions_of(const WanOptions& options, std::vector<Problem>* problems) {
   if (options.from == "-" && options.password_file == "-") {
-    throw Failure(ExitCode::kBadInput, "--from and --password-file both want standard input",
+    throw Failure(ExitCode::kBadInput, "--from and --password-file both read standard input",
                   "put one of them into a file");
   }
   Json read = options.from.empty() ? Json::object() : read_json(options.from);
@@ -160,8 +160,8 @@ std::vector<Json> descriptions_of(const WanOptions& options, std::vector<Problem
   }
   if (!has_options(options)) return descriptions;
   if (descriptions.size() != 1) {
-    throw Failure(ExitCode::kBadInput, "options cannot go over a file with several descriptions",
-                  "leave the options away, or give a file with one description");
+    throw Failure(ExitCode::kBadInput, "options cannot be combined with several descriptions",
+                  "leave out the options, or give a file with one description");
   }
   if (descriptions.front().is_object()) lay_options_over(options, &descriptions.front(), problems);
   return descriptions;
@@ -173,7 +173,7 @@ Json description_of(const WanOptions& options, std::vector<Problem>* problems) {
   throw Failure(
       ExitCode::kBadInput,
       in_quotes(options.from) + " holds " + std::to_string(descriptions.size()) + " descriptions",
-      "give one, or use igdctl wan ensure for several");
+      "give a single one, or use igdctl wan ensure");
 }
 
 }  // namespace igdctl

@@ -56,9 +56,9 @@ class FieldReader {
       case FieldKind::kWord:
         return word();
       case FieldKind::kAddress:
-        return address(is_ipv4, "give an IPv4 address, as 192.0.2.10");
+        return address(is_ipv4, "give an IPv4 address, such as 192.0.2.10");
       case FieldKind::kMask:
-        return address(is_ipv4_mask, "give ones then zeros, as 255.255.255.0");
+        return address(is_ipv4_mask, "give ones followed by zeros, such as 255.255.255.0");
       case FieldKind::kWords:
         return words();
       case FieldKind::kPorts:
@@ -102,7 +102,7 @@ bool FieldReader::is_sound(const std::string& text) {
     return false;
   }
   if (has_control_characters(text) || !is_utf8(text)) {
-    problem(key_ + " has characters that no setting can hold: " + in_quotes(text),
+    problem(key_ + " contains characters that are not allowed: " + in_quotes(text),
             "use text in UTF-8 without control characters");
     return false;
   }
@@ -138,7 +138,7 @@ Value FieldReader::on_or_off() {
   if (json_.is_boolean()) return json_.get<bool>();
   bool on = false;
   if (json_.is_string() && parse_switch(json_.get<std::string>(), &on)) return on;
-  return problem(key_ + " is neither on nor off", "give on or off, in JSON true or false");
+  return problem(key_ + " is neither on nor off", "give on or off, or in JSON true or false");
 }
 
 Value FieldReader::word() {
@@ -170,7 +170,7 @@ Value FieldReader::names() {
   }
   if (!sound) {
     return problem(key_ + " is not a list of at most " + std::to_string(kMostElements) + " texts",
-                   R"(give a list, as ["LAN1", "LAN2"])");
+                   R"(give a list, such as ["LAN1", "LAN2"])");
   }
   for (const std::string& name : result) {
     if (!is_sound(name)) return {};
@@ -187,7 +187,7 @@ Value FieldReader::words() {
     return given;
   }
   return problem(key_ + " is " + in_quotes(joined(*list, ",")),
-                 R"(give words of letters, digits, "_", "-" and ".", as INTERNET,VOIP)");
+                 R"(use words of letters, digits, "_", "-" and ".", such as INTERNET,VOIP)");
 }
 
 Value FieldReader::servers() {
@@ -199,7 +199,7 @@ Value FieldReader::servers() {
   }
   for (const std::string& server : *list) {
     if (is_ipv4(server) || is_ipv6(server)) continue;
-    problem(key_ + " has " + in_quotes(server), "give addresses, as 192.0.2.1,192.0.2.2");
+    problem(key_ + " has " + in_quotes(server), "give addresses, such as 192.0.2.1,192.0.2.2");
   }
   return given;
 }
@@ -214,8 +214,8 @@ Value FieldReader::texts_by_port() {
     }
   }
   if (!sound) {
-    return problem(key_ + " is not a list of ports with a text each",
-                   R"(give PORT=TEXT, in JSON {"LAN4": "text"})");
+    return problem(key_ + " does not assign a text to each port",
+                   R"(give PORT=TEXT, or in JSON {"LAN4": "text"})");
   }
   for (const auto& entry : result) {
     if (!is_sound(entry.first) || !is_sound(entry.second)) return {};

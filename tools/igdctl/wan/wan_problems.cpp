@@ -80,7 +80,8 @@ void FaultFinder::judge_name() {
     problem(name.empty() ? "a connection needs a name" : "the name begins or ends with a blank",
             hint_to_give(field_of("name")));
   } else if (reads_as_place(name)) {
-    problem("the name " + in_quotes(name) + " looks like a path or number", "choose another name");
+    problem("the name " + in_quotes(name) + " looks like a path or a number",
+            "choose another name");
   }
   for (const Connection& other : gateway_.connections) {
     if (name.empty() || other.name != name) continue;
@@ -101,13 +102,14 @@ void FaultFinder::judge_access() {
   } else if (!is_new() && draft_.changes("access")) {
     problem("the access of a connection cannot be changed, it is " +
                 in_quotes(gateway_.connection->access),
-            "remove the connection and create it anew");
+            "remove the connection and create it again");
   }
 }
 
 void FaultFinder::judge_service() {
   if (judged({"service"}) && info_.service_type.empty()) {
-    problem("a connection needs a service", hint_to_give(field_of("service")) + ", as INTERNET");
+    problem("a connection needs a service",
+            hint_to_give(field_of("service")) + ", such as INTERNET");
   }
 }
 
@@ -116,7 +118,7 @@ void FaultFinder::judge_list_of_ports(const char* key, const Names& ports, const
   for (const std::string& port : ports) {
     if (igd::is_wan_side_port(port)) {
       problem(std::string(key) + " has " + in_quotes(port) + ", an uplink",
-              "leave it out: a connection gets its uplink by itself");
+              "leave it out: a connection gets its uplink automatically");
     } else if (!holds(known, port)) {
       problem(
           std::string(key) + " has " + in_quotes(port) + ", which is not a port of this gateway",
@@ -135,8 +137,7 @@ void FaultFinder::judge_ports() {
   if (!judged({"bind_lan", "bind_wan"})) return;
   for (const std::string& port : info_.bind_lan) {
     if (!holds(info_.bind_wan, port)) continue;
-    problem(in_quotes(port) + " is in bind_lan and in bind_wan",
-            "a port is bound to the connection, or in its bridge");
+    problem(in_quotes(port) + " is in bind_lan and in bind_wan", "put each port in one of them");
   }
 }
 
@@ -145,7 +146,7 @@ void FaultFinder::judge_port_options() {
   for (const auto& [port, option60] : info_.port_option60) {
     if (option60.empty() || holds(info_.bind_wan, port)) continue;
     problem("port_option60 names " + in_quotes(port) + ", which is not in bind_wan",
-            "only ports in the connection's own bridge keep an option 60");
+            "only ports in the connection's own bridge can have an option 60");
   }
 }
 
@@ -160,7 +161,7 @@ void FaultFinder::judge_mtu() {
   long octets = 0;
   if (info_.connect_mode != kIgdPppoe || !judged({"mtu"})) return;
   if (parse_number(info_.pppoe_mtu, 0, igd::kHighestPppoeMtu, &octets)) return;
-  problem("mtu is " + info_.pppoe_mtu + ", and PPPoE takes 8 octets of each frame",
+  problem("mtu is " + info_.pppoe_mtu + ", but PPPoE needs 8 octets of each frame",
           "give at most " + std::to_string(igd::kHighestPppoeMtu));
 }
 
@@ -200,15 +201,15 @@ void FaultFinder::judge_subnet() {
   if (!parse_ipv4(info_.ip_gw, &gateway)) return;
   if (!is_host_address(gateway) || gateway == address ||
       (whole_subnet && ((gateway ^ address) & mask) != 0)) {
-    problem("the gateway " + info_.ip_gw + " is not another host in the subnet of " + info_.ip_addr,
-            "give the router's address in " + text_of_ipv4(address & mask) + " " + info_.ip_mask);
+    problem(
+        "the gateway " + info_.ip_gw + " is not a different host in the subnet of " + info_.ip_addr,
+        "give the router's address in " + text_of_ipv4(address & mask) + " " + info_.ip_mask);
   }
 }
 
 void FaultFinder::judge_dns() {
   if (!draft_.changes("dns") || info_.connect_mode != 0) return;
-  problem("no mode is chosen, so there is nothing that DNS servers could belong to",
-          hint_to_give(field_of("mode")));
+  problem("DNS servers belong to a mode, and none is chosen", hint_to_give(field_of("mode")));
 }
 
 }  // namespace

@@ -134,7 +134,7 @@ using Work = void (*)(Session&, const std::string&);
 
 void add_work(CLI::App& command, Session& session, Work work) {
   const auto words = std::make_shared<std::string>();
-  command.add_option("CONNECTION", *words, "This one only: its name, path, or <d>.<c>");
+  command.add_option("CONNECTION", *words, "Only this connection: its name, path, or <d>.<c>");
   command.callback([&session, words, work] {
     session.on_run([&session, words, work] { work(session, *words); });
   });

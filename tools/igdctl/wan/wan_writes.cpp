@@ -128,8 +128,8 @@ void WanWrites::require_ports(const char* key) {
   const WanDescription now{read_description(tree_, connection_), connection_.access};
   if (ports_of(now) == ports_of(draft_)) return;
   throw Failure(ExitCode::kPlatform,
-                "the platform did not give connection " + in_quotes(title_of(connection_)) +
-                    " the ports of " + key,
+                std::string("the platform did not assign the ports of ") + key + " to connection " +
+                    in_quotes(title_of(connection_)),
                 "igdctl wan ports shows where they are");
 }
 

@@ -19,7 +19,7 @@ class DirectWrites : public Transaction {
   void land(const std::string&, int) override {
     if (tree_.commit(kCommitMode) == 0) return;
     throw Failure(ExitCode::kPlatform,
-                  "the platform refused the commit; the writes may be in effect all the same",
+                  "the platform refused the commit; the writes may be in effect anyway",
                   "check the connections with igdctl wan list before you go on");
   }
 
@@ -38,7 +38,7 @@ MibAccess& GatewayBackend::open_tree(const std::string&) {
   tree_ = tree_of_platform();
   if (tree_ == nullptr) {
     throw Failure(ExitCode::kStore, "the platform has no configuration tree yet",
-                  "try again when the gateway has started");
+                  "try again when the gateway has finished starting");
   }
   return *tree_;
 }

@@ -25,8 +25,8 @@ bool StoreBackend::has_tree(const std::string& store) const {
 std::string store_path(const std::string& store) {
   std::string path = store.empty() ? host::default_store_path() : store;
   if (!path.empty()) return path;
-  throw Failure(ExitCode::kStore, "nothing says where the store is",
-                "name its file with --store, or set HOME");
+  throw Failure(ExitCode::kStore, "there is no default location for the store",
+                "give a file with --store, or set HOME");
 }
 
 }  // namespace igdctl

@@ -31,7 +31,7 @@ void refuse_while_pending(host::Store& store) {
   const std::optional<host::PendingChange> pending = store.pending();
   if (!pending) return;
   throw Failure(ExitCode::kPending,
-                "the change " + in_quotes(pending->label) + " still waits for its confirmation",
+                "the change " + in_quotes(pending->label) + " is still waiting for confirmation",
                 "keep it with igdctl store confirm, or undo it with igdctl store revert");
 }
 
