@@ -30,5 +30,18 @@ TEST(ManPage, HasASectionForEveryCommandAndARowForEveryExitCode) {
   EXPECT_EQ(man_page(root, "igdctl-nothing", true), "");
 }
 
+TEST(ManPage, OfTheProgramHasItsGroupsAndTheOptionsOfAllCommands) {
+  CLI::App root("A tool", "igdctl");
+  root.set_help_flag("--help", "Show this help");
+  root.add_flag("--json", "Print one document");
+  root.add_subcommand("wan", "Connections");
+  const std::string page = man_page(root, "igdctl", true);
+  EXPECT_NE(page.find(".SH GROUPS\n.TP\n\\fBwan\\fR\nConnections. See igdctl\\-wan(1).\n"
+                      ".SH OPTIONS\n.TP\n\\fB\\-\\-help\\fR\nShow this help.\n"
+                      ".TP\n\\fB\\-\\-json\\fR\nPrint one document.\n.SH EXAMPLES\n"),
+            std::string::npos)
+      << page;
+}
+
 }  // namespace
 }  // namespace igdctl
