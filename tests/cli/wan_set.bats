@@ -72,6 +72,9 @@ load household
   has '"result": "dry-run"'
   has '"plan": ['
   has '"difference": {'
+  [ "$(grep -c '"before": "100"' <<<"$output")" -eq "$(grep -c '"after": "110"' <<<"$output")" ]
+  [ "$(grep -A 1 '"before": "100"' <<<"$output" | grep -c '"after": "110"')" -ge 2 ]
+  has_not '"after": "100"'
 }
 
 @test "a plain field is one write in each object that holds it and has another text" {
