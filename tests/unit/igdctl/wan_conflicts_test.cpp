@@ -167,6 +167,53 @@ TEST_F(WanObjections, ALanBridgeWithoutPortsIsNoReasonAgainstAChangeOfSomethingE
   EXPECT_STREQ(last_port(of_ports), "new");
 }
 
+TEST_F(WanObjections, TheLanBridgeIsNobodysUntaggedOne) {
+  set(connection("Voice").bridge_path + "VLANID", "0");
+  WanPatch patch;
+  patch["name"] = "Third";
+  const std::vector<Conflict> all = conflicts_of_new(patch);
+  ASSERT_NE(find(all, About::kVlan), nullptr);
+  EXPECT_EQ(
+      find(all, About::kVlan)->message,
+      "bridge \"br_1_2\" of connection \"Voice\" is untagged, and only one connection can be");
+}
+
+TEST_F(WanObjections, ASecondManagementServiceThatIsThereIsNoReasonAgainstAnotherChange) {
+  for (const char* name : {"Internet", "Voice"}) {
+    set(connection(name).path + "WANIPConnection.2.X_CT-COM_ServiceList", "TR069");
+  }
+  WanPatch patch;
+  patch["mtu"] = 1400;
+  const std::vector<Conflict> all = conflicts("Internet", patch);
+  ASSERT_NE(find(all, About::kManagement), nullptr);
+  EXPECT_TRUE(find(all, About::kManagement)->was_there);
+  patch["service"] = Names{"TR069", "VOIP"};
+  EXPECT_FALSE(find(conflicts("Internet", patch), About::kManagement)->was_there);
+}
+
+TEST_F(WanObjections, APortThatTwoConnectionsHaveIsNoReasonAgainstAnotherChange) {
+  int number = 0;
+  const std::string ports = connection("Voice").bridge_path + "Port.";
+  ASSERT_EQ(tree_.add_object(ports, &number), 0);
+  set(ports + std::to_string(number) + ".PortInterface", "LAN1");
+  WanPatch patch;
+  patch["mtu"] = 1400;
+  const std::vector<Conflict> all = conflicts("Internet", patch);
+  ASSERT_NE(find(all, About::kPort), nullptr);
+  EXPECT_TRUE(find(all, About::kPort)->was_there);
+  patch["bind_lan"] = Names{"LAN1", "LAN2"};
+  EXPECT_FALSE(find(conflicts("Internet", patch), About::kPort)->was_there);
+}
+
+TEST_F(WanObjections, AConnectionWithoutAModeNeedsNoObjectForIt) {
+  for (const char* object : {"WANIPConnection.1.", "WANIPConnection.2.", "WANPPPConnection.1."}) {
+    set(connection("Voice").path + object + "Enable", "false");
+  }
+  WanPatch patch;
+  patch["vlan"] = 300;
+  EXPECT_EQ(find(conflicts("Voice", patch), About::kObject), nullptr);
+}
+
 TEST_F(WanObjections, APortOfAnotherConnectionIsTakenByNoForce) {
   WanPatch patch;
   patch["bind_wan"] = Names{"LAN1"};
