@@ -5,6 +5,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include "wan/wan_draft.h"
+
 namespace {
 
 using namespace igdctl;
@@ -126,6 +128,25 @@ TEST(WanPatch, NeverShowsAPassword) {
   for (const Problem& problem : faults_in(R"({"password": "hush\u0001"})")) {
     EXPECT_EQ(problem.message.find("hush"), std::string::npos);
   }
+}
+
+TEST(WanDraft, OfANewConnectionIsWhatMostConnectionsAre) {
+  const WanDraft draft = draft_new({});
+  EXPECT_EQ(draft.access, "Ethernet");
+  EXPECT_EQ(draft.info.connection_class, kIgdRouted);
+  EXPECT_EQ(draft.info.connect_mode, kIgdDhcp);
+  EXPECT_EQ(draft.info.service_type, "INTERNET");
+  EXPECT_EQ(draft.info.vlan_enable, 0);
+  EXPECT_EQ(draft.info.nat_mode, 1);
+  EXPECT_EQ(draft.info.pppoe_mtu, "1492");
+  EXPECT_EQ(draft.info.static_mtu, "1500");
+  EXPECT_EQ(draft.info.dhcp_mtu, "1500");
+  EXPECT_EQ(draft.info.wan_enable, "true");
+  EXPECT_EQ(draft.info.wan_remote_management_enable, "false");
+  EXPECT_EQ(draft.info.stp_enable, "false");
+  WanPatch bridged;
+  bridged["class"] = "bridged";
+  EXPECT_EQ(draft_new(bridged).info.nat_mode, 0);
 }
 
 }  // namespace
