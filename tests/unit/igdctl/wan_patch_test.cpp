@@ -130,6 +130,24 @@ TEST(WanPatch, NeverShowsAPassword) {
   }
 }
 
+TEST(WanFields, AreTheSameInAnyOrderAndWithoutEmptyTexts) {
+  const WanField& ports = field_of("bind_lan");
+  EXPECT_TRUE(is_same(ports, Names{"LAN1", "LAN2"}, Names{"LAN2", "LAN1"}));
+  EXPECT_FALSE(is_same(ports, Names{"LAN1", "LAN2"}, Names{"LAN1"}));
+  const WanField& servers = field_of("dns");  // the first is asked first
+  EXPECT_FALSE(is_same(servers, Names{"192.0.2.1", "192.0.2.2"}, Names{"192.0.2.2", "192.0.2.1"}));
+  const WanField& texts = field_of("port_option60");
+  EXPECT_TRUE(is_same(texts, TextsByPort{}, TextsByPort{{"LAN1", ""}}));
+  EXPECT_FALSE(is_same(texts, TextsByPort{}, TextsByPort{{"LAN1", "x"}}));
+}
+
+TEST(WanFields, TellTheirRangeAndWhatItsEndMeans) {
+  const std::string help = help_of(field_of("vlan"));
+  const std::string range = ", 0 to 4094; 0 is untagged";
+  ASSERT_GT(help.size(), range.size());
+  EXPECT_EQ(help.substr(help.size() - range.size()), range);
+}
+
 TEST(WanDraft, OfANewConnectionIsWhatMostConnectionsAre) {
   const WanDraft draft = draft_new({});
   EXPECT_EQ(draft.access, "Ethernet");
