@@ -111,6 +111,10 @@ load household
   expect_unchanged 0 wan set Management --vlan 200
   expect_unchanged 0 wan set Management --vlan 210 --dry-run
   expect 0 wan set Management --vlan 210 --yes
+  # Also when it stops to carry the service, or another one begins to.
+  expect_unchanged 8 wan set Management --service OTHER
+  expect 0 wan set Management --service OTHER --yes
+  expect_unchanged 8 wan set Television --service TR069
 }
 
 @test "a change that waits for its confirmation stands in the way of the next" {
