@@ -7,6 +7,8 @@
   check_json.py kinds                 prints the kinds that there are schemas for, one a line
   check_json.py page                  the page and the schemas have the same kinds and keys
 
+People read documents too: the members of an object stand in the order that its schema lists.
+
 Faults go to standard error, one a line, and end it with 1.
 """
 
@@ -32,17 +34,25 @@ def kinds_of_schemas():
     return {path.stem for path in SCHEMAS.glob("*.json")} - NO_KINDS
 
 
-def validator_of(name):
+def in_order(validator, properties, instance, schema):
+    """In place of the usual check of `properties`."""
+    yield from DRAFT.VALIDATORS["properties"](validator, properties, instance, schema)
+    if validator.is_type(instance, "object"):
+        listed = [key for key in properties if key in instance]
+        if [key for key in instance if key in properties] != listed:
+            yield jsonschema.ValidationError(f"its members stand in another order than {listed}")
+
+
+DRAFT = jsonschema.Draft202012Validator
+ORDERED = jsonschema.validators.extend(DRAFT, {"properties": in_order})
+
+
+def faults_of(value, name, draft=DRAFT):
     """Schemas name each other by their files."""
     schema = schema_of(name)
-    draft = jsonschema.Draft202012Validator
     draft.check_schema(schema)
     base = (SCHEMAS / f"{name}.json").as_uri()
-    return draft(schema, resolver=jsonschema.RefResolver(base, schema))
-
-
-def faults_of(value, name):
-    errors = validator_of(name).iter_errors(value)
+    errors = draft(schema, resolver=jsonschema.RefResolver(base, schema)).iter_errors(value)
     return [f"{error.json_path}: {error.message[:300]}" for error in errors]
 
 
@@ -53,7 +63,7 @@ def check_documents(files):
         document = json.loads(pathlib.Path(file).read_text())
         kind = document.get("kind")
         known = kind in kinds_of_schemas()
-        found = faults_of(document, kind) if known else [f"no schema for the kind {kind!r}"]
+        found = faults_of(document, kind, ORDERED) if known else [f"no schema for the kind {kind!r}"]
         faults += [f"{file}: {fault}" for fault in found]
         kinds.add(str(kind))
     print("\n".join(sorted(kinds)))

@@ -23,6 +23,14 @@ expect() {
       "$status" "$code" "$*" "$output" "${stderr:-}" >&2
     return 1
   fi
+  says_what_is_wrong_first
+}
+
+# The line of a message says what is wrong; what to do stands below it.
+says_what_is_wrong_first() {
+  local what_to_do='(add|choose|create|give|go ahead|keep|leave|put|remove|take|try|use) '
+  [[ ! $'\n'${stderr-} =~ $'\n'"igdctl: "$what_to_do ]] ||
+    { printf 'a message begins with what to do:\n%s\n' "$stderr" >&2; return 1; }
 }
 
 # The test fails unless the text, $output without another, holds these words.

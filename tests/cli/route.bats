@@ -35,6 +35,27 @@ route=InternetGatewayDevice.Layer3Forwarding.Forwarding
   has Internet
 }
 
+@test "a route that differs in anything is set anew" {
+  household
+  expect 0 route add 198.51.100.0/24 --gateway 192.0.2.1
+  expect 0 route add 198.51.100.0/24 --gateway 192.0.2.2
+  has "Set the route"
+  expect 0 route add 198.51.100.0/24 --gateway 192.0.2.2 --disabled
+  has "Set the route"
+  expect 0 route list --json
+  has '"destination": "198.51.100.0"'
+  has '"mask": "255.255.255.0"'
+  has '"via": "gateway"'
+  has '"gateway": "192.0.2.2"'
+  has '"enabled": false'
+  expect 0 route add 198.51.100.0/24 --connection Internet
+  expect 0 route add 198.51.100.0/24 --connection Television
+  has "Set the route"
+  expect 0 route list --json
+  has '"via": "connection"'
+  has '"connection": "Television"'
+}
+
 @test "host bits are refused, and the network is named" {
   expect 2 route add 198.51.100.7/24 --gateway 192.0.2.1
   has "give its network, 198.51.100.0/24" "$stderr"
@@ -51,7 +72,9 @@ route=InternetGatewayDevice.Layer3Forwarding.Forwarding
   has "gap" "$stderr"
   expect 2 route add 198.51.100.0 --gateway 192.0.2.1
   expect 2 route add 198.51.100.0/24
+  has "neither a gateway nor a connection" "$stderr"
   expect 2 route add 198.51.100.0/24 --gateway 192.0.2.1 --connection Internet
+  has "both a gateway and a connection" "$stderr"
   expect 2 route add 198.51.100.0/24 --gateway ""
   expect 2 route add
 }
@@ -59,11 +82,13 @@ route=InternetGatewayDevice.Layer3Forwarding.Forwarding
 @test "a missing connection, or one without a name" {
   expect 3 route add 198.51.100.0/24 --connection Internet
   household
-  for object in WANIPConnection.1 WANIPConnection.2 WANPPPConnection.1; do
-    edit_tree set "InternetGatewayDevice.WANDevice.1.WANConnectionDevice.2.$object.Name" Internet
+  for name in Internet ''; do
+    for object in WANIPConnection.1 WANIPConnection.2 WANPPPConnection.1; do
+      edit_tree set "InternetGatewayDevice.WANDevice.1.WANConnectionDevice.2.$object.Name" "$name"
+    done
+    expect 4 route add 198.51.100.0/24 --connection 1.2
+    has "igdctl wan set 1.2 --name NAME" "$stderr"
   done
-  expect 4 route add 198.51.100.0/24 --connection 1.2
-  has "igdctl wan set 1.2 --name NAME" "$stderr"
   expect 0 route list
   has "no static routes"
 }
@@ -72,6 +97,7 @@ route=InternetGatewayDevice.Layer3Forwarding.Forwarding
   expect 0 route add 198.51.100.0/24 --gateway 192.0.2.1
   expect 0 route add 198.51.100.0/25 --gateway 192.0.2.1
   expect 0 route remove 198.51.100.0 255.255.255.0
+  has "Removed the route to 198.51.100.0 255.255.255.0"
   expect 0 route list
   [ "${#lines[@]}" -eq 2 ]
   has 198.51.100.0/25
@@ -105,6 +131,7 @@ route=InternetGatewayDevice.Layer3Forwarding.Forwarding
   expect 0 route list
   [ "${#lines[@]}" -eq 3 ]
   expect 0 route clear --yes
+  has "Removed all static routes: 2"
   expect 0 route list
   has "no static routes"
 }

@@ -1,25 +1,11 @@
-# The store: dumps, checkpoints, history, confirmation.
+# The store: exports, checkpoints, history, confirmation.
 load helper
+load dump
 
 name=InternetGatewayDevice.Layer2Bridging.Bridge.1.BridgeName
 
-tree_now() { igdctl --show-secrets tree dump; }
 set_name() { igdctl tree set "$name" "$1"; }
 bridge_name() { igdctl tree get "$name"; }
-
-# A dump with a boolean and a count as gateways write them, what the data model lacks, and what is
-# not the gateway's.
-write_dump() {
-  cat >"$BATS_TEST_TMPDIR/dump.csv" <<'EOF'
-Parameter,Object,Writable,Value,Value type
-InternetGatewayDevice.Layer2Bridging.BridgeNumberOfEntries,false,false,5,xsd:unsignedInt
-InternetGatewayDevice.Layer2Bridging.Bridge.1,true,true,,
-InternetGatewayDevice.Layer2Bridging.Bridge.1.BridgeName,false,true,imported,xsd:string
-InternetGatewayDevice.Layer2Bridging.Bridge.1.BridgeEnable,false,true,TRUE,xsd:boolean
-InternetGatewayDevice.X_Own.Colour,false,true,red,xsd:string
-DeviceID.ID,false,false,1,xsd:string
-EOF
-}
 
 # Overwrites four bytes of the store's file.
 patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrunc status=none; }
@@ -32,46 +18,6 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   expect 0 --json store path
   has '"exists": false'
   [ ! -e "$IGD_STORE" ]
-}
-
-@test "an import replaces the tree and reports what it changed" {
-  write_dump
-  expect 0 store import "$BATS_TEST_TMPDIR/dump.csv"
-  has "Imported"
-  has "TRUE became true"
-  has 'is 1, not "5"'
-  has "not in the data model"
-  has "1 row skipped"
-  [ "$(bridge_name)" = imported ]
-  expect 0 store import "$BATS_TEST_TMPDIR/dump.csv"
-  has "No change"
-}
-
-@test "an import can be inspected first" {
-  write_dump
-  before=$(tree_now)
-  expect 0 store import - --dry-run <"$BATS_TEST_TMPDIR/dump.csv"
-  has "BridgeName = \"imported\", was \"internet\""
-  [ "$(tree_now)" = "$before" ]
-  expect 0 --json store import "$BATS_TEST_TMPDIR/dump.csv" --dry-run
-  has '"result": "dry-run"'
-  has '"booleans": 1'
-  has '"kind": "foreign"'
-  [ "$(tree_now)" = "$before" ]
-}
-
-@test "a malformed dump is refused as a whole, naming the line" {
-  write_dump
-  printf 'InternetGatewayDevice.X,maybe,true,,\n' >>"$BATS_TEST_TMPDIR/dump.csv"
-  before=$(tree_now)
-  expect 2 store import "$BATS_TEST_TMPDIR/dump.csv"
-  has "dump.csv:8: InternetGatewayDevice.X: Object is neither true nor false" "$stderr"
-  expect 2 store import "$BATS_TEST_TMPDIR/none.csv"
-  has "cannot read" "$stderr"
-  igdctl --quiet store export --format json >"$BATS_TEST_TMPDIR/tree.json"
-  expect 2 store import "$BATS_TEST_TMPDIR/tree.json"
-  has "import a CSV dump" "$stderr"
-  [ "$(tree_now)" = "$before" ]
 }
 
 @test "an export can be imported again, byte for byte" {
@@ -96,6 +42,8 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   has '"kind": "store.export"'
   expect 0 --json store export "$BATS_TEST_TMPDIR/out.csv"
   has '"format": "csv"'
+  has "\"objects\": $(grep -c '^[^,]*,true,' "$BATS_TEST_TMPDIR/out.csv")"
+  has "\"parameters\": $(grep -c '^[^,]*,false,' "$BATS_TEST_TMPDIR/out.csv")"
   expect 2 --json store export --format csv
   expect 2 store export --format yaml
 }
@@ -139,6 +87,8 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   has 'did you mean "before"?' "$stderr"
   expect 3 store diff before after
   has 'no checkpoint "after"' "$stderr"
+  expect 3 store diff after before
+  has 'no checkpoint "after"' "$stderr"
   set_name lan
   expect 2 store checkpoint delete @1
   has "deleted after 20 newer changes" "$stderr"
@@ -149,8 +99,11 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   has "There have been no changes yet"
   set_name lan
   set_name wan
+  expect 0 store history
+  has_not CHECKPOINT
   igdctl store checkpoint named
   expect 0 store history
+  has CHECKPOINT
   [[ ${lines[1]} =~ \ tree\ set\ $name\ +@2$ ]]
   [[ ${lines[2]} =~ \ tree\ set\ $name\ +@1$ ]]
   has "named"
@@ -161,6 +114,37 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   has '"label": "store restore @1"'
 }
 
+@test "history names the command behind each change" {
+  igdctl -q wan create --name Voice --vlan 400
+  igdctl -q wan set Voice --mtu 1400
+  igdctl -q wan ensure --name Other --vlan 500
+  igdctl -q wan remove Other
+  igdctl -q bridge move LAN4 br_1_1
+  igdctl -q route add 198.51.100.0/24 --gateway 192.0.2.1
+  igdctl -q route remove 198.51.100.0/24
+  igdctl -q route add 203.0.113.0 255.255.255.0 --gateway 192.0.2.1
+  igdctl -q route clear --yes
+  igdctl -q acs set --username gw
+  igdctl -q tree set ManagementServer.Username=one ManagementServer.URL=
+  write_dump
+  igdctl -q store import "$BATS_TEST_TMPDIR/dump.csv"
+  expect 0 --json store history
+  diff - <(sed -n 's/.*"label": "\(.*\)".*/\1/p' <<<"$output") <<END
+store import $BATS_TEST_TMPDIR/dump.csv
+tree set 2 parameters
+acs set
+route clear
+route add 203.0.113.0 255.255.255.0
+route remove 198.51.100.0/24
+route add 198.51.100.0 255.255.255.0
+bridge move LAN4
+wan remove Other
+wan ensure
+wan set Voice
+wan create Voice
+END
+}
+
 @test "diff compares checkpoints with each other and with now" {
   igdctl store checkpoint first
   set_name lan
@@ -169,12 +153,14 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   expect 0 store diff
   has '= "wan", was "lan"'
   expect 0 store diff first
+  [ "${lines[0]}" = 'From checkpoint "first" to now' ]
   has '= "wan", was "internet"'
   expect 0 store diff first second
   has '= "lan", was "internet"'
   expect 0 store diff second second
   has "none"
   expect 0 --json store diff first
+  has '"from": "first"'
   has '"to": null'
   has '"after": "wan"'
 }
@@ -196,9 +182,11 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   has "will be reverted in"
   expect 0 --json store history
   has '"milliseconds_left"'
+  [ "$(grep -c '"generation": 3' <<<"$output")" -eq 2 ]  # of the change, and of the store
   expect 6 store restore before
   has "igdctl store confirm" "$stderr"
   expect 0 store revert
+  has "Reverted the change \"tree set $name\""
   [ "$(bridge_name)" = lan ]
   igdctl tree set $name wan --confirm 60
   expect 0 store confirm
@@ -219,23 +207,6 @@ patch_store() { printf '%b' "$2" | dd of="$IGD_STORE" bs=1 seek="$1" conv=notrun
   [ "$(bridge_name)" = internet ]
   expect 0 store revert
   [ "$(bridge_name)" = lan ]
-}
-
-@test "a damaged store is left alone unless an import is allowed to move it away" {
-  write_dump
-  printf 'no database at all, but long enough' >"$IGD_STORE"
-  expect 5 store history
-  has "--keep-corrupt-aside" "$stderr"
-  expect 5 store import "$BATS_TEST_TMPDIR/dump.csv"
-  expect 2 store import "$BATS_TEST_TMPDIR/none.csv" --keep-corrupt-aside
-  expect 2 store import "$BATS_TEST_TMPDIR/dump.csv" --keep-corrupt-aside --dry-run
-  [[ $(cat "$IGD_STORE") == "no database"* ]]
-  expect 0 store import "$BATS_TEST_TMPDIR/dump.csv" --keep-corrupt-aside
-  has "gateway.db.corrupt-1" "$stderr"
-  [[ $(cat "$IGD_STORE.corrupt-1") == "no database"* ]]
-  [ "$(bridge_name)" = imported ]
-  expect 0 store import "$BATS_TEST_TMPDIR/dump.csv" --keep-corrupt-aside
-  [ ! -e "$IGD_STORE.corrupt-2" ]
 }
 
 @test "a store of a newer version, and another program's database, are left alone" {

@@ -240,13 +240,21 @@ $wan.AddressingType,false,true,Static,xsd:string
 $wan.Enable,false,true,true,xsd:boolean
 $wan.X_CT-COM_ServiceList,false,true,TR069,xsd:string
 EOF
+  igdctl store checkpoint without
   igdctl --quiet store import "$BATS_TEST_TMPDIR/managed.csv"
   igdctl store checkpoint managed
+  expect_no_change 8 store restore without
   expect_no_change 8 tree set $wan.MaxMTUSize 1400
   has 'connection "Management" carries the management service' "$stderr"
   expect 0 tree set $wan.MaxMTUSize 1400 --yes
   expect_no_change 8 store restore managed
   expect_no_change 8 store import "$BATS_TEST_TMPDIR/managed.csv"
+  { # what is there, and an object more, with its defaults
+    cat "$BATS_TEST_TMPDIR/managed.csv"
+    echo "$wan.MaxMTUSize,false,true,1400,xsd:unsignedInt"
+    echo "${wan%1}2,true,true,,"
+  } >"$BATS_TEST_TMPDIR/added.csv"
+  expect_no_change 8 store import "$BATS_TEST_TMPDIR/added.csv"
   expect 0 tree set DeviceInfo.ProvisioningCode free
   expect 0 store restore managed --confirm 60
 }

@@ -56,6 +56,14 @@ load helper
   [[ $(head -n 1 "$BATS_TEST_TMPDIR/trace") == *passwords* ]]
 }
 
+@test "a trace replaces what its file held, which others could read" {
+  printf '%5000s' old >"$BATS_TEST_TMPDIR/trace"
+  chmod 644 "$BATS_TEST_TMPDIR/trace"
+  expect 0 wan list --trace="$BATS_TEST_TMPDIR/trace"
+  [ "$(stat -c %a "$BATS_TEST_TMPDIR/trace")" = 600 ]
+  has_not old "$(cat "$BATS_TEST_TMPDIR/trace")"
+}
+
 @test "a trace file that is a link, or not a file, is refused and left alone" {
   printf 'kept' >"$BATS_TEST_TMPDIR/precious"
   ln -s precious "$BATS_TEST_TMPDIR/link"

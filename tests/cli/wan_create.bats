@@ -58,6 +58,7 @@ load helper
     has "$word" "$stderr"
   done
   has "give a whole number from 0 to 4094" "$stderr"
+  has "give routed, bridged or routed-bridged" "$stderr"
 }
 
 @test "ambiguous names are refused" {
@@ -128,6 +129,9 @@ load helper
   expect_unchanged 4 wan create --name Second --vlan 500 --bind-lan LAN1 --force
   has 'port LAN1 belongs to connection "Internet"' "$stderr"
   expect_unchanged 4 wan create --name Second --vlan 500 --bind-wan LAN4
+  expect_unchanged 4 wan create --name Second --vlan 100 --bind-lan LAN1
+  has "port LAN1" "$stderr"
+  has "VLAN 100" "$stderr"  # told at once, though it can be forced and the port cannot
 }
 
 @test "a port of another connection is not taken even if the management connection comes first" {

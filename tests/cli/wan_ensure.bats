@@ -38,7 +38,8 @@ ensure() { expect "$1" wan ensure --from "$BATS_TEST_TMPDIR/wan.json" "${@:2}"; 
 
 @test "several at once: all of them or none" {
   describe '[{"name": "A", "vlan": 10}, {"name": "B", "vlan": 20, "service": ["VOIP"]}]'
-  ensure 0
+  ensure 0 --json
+  has_not '"path"'
   expect 0 wan list
   has "A "
   has "B "

@@ -67,6 +67,10 @@ load helper
   expect_unchanged 4 wan check Internet --vlan 300 --json
   has '"verdict": 9'
   has '"can_be_forced": true'
+  has '"was_there": false'
+  grep -q '"message": ".*already has VLAN 300"' <<<"$output"
+  expect_unchanged 0 wan check Television --removal --json
+  has '"verdict": 1'
   expect_unchanged 0 wan check Television --removal
   expect_unchanged 4 wan check Internet --removal
   expect_unchanged 2 wan check --removal

@@ -72,6 +72,9 @@ load household
   has '"result": "dry-run"'
   has '"plan": ['
   has '"difference": {'
+  [ "$(grep -c '"before": "100"' <<<"$output")" -eq "$(grep -c '"after": "110"' <<<"$output")" ]
+  [ "$(grep -A 1 '"before": "100"' <<<"$output" | grep -c '"after": "110"')" -ge 2 ]
+  has_not '"after": "100"'
 }
 
 @test "a plain field is one write in each object that holds it and has another text" {
@@ -108,6 +111,10 @@ load household
   expect_unchanged 0 wan set Management --vlan 200
   expect_unchanged 0 wan set Management --vlan 210 --dry-run
   expect 0 wan set Management --vlan 210 --yes
+  # Also when it stops to carry the service, or another one begins to.
+  expect_unchanged 8 wan set Management --service OTHER
+  expect 0 wan set Management --service OTHER --yes
+  expect_unchanged 8 wan set Television --service TR069
 }
 
 @test "while a change waits for confirmation, no other is accepted" {

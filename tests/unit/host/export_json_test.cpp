@@ -75,6 +75,23 @@ TEST(JsonExport, DescribesObjects) {
   EXPECT_EQ(entry(objects, "path", kInfo)["kind"], "object");
 }
 
+// People look for a name first.
+TEST(JsonExport, BeginsWithWhatAnEntryIsAbout) {
+  std::ostringstream text;
+  ASSERT_TRUE(host::export_json(Tree(), text).ok);
+  const auto document = nlohmann::ordered_json::parse(text.str());
+  const auto keys_of = [](const nlohmann::ordered_json& object) {
+    std::vector<std::string> keys;
+    for (const auto& item : object.items()) keys.push_back(item.key());
+    return keys;
+  };
+  using Keys = std::vector<std::string>;
+  EXPECT_EQ(keys_of(document), (Keys{"format", "objects", "parameters"}));
+  EXPECT_EQ(keys_of(document["objects"][0]), (Keys{"path", "kind", "writable", "extension"}));
+  EXPECT_EQ(keys_of(document["parameters"][0]),
+            (Keys{"name", "value", "type", "writable", "extension", "derived"}));
+}
+
 TEST(JsonExport, DescribesParameters) {
   Tree tree;
   ASSERT_TRUE(host::import_csv_file(tree, std::string(TEST_DATA_DIR) + "/gateway.csv").ok);

@@ -30,5 +30,66 @@ TEST(ManPage, HasASectionForEveryCommandAndARowForEveryExitCode) {
   EXPECT_EQ(man_page(root, "igdctl-nothing", true), "");
 }
 
+TEST(ManPage, ShowsWhatACommandNeedsAndTakesAndNothingHidden) {
+  CLI::App root("A tool", "igdctl");
+  CLI::App& command = *root.add_subcommand("wan", "Connections")->add_subcommand("set", "Change");
+  std::string text;
+  command.add_option("NAME", text, "Which")->required();
+  command.add_option("OTHER", text, "What else");
+  command.add_option("--unshown", text, "Hidden")->group("");
+  const std::string page = man_page(root, "igdctl-wan", true);
+  EXPECT_NE(page.find("\\fBigdctl wan set\\fR [OPTION]... NAME [OTHER]\n"), std::string::npos)
+      << page;
+  EXPECT_EQ(page.find("Hidden"), std::string::npos) << page;
+  EXPECT_EQ(page.find("\\-\\-help"), page.rfind("\\-\\-help")) << page;  // one for all commands
+}
+
+TEST(ManPage, OfAGroupWithoutCommandsDescribesTheGroup) {
+  CLI::App root("A tool", "igdctl");
+  root.add_subcommand("doctor", "Look for faults");
+  EXPECT_NE(man_page(root, "igdctl-doctor", true).find(".SS \"igdctl doctor\"\nLook for faults.\n"),
+            std::string::npos);
+}
+
+TEST(ManPage, SaysWhatEachExitCodeMeans) {
+  const CLI::App root("A tool", "igdctl");
+  const std::string page = man_page(root, "igdctl", true);
+  const char* const meanings[] = {"done",
+                                  "something unexpected failed",
+                                  "bad input",
+                                  "no such connection",
+                                  "a check failed",
+                                  "the store cannot be used",
+                                  "a change still waits",
+                                  "this build cannot do that",
+                                  "the change needs",
+                                  "the platform refused",
+                                  "doctor found contradictions"};
+  int code = 0;
+  for (const char* const meaning : meanings) {
+    const std::string row = ".TP\n\\fB" + std::to_string(code++) + "\\fR\n" + meaning;
+    EXPECT_NE(page.find(row), std::string::npos) << row;
+  }
+}
+
+TEST(ManPage, NamesTheStoresEnvironmentWhereThereIsAStore) {
+  const CLI::App root("A tool", "igdctl");
+  EXPECT_NE(man_page(root, "igdctl", true).find("IGD_STORE"), std::string::npos);
+  EXPECT_EQ(man_page(root, "igdctl", false).find("IGD_STORE"), std::string::npos);
+}
+
+TEST(ManPage, OfTheProgramHasItsGroupsAndTheOptionsOfAllCommands) {
+  CLI::App root("A tool", "igdctl");
+  root.set_help_flag("--help", "Show this help");
+  root.add_flag("--json", "Print one document");
+  root.add_subcommand("wan", "Connections");
+  const std::string page = man_page(root, "igdctl", true);
+  EXPECT_NE(page.find(".SH GROUPS\n.TP\n\\fBwan\\fR\nConnections. See igdctl\\-wan(1).\n"
+                      ".SH OPTIONS\n.TP\n\\fB\\-\\-help\\fR\nShow this help.\n"
+                      ".TP\n\\fB\\-\\-json\\fR\nPrint one document.\n.SH EXAMPLES\n"),
+            std::string::npos)
+      << page;
+}
+
 }  // namespace
 }  // namespace igdctl

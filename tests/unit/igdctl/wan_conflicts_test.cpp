@@ -5,6 +5,7 @@
 
 #include "host_platform.h"
 #include "igd_api.h"
+#include "igd_vocabulary.h"
 #include "stdout_capture.h"
 #include "wan/wan_change.h"
 #include "wan/wan_checks.h"
@@ -130,10 +131,87 @@ TEST_F(WanObjections, AVlanThatIsSharedAlreadyIsNoReasonAgainstAnotherChange) {
   const std::vector<Conflict> all = conflicts("Internet", patch);
   ASSERT_NE(find(all, About::kVlan), nullptr);
   EXPECT_TRUE(find(all, About::kVlan)->was_there);
+  EXPECT_EQ(find(all, About::kVlan)->message,
+            "bridge \"br_1_2\" of connection \"Voice\" already has VLAN 100");
   patch["vlan"] = 200;
   EXPECT_TRUE(conflicts("Internet", patch).empty());
   set(connection("Voice").bridge_path + "VLANID", "200");
   EXPECT_FALSE(find(conflicts("Internet", patch), About::kVlan)->was_there);
+}
+
+TEST_F(WanObjections, ALanBridgeWithoutPortsIsNoReasonAgainstAChangeOfSomethingElse) {
+  tree_ = host::Tree::factory();
+  forget();
+  WanPatch patch;
+  patch["name"] = "All";
+  patch["class"] = "bridged";
+  patch["bind_wan"] = Names{igd::kBindablePorts.begin(), igd::kBindablePorts.end()};
+  WanDraft draft = draft_new(patch);
+  {
+    const support::StdoutCapture trace;
+    (void)igd_wan_create(draft.access, &draft.info);
+  }
+  const auto last_port = [](const WanPatch& change) {
+    const std::vector<Conflict> all = conflicts("All", change);
+    const Conflict* const found = find(all, About::kLastPort);
+    return found == nullptr ? "none" : found->was_there ? "as before" : "new";
+  };
+  WanPatch other;
+  other["mtu"] = 1400;
+  EXPECT_STREQ(last_port(other), "as before");
+  WanPatch of_class;
+  of_class["class"] = "routed-bridged";
+  EXPECT_STREQ(last_port(of_class), "new");
+  WanPatch of_ports;
+  of_ports["bind_wan"] = Names{"LAN1"};
+  EXPECT_STREQ(last_port(of_ports), "new");
+}
+
+TEST_F(WanObjections, TheLanBridgeIsNobodysUntaggedOne) {
+  set(connection("Voice").bridge_path + "VLANID", "0");
+  WanPatch patch;
+  patch["name"] = "Third";
+  const std::vector<Conflict> all = conflicts_of_new(patch);
+  ASSERT_NE(find(all, About::kVlan), nullptr);
+  EXPECT_EQ(
+      find(all, About::kVlan)->message,
+      "bridge \"br_1_2\" of connection \"Voice\" is untagged, and only one connection can be");
+}
+
+TEST_F(WanObjections, ASecondManagementServiceThatIsThereIsNoReasonAgainstAnotherChange) {
+  for (const char* name : {"Internet", "Voice"}) {
+    set(connection(name).path + "WANIPConnection.2.X_CT-COM_ServiceList", "TR069");
+  }
+  WanPatch patch;
+  patch["mtu"] = 1400;
+  const std::vector<Conflict> all = conflicts("Internet", patch);
+  ASSERT_NE(find(all, About::kManagement), nullptr);
+  EXPECT_TRUE(find(all, About::kManagement)->was_there);
+  patch["service"] = Names{"TR069", "VOIP"};
+  EXPECT_FALSE(find(conflicts("Internet", patch), About::kManagement)->was_there);
+}
+
+TEST_F(WanObjections, APortThatTwoConnectionsHaveIsNoReasonAgainstAnotherChange) {
+  int number = 0;
+  const std::string ports = connection("Voice").bridge_path + "Port.";
+  ASSERT_EQ(tree_.add_object(ports, &number), 0);
+  set(ports + std::to_string(number) + ".PortInterface", "LAN1");
+  WanPatch patch;
+  patch["mtu"] = 1400;
+  const std::vector<Conflict> all = conflicts("Internet", patch);
+  ASSERT_NE(find(all, About::kPort), nullptr);
+  EXPECT_TRUE(find(all, About::kPort)->was_there);
+  patch["bind_lan"] = Names{"LAN1", "LAN2"};
+  EXPECT_FALSE(find(conflicts("Internet", patch), About::kPort)->was_there);
+}
+
+TEST_F(WanObjections, AConnectionWithoutAModeNeedsNoObjectForIt) {
+  for (const char* object : {"WANIPConnection.1.", "WANIPConnection.2.", "WANPPPConnection.1."}) {
+    set(connection("Voice").path + object + "Enable", "false");
+  }
+  WanPatch patch;
+  patch["vlan"] = 300;
+  EXPECT_EQ(find(conflicts("Voice", patch), About::kObject), nullptr);
 }
 
 TEST_F(WanObjections, APortOfAnotherConnectionIsTakenByNoForce) {

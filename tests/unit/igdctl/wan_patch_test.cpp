@@ -5,6 +5,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include "wan/wan_draft.h"
+
 namespace {
 
 using namespace igdctl;
@@ -126,6 +128,43 @@ TEST(WanPatch, NeverShowsAPassword) {
   for (const Problem& problem : faults_in(R"({"password": "hush\u0001"})")) {
     EXPECT_EQ(problem.message.find("hush"), std::string::npos);
   }
+}
+
+TEST(WanFields, AreTheSameInAnyOrderAndWithoutEmptyTexts) {
+  const WanField& ports = field_of("bind_lan");
+  EXPECT_TRUE(is_same(ports, Names{"LAN1", "LAN2"}, Names{"LAN2", "LAN1"}));
+  EXPECT_FALSE(is_same(ports, Names{"LAN1", "LAN2"}, Names{"LAN1"}));
+  const WanField& servers = field_of("dns");  // the first is asked first
+  EXPECT_FALSE(is_same(servers, Names{"192.0.2.1", "192.0.2.2"}, Names{"192.0.2.2", "192.0.2.1"}));
+  const WanField& texts = field_of("port_option60");
+  EXPECT_TRUE(is_same(texts, TextsByPort{}, TextsByPort{{"LAN1", ""}}));
+  EXPECT_FALSE(is_same(texts, TextsByPort{}, TextsByPort{{"LAN1", "x"}}));
+}
+
+TEST(WanFields, TellTheirRangeAndWhatItsEndMeans) {
+  const std::string help = help_of(field_of("vlan"));
+  const std::string range = ", 0 to 4094; 0 is untagged";
+  ASSERT_GT(help.size(), range.size());
+  EXPECT_EQ(help.substr(help.size() - range.size()), range);
+}
+
+TEST(WanDraft, OfANewConnectionIsWhatMostConnectionsAre) {
+  const WanDraft draft = draft_new({});
+  EXPECT_EQ(draft.access, "Ethernet");
+  EXPECT_EQ(draft.info.connection_class, kIgdRouted);
+  EXPECT_EQ(draft.info.connect_mode, kIgdDhcp);
+  EXPECT_EQ(draft.info.service_type, "INTERNET");
+  EXPECT_EQ(draft.info.vlan_enable, 0);
+  EXPECT_EQ(draft.info.nat_mode, 1);
+  EXPECT_EQ(draft.info.pppoe_mtu, "1492");
+  EXPECT_EQ(draft.info.static_mtu, "1500");
+  EXPECT_EQ(draft.info.dhcp_mtu, "1500");
+  EXPECT_EQ(draft.info.wan_enable, "true");
+  EXPECT_EQ(draft.info.wan_remote_management_enable, "false");
+  EXPECT_EQ(draft.info.stp_enable, "false");
+  WanPatch bridged;
+  bridged["class"] = "bridged";
+  EXPECT_EQ(draft_new(bridged).info.nat_mode, 0);
 }
 
 }  // namespace

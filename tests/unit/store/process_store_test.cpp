@@ -35,6 +35,16 @@ class ProcessStore : public StoreBench {
     EXPECT_EQ(status, 0);
     return {buffer, static_cast<std::size_t>(size)};
   }
+
+  // How a process ends that does this.
+  template <typename Action>
+  static int ended(const Action& action) {
+    const pid_t child = fork();
+    if (child == 0) _exit(action());
+    int status = 0;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    return status;
+  }
 };
 
 std::optional<timespec> changed_at(const char* path) {
@@ -86,16 +96,13 @@ TEST_F(ProcessStore, MakesItsFoldersForTheirOwnerAlone) {
   constexpr uid_t kSomebody = 65534;
   ASSERT_EQ(chmod(folder_.c_str(), 0777), 0);
   const std::string state_folder = folder_ + "/a/state";
-  const pid_t child = fork();
-  if (child == 0) {
+  const int status = ended([&state_folder] {
     (void)unsetenv("IGD_STORE");
     (void)setenv("XDG_STATE_HOME", state_folder.c_str(), 1);
     (void)umask(0);
-    if (geteuid() == 0 && seteuid(kSomebody) != 0) _exit(1);
-    _exit(host::process_store() != nullptr ? 0 : 2);
-  }
-  int status = 0;
-  ASSERT_EQ(waitpid(child, &status, 0), child);
+    if (geteuid() == 0 && seteuid(kSomebody) != 0) return 1;
+    return host::process_store() != nullptr ? 0 : 2;
+  });
   EXPECT_EQ(status, 0);
   for (const std::string& made : {folder_ + "/a", state_folder, state_folder + "/igd"}) {
     struct stat made_status = {};
@@ -103,6 +110,20 @@ TEST_F(ProcessStore, MakesItsFoldersForTheirOwnerAlone) {
     EXPECT_EQ(made_status.st_mode & 0777U, 0700U) << made;
   }
   EXPECT_TRUE(std::filesystem::exists(state_folder + "/igd/gateway.db"));
+}
+
+TEST_F(ProcessStore, SaysWhatCouldNameAFileWhenNothingDoes) {
+  constexpr uid_t kSomebody = 65534;
+  const int status = ended([] {
+    for (const char* name : {"IGD_STORE", "XDG_STATE_HOME", "HOME"}) (void)unsetenv(name);
+    if (geteuid() == 0 && seteuid(kSomebody) != 0) return 1;
+    StoreResult result;
+    const bool is_told = host::process_store(&result) == nullptr &&
+                         result.error == StoreError::kNotOpened &&
+                         result.text == "none of IGD_STORE, XDG_STATE_HOME and HOME is set";
+    return is_told ? 0 : 2;
+  });
+  EXPECT_EQ(status, 0);
 }
 
 TEST_F(ProcessStore, GivesNoContextWhenItCannotBeOpenedAndSaysSoOnce) {
@@ -116,8 +137,7 @@ TEST_F(ProcessStore, GivesNoContextWhenItCannotBeOpenedAndSaysSoOnce) {
 
 TEST_F(ProcessStore, TakesNoWriteWhenItCannotBeOpenedButAnotherTreeDoes) {
   write_file(path_, "damaged");
-  const pid_t child = fork();
-  if (child == 0) {
+  const int status = ended([this] {
     (void)setenv("IGD_STORE", path_.c_str(), 1);
     StoreResult result;
     const bool is_refused = host::process_store(&result) == nullptr &&
@@ -126,10 +146,8 @@ TEST_F(ProcessStore, TakesNoWriteWhenItCannotBeOpenedButAnotherTreeDoes) {
                             host::active_tree().refusals().size() == 1 && getContext() == nullptr;
     host::Tree other;
     (void)host::exchange_active_tree(&other);
-    _exit(is_refused && getContext() != nullptr ? 0 : 1);
-  }
-  int status = 0;
-  ASSERT_EQ(waitpid(child, &status, 0), child);
+    return is_refused && getContext() != nullptr ? 0 : 1;
+  });
   EXPECT_EQ(status, 0);
 }
 
@@ -165,6 +183,20 @@ TEST_F(ProcessStore, IsTriedAgainWhenItCanBeOpened) {
 TEST_F(ProcessStore, IsTheStoreAgainWhenItsTreeIsPutBack) {
   EXPECT_EQ(ran({"exchange", "set", kUrl, "x", "commit"}), "0\n0\n");
   EXPECT_EQ(ran({"get", kUrl}), "x\n");
+}
+
+TEST_F(ProcessStore, KeepsItsBatchOpenWhileACommitIsForAnotherTree) {
+  const int status = ended([this] {
+    (void)setenv("IGD_STORE", path_.c_str(), 1);
+    host::Tree other;
+    (void)host::active_tree().set_value(kUrl, "x");
+    (void)host::exchange_active_tree(&other);
+    const bool is_done = host::mib_access().commit(1) == 0;
+    (void)host::exchange_active_tree(nullptr);
+    return is_done && host::process_store()->plan().size() == 1 ? 0 : 1;
+  });
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(opened()->generation(), 1U);
 }
 
 TEST_F(ProcessStore, ReportsAtExitWhatWasNotCommitted) {

@@ -1,4 +1,6 @@
 // Going back to earlier states.
+#include <ctime>
+
 #include "store_bench.h"
 
 namespace {
@@ -62,6 +64,19 @@ TEST_F(StoreCheckpoint, EveryChangeKeepsTheStateBeforeIt) {
   EXPECT_EQ(store_->restore("@9").error, StoreError::kNoCheckpoint);
   EXPECT_TRUE(store_->restore("@10").ok());
   EXPECT_EQ(opened()->tree().value(kUrl), "10");
+  EXPECT_EQ(store_->checkpoints().front().label, "restored @10");
+}
+
+TEST_F(StoreCheckpoint, TellsWhenItWasMade) {
+  const std::int64_t start = std::time(nullptr);
+  write_and_commit("a");
+  EXPECT_TRUE(store_->make_checkpoint("named").ok());
+  for (const auto& checkpoint : store_->checkpoints()) EXPECT_GE(checkpoint.time, start);
+  run_sql(path_, "UPDATE change SET time = 1000 + generation; UPDATE checkpoint SET time = 5000");
+  const auto listed = store_->checkpoints();
+  ASSERT_EQ(listed.size(), 2U);
+  EXPECT_EQ(listed[0].time, 1002);  // when the change was made that it precedes
+  EXPECT_EQ(listed[1].time, 5000);
 }
 
 TEST_F(StoreCheckpoint, TellsTheDifferenceBetweenAnyTwo) {

@@ -3,8 +3,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <cstring>
+
 #include "dump/dump_format.h"
 #include "rows/row_codec.h"
+#include "store/store_error.h"
 #include "store_bench.h"
 
 namespace {
@@ -89,6 +93,15 @@ TEST_F(StoreOpen, RefusesAPlaceThatIsNoFile) {
   EXPECT_EQ(error_on_open(), StoreError::kNotOpened);
   path_ = "";
   EXPECT_EQ(error_on_open(), StoreError::kNotOpened);
+}
+
+TEST_F(StoreOpen, SaysWhichFileFailedAndWhy) {
+  ASSERT_TRUE(std::filesystem::create_directory(path_ + "-shared"));
+  StoreResult result;
+  EXPECT_EQ(Store::open(path_, {}, &result), nullptr);
+  EXPECT_EQ(result.error, StoreError::kNotOpened);
+  const std::string shared = std::filesystem::canonical(path_ + "-shared");
+  EXPECT_EQ(result.text, path_ + ": " + shared + ": " + std::strerror(EISDIR));
 }
 
 TEST_F(StoreOpen, RefusesASizeBelowThatOfAnEmptyStore) {
@@ -249,12 +262,24 @@ TEST_F(StoreOpen, RefusesAFileThatCannotBeWritten) {
   EXPECT_EQ(status, 0);
 }
 
-TEST_F(StoreOpen, NamesEveryError) {
-  for (int error = 0; error <= static_cast<int>(StoreError::kNoCheckpoint); ++error) {
-    EXPECT_EQ(std::string(host::name_of(static_cast<StoreError>(error))).front(), 'k');
+TEST(StoreErrors, HaveTheirNames) {
+  const char* const names[] = {"kNone",    "kNotOpened", "kReadOnly",     "kFull",
+                               "kIo",      "kCorrupt",   "kForeign",      "kUnknownFormat",
+                               "kLocked",  "kMovedOn",   "kBatchOpen",    "kTrialOpen",
+                               "kNoTrial", "kPending",   "kNotPending",   "kBadDeadline",
+                               "kBadName", "kNameTaken", "kNoCheckpoint", ""};
+  int error = 0;
+  for (const char* const name : names) {
+    EXPECT_STREQ(host::name_of(static_cast<StoreError>(error++)), name);
   }
-  EXPECT_STREQ(host::name_of(StoreError::kUnknownFormat), "kUnknownFormat");
   EXPECT_STREQ(host::name_of(static_cast<StoreError>(-1)), "");
+}
+
+TEST(StoreErrors, TellAFullOrReadOnlyDiskFromOtherFailuresOfTheSystem) {
+  EXPECT_EQ(host::error_of_system(ENOSPC), StoreError::kFull);
+  EXPECT_EQ(host::error_of_system(EDQUOT), StoreError::kFull);
+  EXPECT_EQ(host::error_of_system(EROFS), StoreError::kReadOnly);
+  EXPECT_EQ(host::error_of_system(EACCES), StoreError::kNotOpened);
 }
 
 }  // namespace

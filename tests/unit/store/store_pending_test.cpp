@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <ctime>
 
 #include "store_bench.h"
 
@@ -41,9 +42,9 @@ TEST_F(StorePending, IsInEffectUntilTheDeadlineAndThenReverted) {
   EXPECT_EQ(store_->tree().value(kUrl), "x");
   pass(1);
   EXPECT_EQ(other->tree().value(kUrl), "");
-  EXPECT_TRUE(is_reported("reverted, because it was not confirmed: url"));
   EXPECT_EQ(store_->tree().value(kUrl), "");
-  EXPECT_EQ(reported_.size(), 1U);  // one of them reverted
+  const std::string reverted = store_->path() + ": reverted, because it was not confirmed: url";
+  EXPECT_EQ(reported_, std::vector<std::string>{reverted});  // one of them did it
   EXPECT_FALSE(store_->pending());
   EXPECT_EQ(store_->generation(), 3U);
 }
@@ -84,6 +85,19 @@ TEST_F(StorePending, LeavesADamagedFileInItsMode) {
   EXPECT_TRUE(accept(*store_, "x").ok());
   store_.reset();
   run_sql(path_, "PRAGMA journal_mode = DELETE; UPDATE change SET changes = X'00'");
+  pass(kMinute);
+  const std::string before = content_of(path_);
+  EXPECT_EQ(error_on_open(options_), StoreError::kCorrupt);
+  EXPECT_TRUE(content_of(path_) == before);  // too long to be printed
+}
+
+// The checkpoints are damaged, of which opening the store and the revert read nothing.
+TEST_F(StorePending, IsNotRevertedInAFileThatIsDamagedAnywhere) {
+  EXPECT_TRUE(accept(*store_, "x").ok());
+  store_.reset();
+  run_sql(path_,
+          "PRAGMA writable_schema = ON; UPDATE sqlite_master SET rootpage ="
+          " (SELECT rootpage FROM sqlite_master WHERE name = 'change') WHERE name = 'checkpoint'");
   pass(kMinute);
   const std::string before = content_of(path_);
   EXPECT_EQ(error_on_open(options_), StoreError::kCorrupt);
@@ -164,6 +178,16 @@ TEST_F(StorePending, LetsNoOtherChangeInAndRevertsNobodyElsesWork) {
   EXPECT_TRUE(other->commit().ok());
 }
 
+TEST_F(StorePending, ATrialThatItRefusesHoldsNobodyUp) {
+  auto other = opened();
+  EXPECT_TRUE(accept(*store_, "x").ok());
+  EXPECT_EQ(other->begin_trial().error, StoreError::kPending);
+  EXPECT_TRUE(store_->confirm().ok());
+  options_.lock_timeout_ms = 20;
+  const StoreResult begun = opened()->begin_trial();
+  EXPECT_TRUE(begun.ok()) << begun.text;
+}
+
 TEST_F(StorePending, TheFirstWriteAfterTheDeadlineBuildsOnTheRevertedState) {
   auto other = opened();
   host::Tree& tree = other->tree();
@@ -186,10 +210,13 @@ TEST_F(StorePending, IsRevertedUnderAHoldButNotShown) {
 }
 
 TEST_F(StorePending, GoesAtOnceWhenAsked) {
+  const std::int64_t start = std::time(nullptr);
   EXPECT_TRUE(accept(*store_, "x").ok());
   EXPECT_TRUE(store_->revert().ok());
   EXPECT_EQ(store_->generation(), 3U);
   EXPECT_EQ(store_->tree().value(kUrl), "");
+  EXPECT_EQ(store_->checkpoints().front().label, "reverted: url");
+  EXPECT_GE(store_->checkpoints().front().time, start);
   EXPECT_EQ(store_->revert().error, StoreError::kNotPending);
   EXPECT_EQ(store_->confirm().error, StoreError::kNotPending);
 }
