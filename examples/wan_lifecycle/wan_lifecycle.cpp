@@ -12,6 +12,7 @@
 #include "common_util.h"
 #include "console.h"
 #include "host_platform.h"
+#include "host_store.h"
 #include "igd_api.h"
 
 namespace {
@@ -200,6 +201,13 @@ int mask_of_all_ports() {
   return mask;
 }
 
+// From here to the commit no other process can write: what is checked still holds when it is done.
+void begin_writes(Console& console) {
+  if (host::process_store()->begin().ok()) return;
+  console.line("  another process is changing the settings");
+  std::exit(EXIT_FAILURE);
+}
+
 // Creating and changing a connection only writes: the caller commits, once for everything that
 // belongs together. Until then other processes see nothing, and the writes are lost at exit.
 void commit_writes(Console& console) {
@@ -249,6 +257,7 @@ void import_dump(Console& console, const char* file) {
   }
   console.line("Imported " + std::to_string(result.parameters + result.extensions) +
                " parameters, " + std::to_string(result.objects) + " instances from " + file);
+  commit_writes(console);
 }
 
 }  // namespace
@@ -258,6 +267,7 @@ int main(int argc, char** argv) {
   if (argc > 1) import_dump(console, argv[1]);
 
   console.heading("Check and create");
+  begin_writes(console);
   const std::string internet = check_and_create(console, internet_connection());
   const std::string management = check_and_create(console, management_connection());
   const std::string television = check_and_create(console, television_connection());
@@ -270,6 +280,7 @@ int main(int argc, char** argv) {
   show_connection(console, internet);
 
   console.heading("Move Internet to VLAN 110 and port LAN3");
+  begin_writes(console);
   move_to_vlan_and_port(console, internet, 110, "LAN3");
   commit_writes(console);
   show_connections(console);

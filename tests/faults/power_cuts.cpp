@@ -36,6 +36,12 @@ State read_state(const std::string& path, const host::StoreOptions& options) {
   return state_of(file);
 }
 
+// As the store makes its files: for their owner alone.
+void write_private(const std::string& name, const std::string& content) {
+  std::ofstream(name, std::ios::binary) << content;
+  fs::permissions(name, fs::perms::owner_read | fs::perms::owner_write);
+}
+
 }  // namespace
 
 PowerCuts::PowerCuts(std::string folder, Honesty honesty)
@@ -113,7 +119,7 @@ std::string PowerCuts::check_on(Disk& disk, std::size_t done) {
 /// With SQLite's own VFS, on a real file system.
 std::string PowerCuts::check_on_files(const Disk& disk, std::size_t done) {
   for (const auto& [name, content] : disk.contents()) {
-    std::ofstream(name, std::ios::binary) << content;
+    write_private(name, content);
   }
   host::StoreOptions options = options_in_boot("third");
   options.vfs.clear();
@@ -163,9 +169,9 @@ void PowerCuts::upset_shared_file(std::uint32_t seed) const {
   if (outcome == 0) return;
   fs::remove(shared);
   if (outcome == 1) return;
-  std::ofstream output(shared, std::ios::binary);
-  const std::uint32_t length = outcome == 2 ? random() % kLength : kLength;
-  for (std::uint32_t i = 0; i < length; ++i) output.put(static_cast<char>(random()));
+  std::string content(outcome == 2 ? random() % kLength : kLength, '\0');
+  for (char& byte : content) byte = static_cast<char>(random());
+  write_private(shared, content);
 }
 
 }  // namespace proof

@@ -10,6 +10,15 @@
 /// Several processes can share a store. Each sees the others' commits at its next read. Only one
 /// batch at a time is open among all of them: the first write of the next one waits.
 ///
+/// No update is lost silently: a batch builds on what its process last read. If another process
+/// committed between that read and the batch's first write, the write is refused and poisons the
+/// batch, and its commit returns kMovedOn: read again, then write again. Only reads since the last
+/// batch ended count: values, enumerations, exports and copies of the tree. A read counts from the
+/// moment tree(), or the call of MibAccess, fetched the tree, and expires after
+/// StoreOptions::reads_count_ms, so that a process which reads now and then can write much later.
+/// For checks and changes that belong together over several operations use begin() or
+/// begin_trial(): nothing can change between the reads that follow them and the commit.
+///
 /// getContext() keeps the process's own store; a program that only uses libigd does not need this
 /// header. Use a store from one thread at a time.
 #ifndef HOST_STORE_H
@@ -39,7 +48,10 @@ enum class StoreError {
   kForeign,        ///< the file is another program's database; it is left unchanged
   kUnknownFormat,  ///< the store's format is newer or unknown; it is left unchanged
   kLocked,         ///< another process held the write lock for longer than the options allow
-  kMovedOn,        ///< another process committed meanwhile; this batch is discarded
+  kMovedOn,        ///< another process committed since this one last read or while it wrote; this
+                   ///< batch is discarded
+  kReplaced,       ///< the file was moved, deleted or replaced since it was opened; this batch is
+                   ///< discarded
   kBatchOpen,      ///< there are writes that are neither committed nor discarded
   kTrialOpen,      ///< a trial is already open
   kNoTrial,        ///< no trial is open
@@ -90,6 +102,7 @@ struct PendingChange {
 struct StoreOptions {
   static constexpr int kLockTimeoutMs = 10000;    ///< 10 s
   static constexpr int kLongestSilenceMs = 5000;  ///< 5 s
+  static constexpr int kReadsCountMs = 5000;      ///< 5 s
 
   /// Rename a file that is kCorrupt to "<path>.corrupt-<n>", with its log, and create a new store
   /// in its place. Without this option an existing file is never replaced.
@@ -99,6 +112,8 @@ struct StoreOptions {
   /// How long another batch may write nothing while this one waits for it. After that it loses the
   /// write lock and is discarded as a whole, so that a forgotten commit does not block others.
   int longest_silence_ms = kLongestSilenceMs;
+  /// How long a read counts: a batch is not refused because of an older one.
+  int reads_count_ms = kReadsCountMs;
   /// Maximum size of the file, in whole pages of 4096 bytes; 0 for no limit but the disk's.
   std::uint64_t size_limit_bytes = 0;
   /// Name of the SQLite VFS that reads and writes the file, "" for the default.
@@ -151,10 +166,18 @@ class HOST_EXPORT Store {
   /// Undoes every write of the batch, poisoned or not, and ends an open trial.
   void discard();
 
-  /// Starts a batch that no commit ends, for operations that commit halfway: until accept()
-  /// or discard(), commit() succeeds at once and writes nothing. Takes the write lock, so that
-  /// checks made in the trial still hold when it is accepted. Once a trial is poisoned, each
-  /// commit() fails.
+  /// Starts a batch before its first write, for checks and changes that belong together: takes the
+  /// write lock, then fetches what others committed, so that whatever is read from now on still
+  /// holds at the commit. Earlier reads do not count. Ends like any batch, with commit() or
+  /// discard(), and like any batch loses the lock if it is silent for too long while others wait.
+  ///
+  /// @return kTrialOpen, kBatchOpen, kLocked, kPending, or an error of reading the file: no new
+  ///         batch is open then
+  StoreResult begin();
+
+  /// Starts a batch as begin() does, but one that no commit ends, for operations that commit
+  /// halfway: until accept() or discard(), commit() succeeds at once and writes nothing. Once a
+  /// trial is poisoned, each commit() fails.
   ///
   /// @return kTrialOpen, kBatchOpen, kLocked, kPending, or an error of reading the file: then no
   ///         new trial is open

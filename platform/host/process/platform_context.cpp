@@ -71,7 +71,7 @@ class ActiveTreeAccess final : public MibAccess {
     return active_tree().delete_object(object_path);
   }
   InstanceIterator* openInstanceIterator(int type) override {
-    auto listing = TreeAccess::store(active_tree()).listing(type);
+    auto listing = TreeAccess::read(active_tree()).listing(type);
     if (listing->size() == 0) return nullptr;
     return new NameIterator(std::move(listing), held_view());
   }

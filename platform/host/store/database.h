@@ -4,6 +4,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -59,6 +60,9 @@ class Database {
   /// Prepared once for each text, which must be a literal, and handed out fresh.
   Statement& statement(const char* sql);
 
+  void wait_for_locks(int milliseconds) { (void)sqlite3_busy_timeout(connection_, milliseconds); }
+  int usual_wait_ms() const { return usual_wait_ms_; }
+
   /// From now on closing it only gives its locks back, and leaves the log to others.
   void leave_log();
 
@@ -69,8 +73,23 @@ class Database {
   bool is_read_only() const { return sqlite3_db_readonly(connection_, "main") == 1; }
 
  private:
+  const int usual_wait_ms_;
   sqlite3* connection_ = nullptr;
   std::map<const char*, std::unique_ptr<Statement>> statements_;
+};
+
+/// While one lives, the database waits less for the locks of others.
+class ShorterWait {
+ public:
+  ShorterWait(Database& database, int milliseconds) : database_(database) {
+    database_.wait_for_locks(std::min(milliseconds, database_.usual_wait_ms()));
+  }
+  ShorterWait(const ShorterWait&) = delete;
+  ShorterWait& operator=(const ShorterWait&) = delete;
+  ~ShorterWait() { database_.wait_for_locks(database_.usual_wait_ms()); }
+
+ private:
+  Database& database_;
 };
 
 /// A transaction that is rolled back unless it is committed, also when the commit fails.

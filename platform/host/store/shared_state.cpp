@@ -1,12 +1,8 @@
 #include "store/shared_state.h"
 
 #include <fcntl.h>
-#include <sys/mman.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
-#include <cstring>
 #include <thread>
 
 #include "store/store_error.h"
@@ -16,7 +12,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
 constexpr std::chrono::milliseconds kPause{1};
 // A batch locks the byte of its number, so that others can tell whether its process still lives.
 constexpr std::uint32_t kBatchBytes = 1U << 30U;
@@ -31,10 +26,6 @@ struct flock byte_lock(std::uint32_t byte, short type) {
   lock.l_start = static_cast<off_t>(byte);
   lock.l_len = 1;
   return lock;
-}
-
-[[noreturn]] void fail(const std::string& path, int number) {
-  throw StoreFailure(error_of_system(number), path + ": " + std::strerror(number));
 }
 
 void wait_a_little(SharedState::Deadline deadline) {
@@ -61,54 +52,26 @@ std::chrono::steady_clock::duration Silence::length(std::uint32_t owner, std::ui
 }
 
 SharedState::SharedState(const std::string& store_path) {
-  if (store_path == ":memory:") {
-    words_ = &own_words_;
-    return;
-  }
-  const std::string path = store_path + "-shared";
-  file_ = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kOwnerOnly);
-  if (file_ < 0) fail(path, errno);
-  void* mapped = MAP_FAILED;
-  if (ftruncate(file_, sizeof(SharedWords)) == 0) {
-    mapped = mmap(nullptr, sizeof(SharedWords), PROT_READ | PROT_WRITE, MAP_SHARED, file_, 0);
-  }
-  if (mapped == MAP_FAILED) {
-    const int number = errno;
-    (void)close(file_);
-    fail(path, number);
-  }
-  words_ = static_cast<SharedWords*>(mapped);
-}
-
-SharedState::~SharedState() {
-  if (file_ < 0) return;
-  (void)munmap(words_, sizeof(SharedWords));
-  (void)close(file_);
-}
-
-void SharedState::reserve() {
-  if (file_ < 0) return;
-  int number = EINTR;
-  while (number == EINTR) number = posix_fallocate(file_, 0, sizeof(SharedWords));
-  // Where the C library does not stand in for a file system that cannot, it goes without.
-  if (number != 0 && number != EOPNOTSUPP) fail("the file that processes share", number);
+  if (store_path == ":memory:") return;
+  file_.emplace(store_path, sizeof(SharedWords));
+  words_ = static_cast<SharedWords*>(file_->memory());
 }
 
 bool SharedState::try_lock(std::uint32_t byte) {
-  if (file_ < 0) return true;
+  if (!file_) return true;
   struct flock lock = byte_lock(byte, F_WRLCK);
-  return fcntl(file_, F_OFD_SETLK, &lock) == 0;
+  return fcntl(file_->descriptor(), F_OFD_SETLK, &lock) == 0;
 }
 
 bool SharedState::is_locked_by_others(std::uint32_t byte) const {
   struct flock lock = byte_lock(byte, F_WRLCK);
-  return file_ >= 0 && fcntl(file_, F_OFD_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
+  return file_ && fcntl(file_->descriptor(), F_OFD_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
 }
 
 void SharedState::unlock(std::uint32_t byte) {
-  if (file_ < 0) return;
+  if (!file_) return;
   struct flock lock = byte_lock(byte, F_UNLCK);
-  (void)fcntl(file_, F_OFD_SETLK, &lock);
+  (void)fcntl(file_->descriptor(), F_OFD_SETLK, &lock);
 }
 
 SharedState::Batch SharedState::begin_batch(const StoreOptions& options) {

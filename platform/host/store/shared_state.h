@@ -8,9 +8,11 @@
 #include <atomic>
 #include <chrono>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "host_store.h"
+#include "store/shared_file.h"
 
 namespace host {
 
@@ -45,15 +47,22 @@ class SharedState {
 
   /// For ":memory:" it is this object's own. Throws StoreFailure.
   explicit SharedState(const std::string& store_path);
-  SharedState(const SharedState&) = delete;
-  SharedState& operator=(const SharedState&) = delete;
-  /// Only closes: a child after fork shares the locks with its parent and must not give them back.
-  ~SharedState();
 
-  /// Sees to it that the file has its place on the disk: the first write to a mapped file that has
-  /// none kills the process when the disk is full. Needs the commit lock, because file systems that
-  /// cannot reserve get a byte of the file written anew. Throws StoreFailure.
-  void reserve();
+  /// Whether the file was made just now; reserve() then needs the commit lock.
+  bool is_new() const { return file_.has_value() && !file_->is_reserved(); }
+  void reserve() {
+    if (file_.has_value()) file_->reserve();
+  }
+
+  /// In a child after fork: nothing is locked for it any more, and nothing can be.
+  void leave_to_parent() {
+    if (!file_.has_value()) return;
+    words_ = &own_words_;
+    file_->close_all();
+  }
+
+  /// Whether the file was cut short, or is new: the counter is never 0 else.
+  bool is_cut() const { return counter() == 0; }
 
   std::uint32_t counter() const { return words_->counter.load(std::memory_order_acquire); }
   void set_counter(std::uint32_t counter) {
@@ -74,9 +83,9 @@ class SharedState {
   void unlock(std::uint32_t byte);
   Batch take_over();
 
-  int file_ = -1;
-  SharedWords* words_ = nullptr;
+  std::optional<SharedFile> file_;
   SharedWords own_words_ = {};
+  SharedWords* words_ = &own_words_;
 };
 
 /// Holds the short lock under which batches change hands, commits are made and stores are opened.

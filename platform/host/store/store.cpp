@@ -55,8 +55,10 @@ struct Store::Impl {
   Impl(const Impl&) = delete;
   Impl& operator=(const Impl&) = delete;
 
-  // Before each use of the store. A read costs three comparisons while nothing happened.
+  // Before each use of the store. A read costs three comparisons and a look at the clock while
+  // nothing happened.
   void refresh() {
+    view.note_reads();
     if (!view.is_current() || view.pending()) poll();
   }
 
@@ -95,39 +97,64 @@ struct Store::Impl {
 
  private:
   void open();
-  void load();
+  void load(bool is_locked);
   void reopen();
   void poll();
   void follow();
+  void follow_to_another_file();
+  void report_once(const StoreResult& result);
 
   std::string last_trouble_;  // of following other processes, as it was reported
 };
 
+// A store that is there is opened without a lock, beside whoever is writing: no process that stops
+// in the midst of a commit keeps others from reading.
 void Store::Impl::open() {
   connection.open_shared_state();
-  const CommitLock lock = connection.locked();
-  connection.shared().reserve();
-  const StoreResult loaded = result_of([this] { load(); });
+  std::optional<CommitLock> lock;
+  const auto take_lock = [&] {
+    if (!lock) lock.emplace(connection.shared(), connection.lock_deadline());
+  };
+  if (connection.is_to_be_made()) take_lock();
+  if (lock) connection.shared().reserve();
+  const StoreResult loaded = result_of([&] {
+    connection.open_file();
+    if (!connection.file().keeps_log()) take_lock();
+    load(lock.has_value());
+  });
   if (!loaded.ok()) {
     const bool goes_aside =
         loaded.error == StoreError::kCorrupt && connection.options().keep_corrupt_aside;
     if (!goes_aside) throw StoreFailure(loaded);
     connection.close_file();
+    take_lock();
     keep_aside(connection.path());
-    load();
+    connection.open_file();
+    load(true);
   }
   connection.opened();
 }
 
-void Store::Impl::load() {
-  connection.open_file();
-  view.load();
-  const bool is_overdue = pending.is_overdue();
-  if (is_overdue) pending.require_revertible();  // a damaged file stays as it is, in its mode too
+void Store::Impl::load(bool is_locked) {
+  {
+    Transaction snapshot(connection.database(), Transaction::kRead);
+    view.load();
+    // A damaged file stays as it is, in its mode too.
+    if (pending.is_overdue()) pending.require_revertible();
+  }
   connection.file().keep_log();
-  view.publish_counter();
-  if (!is_overdue) return;
-  pending.revert_under_lock();
+  connection.file().shorten_log();
+  if (is_locked) {
+    view.publish_counter();
+  } else {
+    view.adopt_counter();
+  }
+  if (!pending.is_overdue()) return;
+  if (is_locked) {
+    pending.revert_under_lock();
+  } else {
+    report_once(result_of([this] { pending.try_to_revert(); }));
+  }
   view.catch_up();
 }
 
@@ -137,20 +164,37 @@ void Store::Impl::reopen() {
   open();
 }
 
-// Something may have happened: a commit, a fork, a deadline, the loss of the write lock.
+// Something may have happened: a commit, a fork, a deadline, the loss of the write lock or of a file.
 void Store::Impl::poll() {
-  const StoreResult result = result_of([this] { follow(); });
-  if (result.ok()) return;
-  if (last_trouble_ != result.text) report(connection.path() + ": " + result.text);
-  last_trouble_ = result.text;
+  report_once(result_of([this] { follow(); }));
 }
 
 void Store::Impl::follow() {
   if (connection.is_inherited()) return reopen();
-  if (pending.is_overdue()) pending.revert_overdue();
-  if (view.is_current()) return;
+  if (!view.is_current() && !connection.why_not_usable().ok()) return follow_to_another_file();
+  const StoreResult reverted = result_of([this] { pending.try_to_revert(); });
+  if (!view.is_current()) {
+    batch.poison_without_lock();
+    if (!batch.has_lock() && holds == 0) view.catch_up();
+  }
+  if (!reverted.ok()) throw StoreFailure(reverted);
+}
+
+// The file is opened anew. While there is none, nothing is made in its place: the tree stays as it
+// was, and nothing can be committed.
+void Store::Impl::follow_to_another_file() {
+  const StoreResult reason = connection.why_not_usable();
   batch.poison_without_lock();
-  if (!batch.has_lock() && holds == 0) view.catch_up();
+  if (connection.is_gone()) throw StoreFailure(reason);
+  view.outdate_reads();
+  report(connection.path() + ": opened anew: " + reason.text);
+  open();
+}
+
+void Store::Impl::report_once(const StoreResult& result) {
+  if (result.ok()) return;
+  if (last_trouble_ != result.text) report(connection.path() + ": " + result.text);
+  last_trouble_ = result.text;
 }
 
 void Store::Impl::abandon() {
@@ -161,6 +205,7 @@ void Store::Impl::abandon() {
            " writes were not committed and are lost");
   }
   batch.discard();
+  (void)result_of([this] { connection.file().shorten_log(); });
 }
 
 std::unique_ptr<Store> Store::open(const std::string& path, const StoreOptions& options,
@@ -190,6 +235,10 @@ StoreResult Store::commit(const std::string& label) { return impl_->batch.commit
 void Store::discard() { impl_->batch.discard(); }
 
 void Store::abandon() { impl_->abandon(); }
+
+StoreResult Store::begin() {
+  return result_of([this] { impl_->batch.begin(); });
+}
 
 StoreResult Store::begin_trial() {
   return result_of([this] { impl_->batch.begin_trial(); });
@@ -222,7 +271,10 @@ StoreResult Store::revert() {
     impl_->require_own_file();
     impl_->pending.revert();
   });
-  if (result.ok()) impl_->refresh();
+  if (result.ok()) {
+    impl_->refresh();
+    impl_->view.forget_reads();  // that it changed was this process's own doing
+  }
   return result;
 }
 

@@ -25,13 +25,23 @@ void StoreBatch::begin_or_go_on() {
   if (has_lock()) {
     require_lock();
   } else {
-    begin();
+    begin_on_what_was_read();
   }
+}
+
+// A write follows from what was read before it. When that is not so any more, it is no longer what
+// its program wanted to write.
+void StoreBatch::begin_on_what_was_read() {
+  view_.note_reads();
+  take_lock();
+  if (!view_.has_outdated_reads()) return;
+  throw StoreFailure(StoreError::kMovedOn,
+                     "another process committed after this one last read the store");
 }
 
 // Takes the write lock, then catches up: what this batch changes is what the last one left. The
 // commit asks the database again.
-void StoreBatch::begin() {
+void StoreBatch::take_lock() {
   number_ = connection_.shared().begin_batch(connection_.options());
   view_.catch_up();
   if (!pending_.is_overdue()) return;
@@ -40,6 +50,7 @@ void StoreBatch::begin() {
 }
 
 void StoreBatch::require_lock() const {
+  connection_.require_usable();
   if (connection_.shared().owns(number_)) return;
   throw StoreFailure(StoreError::kMovedOn,
                      "the batch wrote nothing for too long and lost its lock to another one");
@@ -69,6 +80,7 @@ StoreResult StoreBatch::commit(const std::string& label, int seconds_to_confirm)
   });
   if (in_trial_) return result;
   if (!result.ok()) {
+    view_.distrust_counter();
     result.text =
         connection_.path() + ": the writes since the last commit are discarded: " + result.text;
     report(result.text);
@@ -86,22 +98,26 @@ void StoreBatch::write(const std::string& label, int seconds_to_confirm) {
 void StoreBatch::land(RowChanges rows, const std::string& label, int seconds_to_confirm) {
   const CommitLock lock = connection_.locked();
   require_lock();
-  Transaction transaction(connection_.database(), Transaction::kWrite);
-  // The database has the last word on whether this change follows the one before.
+  const Change change = {view_.generation() + 1, std::time(nullptr), label, std::move(rows)};
+  std::optional<PendingRow> waiting;
+  connection_.write([&](Transaction& transaction) {
+    require_newest();
+    if (seconds_to_confirm > 0) {
+      waiting = pending_.wait_for(change.generation, label, seconds_to_confirm);
+    }
+    view_.land(transaction, change);
+  });
+  view_.contain(change.generation, waiting);
+}
+
+// The database has the last word on whether this change follows the one before.
+void StoreBatch::require_newest() const {
   if (!connection_.file().is_newest(view_.generation())) {
-    view_.distrust_counter();
     throw StoreFailure(StoreError::kMovedOn, "another process committed meanwhile");
   }
   if (connection_.file().pending()) {
     throw StoreFailure(StoreError::kPending, "another change is waiting for confirmation");
   }
-  const Change change = {view_.generation() + 1, std::time(nullptr), label, std::move(rows)};
-  std::optional<PendingRow> waiting;
-  if (seconds_to_confirm > 0) {
-    waiting = pending_.wait_for(change.generation, label, seconds_to_confirm);
-  }
-  view_.land(transaction, change);
-  view_.contain(change.generation, waiting);
 }
 
 void StoreBatch::restore(const RowSet& target) {
@@ -126,27 +142,33 @@ void StoreBatch::leave_to_parent() {
   drop();
 }
 
-// Undoes what was written and gives the write lock back.
+// Undoes what was written and gives the write lock back. What was read for this batch does not
+// count for the next one.
 void StoreBatch::drop() {
+  if (has_lock() || !poisoned_.ok()) view_.forget_reads();
   log_.undo(view_.content());
   poisoned_ = {};
   if (has_lock()) connection_.shared().end_batch(number_);
   number_ = kNone;
 }
 
-void StoreBatch::begin_trial() {
+// What counts is what is read from now on.
+void StoreBatch::begin() {
   if (connection_.is_inherited()) reopen_();
   if (in_trial_) throw StoreFailure(StoreError::kTrialOpen, "a trial is already open");
   require_none();
   const StoreResult result = result_of([this] {
-    begin();
+    take_lock();
     if (!view_.pending()) return;
     throw StoreFailure(StoreError::kPending, "a change is waiting for confirmation");
   });
-  if (!result.ok()) {
-    drop();
-    throw StoreFailure(result);
-  }
+  if (result.ok()) return;
+  drop();
+  throw StoreFailure(result);
+}
+
+void StoreBatch::begin_trial() {
+  begin();
   in_trial_ = true;
 }
 

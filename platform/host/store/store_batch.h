@@ -47,7 +47,8 @@ class StoreBatch final : public TreeObserver {
 
   StoreResult commit(const std::string& label, int seconds_to_confirm = 0);
   void discard();
-  void begin_trial();  ///< throws StoreFailure; the trial is not open then
+  void begin();        ///< before the first write; throws StoreFailure, no batch is open then
+  void begin_trial();  ///< likewise
   StoreResult accept(const std::string& label, int seconds_to_confirm = 0);
 
   /// Brings the tree to these rows, but for counters that would go down. What fails poisons.
@@ -63,8 +64,10 @@ class StoreBatch final : public TreeObserver {
     return has_lock() && !connection_.is_inherited() && connection_.shared().owns(number_);
   }
   void begin_or_go_on();
-  void begin();
+  void take_lock();
+  void begin_on_what_was_read();
   void require_lock() const;
+  void require_newest() const;
   void poison(const StoreResult& reason);
   void write(const std::string& label, int seconds_to_confirm);
   void land(RowChanges rows, const std::string& label, int seconds_to_confirm);

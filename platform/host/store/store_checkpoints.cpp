@@ -45,19 +45,21 @@ void StoreCheckpoints::require_name(const std::string& name) {
 void StoreCheckpoints::make(const std::string& name) {
   StoreFile& file = connection_.file();
   const CommitLock lock = connection_.locked();
-  Transaction transaction(file.database(), Transaction::kWrite);
-  if (file.named_rows(name)) {
-    throw StoreFailure(StoreError::kNameTaken, "there is already a checkpoint " + name);
-  }
-  file.add_named({name, file.generation(), std::time(nullptr), {}, false}, file.rows());
-  transaction.commit();
+  connection_.write([&](Transaction& transaction) {
+    if (file.named_rows(name)) {
+      throw StoreFailure(StoreError::kNameTaken, "there is already a checkpoint " + name);
+    }
+    file.add_named({name, file.generation(), std::time(nullptr), {}, false}, file.rows());
+    transaction.commit();
+  });
 }
 
 void StoreCheckpoints::remove(const std::string& name) {
   const CommitLock lock = connection_.locked();
-  Transaction transaction(connection_.database(), Transaction::kWrite);
-  if (!connection_.file().delete_named(name)) no_checkpoint(name);
-  transaction.commit();
+  connection_.write([&](Transaction& transaction) {
+    if (!connection_.file().delete_named(name)) no_checkpoint(name);
+    transaction.commit();
+  });
 }
 
 std::vector<Checkpoint> StoreCheckpoints::list() const {

@@ -36,6 +36,8 @@ const char* name_of(StoreError error) {
       return "kLocked";
     case StoreError::kMovedOn:
       return "kMovedOn";
+    case StoreError::kReplaced:
+      return "kReplaced";
     case StoreError::kBatchOpen:
       return "kBatchOpen";
     case StoreError::kTrialOpen:

@@ -22,6 +22,7 @@ constexpr std::int64_t kApplicationId = 0x49474453;  // "IGDS" tells a store fro
 constexpr std::int64_t kFormat = 2;
 constexpr std::int64_t kPageSize = 4096;
 constexpr std::int64_t kLongestLog = 4 << 20;
+constexpr std::int64_t kLongLog = 1 << 20;  // for a process that begins or ends
 constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
 constexpr const char* kLog = "-wal";
 
@@ -89,7 +90,7 @@ RowChanges checked(const std::string& bytes) {
 }  // namespace
 
 StoreFile::StoreFile(const std::string& path, const StoreOptions& options)
-    : database_(prepared(path, options), options) {
+    : path_(path), database_(prepared(path, options), options) {
   if (database_.is_read_only()) {
     throw StoreFailure(StoreError::kReadOnly, "the file cannot be written");
   }
@@ -110,6 +111,14 @@ void StoreFile::keep_log() {
   database_.run("PRAGMA synchronous = FULL");  // durable at every commit, with one sync
   database_.set_pragma("wal_autocheckpoint", kLongestLog / kPageSize);
   database_.set_pragma("journal_size_limit", kLongestLog);
+}
+
+bool StoreFile::keeps_log() { return database_.text("PRAGMA journal_mode") == "wal"; }
+
+void StoreFile::shorten_log() {
+  if (is_in_memory(path_) || size_of(path_ + kLog).value_or(0) <= kLongLog) return;
+  const ShorterWait wait(database_, 0);
+  database_.empty_log();
 }
 
 void StoreFile::check_owner() {

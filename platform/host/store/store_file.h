@@ -43,6 +43,11 @@ class StoreFile {
 
   /// From now on a commit is written to a log. For a file that was read and is sound.
   void keep_log();
+  bool keeps_log();
+
+  /// Writes a long log back and empties it, unless another process uses it just now. A process that
+  /// ends without closing the store leaves it its log, and the next one goes on behind that.
+  void shorten_log();
 
   Database& database() { return database_; }
 
@@ -78,6 +83,7 @@ class StoreFile {
   std::int64_t generation_in_place_of(Generation generation);
   void make_new();
 
+  const std::string path_;
   Database database_;
 };
 

@@ -1,5 +1,6 @@
 #include "store/store_pending.h"
 
+#include <algorithm>
 #include <ctime>
 #include <vector>
 
@@ -10,6 +11,8 @@ namespace host {
 namespace {
 
 constexpr int kLongestWait = 24 * 60 * 60;
+constexpr int kShortWaitMs = 100;
+constexpr std::chrono::seconds kLongestPause{60};
 
 void require_tree(RowSet rows, const RowChanges& changes) {
   apply_changes(rows, changes);
@@ -60,12 +63,27 @@ void StorePending::revert_overdue() {
   if (is_overdue()) revert_under_lock();
 }
 
+// Whoever reads must not wait as long as a writer may hold the lock, nor with every read.
+void StorePending::try_to_revert() {
+  if (!is_overdue() || Clock::now() < next_try_) return;
+  next_try_ = Clock::now() + pause_;
+  pause_ = std::min(2 * pause_, kLongestPause);
+  const ShorterWait wait(connection_.database(), kShortWaitMs);
+  const CommitLock lock(connection_.shared(),
+                        Clock::now() + std::chrono::milliseconds(kShortWaitMs));
+  view_.read_pending();
+  if (is_overdue()) revert_under_lock();
+  pause_ = std::chrono::seconds(1);
+}
+
 void StorePending::revert_under_lock() {
   const PendingRow row = *view_.pending();
-  Transaction transaction(connection_.database(), Transaction::kWrite);
-  const RowChanges rows = opposite_of(row);
-  connection_.file().clear_pending();
-  view_.land(transaction, {row.generation + 1, std::time(nullptr), "reverted: " + row.label, rows});
+  connection_.write([&](Transaction& transaction) {
+    const RowChanges rows = opposite_of(row);
+    connection_.file().clear_pending();
+    view_.land(transaction,
+               {row.generation + 1, std::time(nullptr), "reverted: " + row.label, rows});
+  });
   report(connection_.path() + ": reverted, because it was not confirmed: " + row.label);
   view_.forget_pending();
 }
@@ -83,9 +101,10 @@ void StorePending::confirm() {
     revert_under_lock();
     throw StoreFailure(StoreError::kNotPending, "the time to confirm is over");
   }
-  Transaction transaction(connection_.database(), Transaction::kWrite);
-  connection_.file().clear_pending();
-  transaction.commit();
+  connection_.write([this](Transaction& transaction) {
+    connection_.file().clear_pending();
+    transaction.commit();
+  });
   view_.forget_pending();
 }
 

@@ -2,6 +2,7 @@
 #ifndef PLATFORM_HOST_STORE_PENDING_H
 #define PLATFORM_HOST_STORE_PENDING_H
 
+#include <chrono>
 #include <optional>
 #include <string>
 
@@ -24,6 +25,7 @@ class StorePending {
   bool is_overdue() const;    ///< of what the view has
   void require_revertible();  ///< needs a pending change, and a file that holds what it replaced
   void revert_overdue();      ///< unless another process did, or somebody confirmed
+  void try_to_revert();       ///< the same without a long wait, and not too often
   void revert_under_lock();   ///< needs a pending change and the commit lock
   void confirm();
   void revert();
@@ -34,8 +36,12 @@ class StorePending {
   RowChanges opposite_of(const PendingRow& row);
   void require_pending();
 
+  using Clock = std::chrono::steady_clock;
+
   StoreConnection& connection_;
   StoreView& view_;
+  Clock::time_point next_try_;
+  std::chrono::seconds pause_{1};  ///< after a try that fails
 };
 
 }  // namespace host

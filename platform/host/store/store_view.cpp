@@ -27,6 +27,25 @@ void StoreView::publish_counter() {
   connection_.shared().set_counter(seen_counter_);
 }
 
+// A counter that does not fit is that of a commit which goes on, or wrong: a store that was put back
+// from a backup, a process that died. Only the commit lock tells the two apart, and it is not waited
+// for; without it the next read asks the database.
+void StoreView::adopt_counter() {
+  const std::uint32_t loaded = counter_of(generation_);
+  const bool fits = connection_.shared().counter() == loaded;
+  seen_counter_ = fits || counter_in_database() == loaded ? loaded : kUnknown;
+}
+
+// Sets the shared counter right. kUnknown while another process commits.
+std::uint32_t StoreView::counter_in_database() {
+  SharedState& shared = connection_.shared();
+  const CommitLock lock(shared);
+  if (!lock.taken()) return kUnknown;
+  const std::uint32_t counter = counter_of(connection_.file().generation());
+  shared.set_counter(counter);
+  return counter;
+}
+
 // While the counter stands still no change was committed; only that a pending one was confirmed
 // does not count.
 void StoreView::catch_up() {
@@ -39,14 +58,8 @@ void StoreView::catch_up() {
 // The shared counter. A commit that its process did not live to finish leaves it odd; nobody
 // commits while this one has the commit lock, so then the database tells what it should be.
 std::uint32_t StoreView::repaired_counter() {
-  SharedState& shared = connection_.shared();
-  const std::uint32_t counter = shared.counter();
-  if (counter % 2 == 0) return counter;
-  const CommitLock lock(shared);
-  if (!lock.taken()) return counter;
-  const std::uint32_t repaired = counter_of(connection_.file().generation());
-  shared.set_counter(repaired);
-  return repaired;
+  const std::uint32_t counter = connection_.shared().counter();
+  return counter % 2 == 0 ? counter : counter_in_database();
 }
 
 void StoreView::read_changes() {

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "store/store_connection.h"
+#include "store/store_reads.h"
 #include "tree/tree_access.h"
 
 namespace host {
@@ -25,8 +26,18 @@ class StoreView {
   const std::optional<PendingRow>& pending() const { return pending_; }
   TreeStore& content() const { return TreeAccess::store(tree_); }
 
+  /// Before each use of the tree: what was read of it so far was this state.
+  void note_reads() { reads_.note(tree_, generation_); }
+  void forget_reads() { reads_.forget(tree_); }
+  void outdate_reads() { reads_.outdate(); }  ///< they were of another file
+  /// Whether what was read last, not long ago, has changed since.
+  bool has_outdated_reads() const {
+    return reads_.are_outdated(generation_, connection_.options().reads_count_ms);
+  }
+
   void load();             ///< reads the whole file
   void publish_counter();  ///< sets the shared counter to what was read; needs the commit lock
+  void adopt_counter();    ///< likewise, beside processes that may commit meanwhile
   void catch_up();         ///< takes over what other processes committed
   void read_pending() { pending_ = connection_.file().pending(); }
   void forget_pending() { pending_.reset(); }
@@ -48,6 +59,7 @@ class StoreView {
     return static_cast<std::uint32_t>(2 * generation);
   }
   std::uint32_t repaired_counter();
+  std::uint32_t counter_in_database();
   void read_changes();
 
   StoreConnection& connection_;
@@ -55,6 +67,7 @@ class StoreView {
   Generation generation_ = 0;
   std::uint32_t seen_counter_ = kUnknown;
   std::optional<PendingRow> pending_;
+  StoreReads reads_;
 };
 
 }  // namespace host

@@ -152,12 +152,12 @@ int Tree::set_value(const std::string& name, const std::string& value) {
 }
 
 std::string Tree::value(const std::string& name) const {
-  const Cell cell = impl_->store.cell(name);
+  const Cell cell = impl_->read().cell(name);
   return cell ? value_of(cell) : std::string();
 }
 
 std::vector<std::string> Tree::instances(int object_type) const {
-  const auto listing = impl_->store.listing(object_type);
+  const auto listing = impl_->read().listing(object_type);
   std::vector<std::string> names;
   names.reserve(listing->size());
   for (std::size_t place = 0; place < listing->size(); ++place) {
@@ -167,15 +167,15 @@ std::vector<std::string> Tree::instances(int object_type) const {
 }
 
 bool Tree::has_object(std::string_view object_path) const {
-  return impl_->store.node(object_path) != nullptr;
+  return impl_->read().node(object_path) != nullptr;
 }
 
 bool Tree::has_parameter(std::string_view name) const {
-  return static_cast<bool>(impl_->store.cell(name));
+  return static_cast<bool>(impl_->read().cell(name));
 }
 
 std::optional<ParameterInfo> Tree::describe(std::string_view name) const {
-  const Cell cell = impl_->store.cell(name);
+  const Cell cell = impl_->read().cell(name);
   if (!cell) return std::nullopt;
   return ParameterInfo{std::string(type_name(cell.type())), cell.access() == kReadWrite,
                        std::string(cell.initial()), cell.is_count(), cell.row == nullptr};
@@ -187,7 +187,7 @@ std::vector<Parameter> Tree::parameters(std::string_view prefix) const {
   const std::size_t dot = prefix.rfind('.');
   const bool in_object = dot != std::string_view::npos;
   const std::string_view above = in_object ? prefix.substr(0, dot + 1) : std::string_view();
-  const Node* top = whole ? &impl_->store.root() : impl_->store.node(above);
+  const Node* top = whole ? &impl_->read().root() : impl_->read().node(above);
   if (top == nullptr) return listed;
   for_each_node(*top, [&listed, prefix](const Node& node) {
     for_each_cell(node, [&](std::string_view name, const Cell& cell) {

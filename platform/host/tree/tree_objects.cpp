@@ -14,7 +14,7 @@ Object::Kind kind_of(const Node& node) {
 
 std::vector<Object> Tree::objects() const {
   std::vector<Object> listed;
-  for_each_node(impl_->store.root(), [&listed](const Node& node) {
+  for_each_node(impl_->read().root(), [&listed](const Node& node) {
     const bool extension = node.schema == nullptr;
     const bool is_table = node.kind == Node::Kind::kTable;
     listed.push_back({node.path, kind_of(node),

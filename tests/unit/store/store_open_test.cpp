@@ -246,12 +246,16 @@ TEST_F(StoreOpen, GoesOnWithADamagedFileThatIsOnlyHalfAside) {
 
 TEST_F(StoreOpen, RefusesAFileThatCannotBeWritten) {
   opened();
-  ASSERT_EQ(chmod(path_.c_str(), 0444), 0);
-  ASSERT_EQ(chmod((path_ + "-shared").c_str(), 0666), 0);
+  constexpr uid_t kNobody = 65534;
+  ASSERT_EQ(chmod(path_.c_str(), S_IRUSR), 0);
+  if (geteuid() == 0) {
+    for (const std::string& file : {path_, path_ + "-shared"}) {
+      ASSERT_EQ(chown(file.c_str(), kNobody, kNobody), 0);
+    }
+  }
   ASSERT_EQ(chmod(folder_.c_str(), 0755), 0);
   const pid_t child = fork();
   if (child == 0) {
-    constexpr uid_t kNobody = 65534;
     if (geteuid() == 0 && seteuid(kNobody) != 0) _exit(2);
     StoreResult result;
     _exit(Store::open(path_, {}, &result) == nullptr && result.error == StoreError::kReadOnly ? 0

@@ -29,6 +29,8 @@ constexpr std::array kRemedies = {
     Remedy{StoreError::kLocked, ExitCode::kStore, "try again when the other process has finished"},
     Remedy{StoreError::kMovedOn, ExitCode::kStore,
            "try again: another process changed the store first"},
+    Remedy{StoreError::kReplaced, ExitCode::kStore,
+           "try again: the next command opens the file that is there now"},
     Remedy{StoreError::kBatchOpen, ExitCode::kFailed, "report it with the command that led to it"},
     Remedy{StoreError::kTrialOpen, ExitCode::kFailed, "report it with the command that led to it"},
     Remedy{StoreError::kNoTrial, ExitCode::kStore, "try again: the change was discarded meanwhile"},
