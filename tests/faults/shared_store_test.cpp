@@ -130,8 +130,8 @@ TEST_F(SharedStore, FourThatCreateAtOnceFindEachOthersWanDevice) {
   opened();
   std::vector<std::unique_ptr<Child>> processes;
   for (int i = 0; i < 4; ++i) {
-    processes.push_back(
-        std::make_unique<Child>([this](int /*pipe*/) { return create_once(path_, start_, false); }));
+    processes.push_back(std::make_unique<Child>(
+        [this](int /*pipe*/) { return create_once(path_, start_, false); }));
   }
   make(start_);
   for (const auto& process : processes) EXPECT_EQ(process->wait(), 0);

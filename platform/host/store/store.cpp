@@ -160,7 +160,7 @@ void Store::Impl::load(bool is_locked) {
 
 void Store::Impl::reopen() {
   if (connection.is_in_memory()) return connection.opened();
-  batch.leave_to_parent();
+  if (connection.is_of_parent()) batch.leave_to_parent();
   open();
 }
 

@@ -14,8 +14,6 @@ std::set<StoreConnection*>& all_connections() {
   return *connections;
 }
 
-constexpr int kNotOpened = -1;  // as a number of forks
-
 }  // namespace
 
 int StoreConnection::forks_of_process = 0;

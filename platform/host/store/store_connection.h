@@ -32,6 +32,7 @@ class StoreConnection {
   void opened() { forks_ = forks_of_process; }  ///< all of it is this process's own now
 
   bool is_inherited() const { return forks_ != forks_of_process; }  ///< or could not be opened
+  bool is_of_parent() const { return is_inherited() && forks_ != kNotOpened; }
 
   bool is_to_be_made() const;  ///< whether some of the files are not there yet
   bool is_gone() const { return !identity_of(path_); }  ///< whether no file has the name
@@ -75,6 +76,7 @@ class StoreConnection {
   static void leave_files_to_parent();
   static void count_fork();
 
+  static constexpr int kNotOpened = -1;  ///< as a number of forks
   static int forks_of_process;  ///< how often it is the child of a fork, since the first store
 
   const std::string path_;

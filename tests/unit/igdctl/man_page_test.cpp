@@ -55,12 +55,12 @@ TEST(ManPage, SaysWhatEachExitCodeMeans) {
   const CLI::App root("A tool", "igdctl");
   const std::string page = man_page(root, "igdctl", true);
   const char* const meanings[] = {"done",
-                                  "something unexpected failed",
+                                  "an unexpected failure",
                                   "bad input",
                                   "no such connection",
                                   "a check failed",
                                   "the store cannot be used",
-                                  "a change still waits",
+                                  "a change is still waiting",
                                   "this build cannot do that",
                                   "the change needs",
                                   "the platform refused",

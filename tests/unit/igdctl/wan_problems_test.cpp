@@ -84,7 +84,7 @@ TEST(WanProblems, AHostHasNoAddressOfAllNetworksAndNoGatewayOfMany) {
             Texts{"no host can have the address 192.0.2.10 with the mask 0.0.0.0"});
   EXPECT_EQ(of_new(R"({"name": "A", "mode": "static", "address": "192.0.2.10",
                        "mask": "255.255.255.255", "gateway": "224.0.0.1"})"),
-            Texts{"the gateway 224.0.0.1 is not another host in the subnet of 192.0.2.10"});
+            Texts{"the gateway 224.0.0.1 is not a different host in the subnet of 192.0.2.10"});
 }
 
 TEST(WanProblems, AGatewayElsewhereIsToldTheSubnet) {
@@ -132,7 +132,7 @@ TEST_F(WanProblemsOfAChange, ANameOfAnotherConnectionIsNotTaken) {
 TEST_F(WanProblemsOfAChange, ServersNeedAModeToBelongTo) {
   info_.connect_mode = 0;
   EXPECT_EQ(messages(problems(R"({"dns": ["192.0.2.53"]})")),
-            Texts{"no mode is chosen, so there is nothing that DNS servers could belong to"});
+            Texts{"DNS servers belong to a mode, and none is chosen"});
 }
 
 }  // namespace

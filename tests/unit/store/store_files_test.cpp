@@ -101,6 +101,17 @@ TEST_F(StoreFiles, AFileThatIsGoneIsNotMadeAnew) {
   write_and_commit(*store, kUrl, "again");
 }
 
+TEST_F(StoreFiles, ABatchIsLostWithAWordWhenTheFileThatReplacedTheStoreCannotBeOpened) {
+  auto store = opened();
+  EXPECT_EQ(store->tree().set_value(kUser, "x"), 0);
+  move_aside();
+  write_file(path_, "no database at all, but long enough");
+  std::filesystem::resize_file(shared(), 0);  // sends the next read to the files
+  (void)store->tree();
+  (void)store->tree();
+  EXPECT_NE(store->commit().error, StoreError::kNone);
+}
+
 TEST_F(StoreFiles, ClosingAStoreThatWasReplacedLeavesTheLogOfTheNewOne) {
   auto store = opened();
   write_and_commit(*store, kUrl, "old");
@@ -213,7 +224,8 @@ TEST_F(StoreFiles, AnAdministratorMakesTheSharedFileForTheOwnerOfTheStore) {
   if (geteuid() != 0) GTEST_SKIP() << "only an administrator can";
   constexpr uid_t kSomebody = 65534;
   opened();
-  for (const char* end : {"", "-wal", "-shm"}) (void)chown((path_ + end).c_str(), kSomebody, kSomebody);
+  for (const char* end : {"", "-wal", "-shm"})
+    (void)chown((path_ + end).c_str(), kSomebody, kSomebody);
   std::filesystem::remove(shared());
   opened();
   struct stat status = {};

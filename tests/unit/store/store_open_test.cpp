@@ -267,11 +267,11 @@ TEST_F(StoreOpen, RefusesAFileThatCannotBeWritten) {
 }
 
 TEST(StoreErrors, HaveTheirNames) {
-  const char* const names[] = {"kNone",    "kNotOpened", "kReadOnly",     "kFull",
-                               "kIo",      "kCorrupt",   "kForeign",      "kUnknownFormat",
-                               "kLocked",  "kMovedOn",   "kBatchOpen",    "kTrialOpen",
-                               "kNoTrial", "kPending",   "kNotPending",   "kBadDeadline",
-                               "kBadName", "kNameTaken", "kNoCheckpoint", ""};
+  const char* const names[] = {
+      "kNone",      "kNotOpened",     "kReadOnly", "kFull",       "kIo",          "kCorrupt",
+      "kForeign",   "kUnknownFormat", "kLocked",   "kMovedOn",    "kReplaced",    "kBatchOpen",
+      "kTrialOpen", "kNoTrial",       "kPending",  "kNotPending", "kBadDeadline", "kBadName",
+      "kNameTaken", "kNoCheckpoint",  ""};
   int error = 0;
   for (const char* const name : names) {
     EXPECT_STREQ(host::name_of(static_cast<StoreError>(error++)), name);

@@ -29,28 +29,28 @@ class StoreTexts : public StoreBench {
 
 TEST_F(StoreTexts, NameTheCheckpoint) {
   EXPECT_EQ(store_->make_checkpoint("a b").text,
-            "a checkpoint's name is 1 to 64 letters, digits, . _ and -");
+            "a checkpoint's name must be 1 to 64 letters, digits, . _ and -");
   EXPECT_TRUE(store_->make_checkpoint("a").ok());
-  EXPECT_EQ(store_->make_checkpoint("a").text, "there is a checkpoint a already");
+  EXPECT_EQ(store_->make_checkpoint("a").text, "there is already a checkpoint a");
   EXPECT_EQ(store_->restore("b").text, "there is no checkpoint b");
 }
 
 TEST_F(StoreTexts, TellATrialFromABatch) {
   EXPECT_EQ(store_->accept().text, "no trial is open");
   EXPECT_TRUE(store_->begin_trial().ok());
-  EXPECT_EQ(store_->begin_trial().text, "a trial is open already");
-  EXPECT_EQ(store_->make_checkpoint("a").text, "there are writes that are not committed");
+  EXPECT_EQ(store_->begin_trial().text, "a trial is already open");
+  EXPECT_EQ(store_->make_checkpoint("a").text, "there are uncommitted writes");
 }
 
 TEST_F(StoreTexts, TellWhatWaitsForItsConfirmation) {
-  EXPECT_EQ(store_->confirm().text, "no change waits for its confirmation");
+  EXPECT_EQ(store_->confirm().text, "no change is waiting for confirmation");
   EXPECT_TRUE(store_->begin_trial().ok());
   store_->tree().set_value(kUrl, "x");
-  EXPECT_EQ(store_->accept_pending(0).text, "the time to confirm is 1 second to 1 day");
+  EXPECT_EQ(store_->accept_pending(0).text, "the time to confirm must be 1 second to 1 day");
   EXPECT_TRUE(store_->accept_pending(1).ok());
-  EXPECT_EQ(store_->begin_trial().text, "a change waits for its confirmation");
+  EXPECT_EQ(store_->begin_trial().text, "a change is waiting for confirmation");
   store_->tree().set_value(kUrl, "y");
-  EXPECT_EQ(store_->commit().text, discarded("another change waits for its confirmation"));
+  EXPECT_EQ(store_->commit().text, discarded("another change is waiting for confirmation"));
   time_.milliseconds += 1000;
   EXPECT_EQ(store_->confirm().text, "the time to confirm is over");
 }
@@ -59,7 +59,8 @@ TEST_F(StoreTexts, TellWhyABatchIsDiscarded) {
   auto other = opened();
   store_->tree().set_value(kUrl, "x");
   other->tree().set_value(kUrl, "y");
-  const std::string text = discarded("the batch was silent for too long and another one went on");
+  const std::string text =
+      discarded("the batch wrote nothing for too long and lost its lock to another one");
   EXPECT_EQ(store_->commit().text, text);
   EXPECT_EQ(reported_, std::vector<std::string>{text});
   options_.longest_silence_ms = 100000;
@@ -70,8 +71,8 @@ TEST_F(StoreTexts, TellWhyABatchIsDiscarded) {
 TEST_F(StoreTexts, TellWhatTheFileIs) {
   store_.reset();
   const std::pair<const char*, const char*> files[] = {
-      {"PRAGMA user_version = 3", "the store has format 3, this program knows 2"},
-      {"PRAGMA application_id = 7", "the file is a database of something else"},
+      {"PRAGMA user_version = 3", "the store has format 3, but this program supports 2"},
+      {"PRAGMA application_id = 7", "the file is another program's database"},
       {"DELETE FROM change", "the store has no generation"}};
   for (const auto& [statement, text] : files) {
     std::filesystem::remove(path_);
@@ -90,7 +91,7 @@ TEST_F(StoreTexts, TellThatAPlaceHoldsNoFile) {
   path_ = folder_;
   EXPECT_EQ(text_on_open(), path_ + ": it is not a file");
   path_ = folder_ + "/no/folder/gateway.db";
-  EXPECT_EQ(text_on_open(), path_ + ": the folder of the store is not there");
+  EXPECT_EQ(text_on_open(), path_ + ": the folder of the store does not exist");
 }
 
 }  // namespace
