@@ -1,5 +1,5 @@
 # GoogleTest's headers take longer to parse than the tests that include them: they are parsed once, for
-# all programs. The presets with Clang do without, so that a missing #include shows.
+# all programs. The preset `coverage` and clang-tidy do without, so that a missing #include shows.
 if(NOT TARGET contract_suite)
   return()
 endif()

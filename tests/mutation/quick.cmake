@@ -25,18 +25,7 @@ function(precompile_for target)
   target_link_libraries(${target}_objects INTERFACE "${object}")
 endfunction()
 
-# What calls much is quicker optimised, also when compiled again for each mutant.
-function(optimise)
-  foreach(target ${ARGN})
-    if(TARGET ${target})
-      target_compile_options(${target} PRIVATE -O1)
-    endif()
-  endforeach()
-endfunction()
-
 function(make_quick)
-  optimise(igd_objects host_objects test_support transcript_test foreign_platform
-    operations_reference operations_support operations_test model_support proof_support fuzz_twice)
   precompile_for(host -O1 -fvisibility=hidden -fvisibility-inlines-hidden)
   precompile_for(igdctl)
 endfunction()
