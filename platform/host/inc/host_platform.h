@@ -23,6 +23,9 @@
 
 namespace host {
 
+/// Bytes of the longest text that a parameter takes, and of the longest label of a change: 16 MiB.
+inline constexpr std::size_t kLongestText = std::size_t{16} << 20U;
+
 /// A call that the tree refused, and so changed nothing. libigd looks at no result; this list is
 /// where a refusal shows.
 struct Refusal {
@@ -113,9 +116,10 @@ class HOST_EXPORT Tree {
   /// Gives a parameter a text.
   ///
   /// @param name   full name of a parameter that is there; none is made
-  /// @param value  any bytes, kept as they are whatever the parameter's type and access
-  /// @return 0, or -1 when refused: no such parameter, a computed count, or a store that cannot
-  ///         take the write
+  /// @param value  any bytes, kept as they are whatever the parameter's type and access; at most
+  ///               kLongestText
+  /// @return 0, or -1 when refused: no such parameter, a computed count, a longer text, or a store
+  ///         that cannot take the write
   int set_value(const std::string& name, const std::string& value);
 
   /// @param name  full name of a parameter
@@ -233,8 +237,8 @@ struct ImportResult {
 };
 
 /// Replaces a tree by a parameter dump: RFC 4180 CSV with a header line that names at least
-/// Parameter, Object, Writable, Value and "Value type", in any order. A malformed file is refused
-/// whole and the tree stays as it was.
+/// Parameter, Object, Writable, Value and "Value type", in any order. A malformed file, or one with
+/// a name or value longer than kLongestText, is refused whole and the tree stays as it was.
 ///
 /// @param tree    loses all it had. A store's tree takes the import as one write of its batch and
 ///                commits nothing; what the store refuses is an error like a malformed file

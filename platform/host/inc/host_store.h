@@ -29,13 +29,14 @@ namespace host {
 
 /// What came of a call to a store. Whatever failed has changed nothing, unless its line says so.
 enum class StoreError {
-  kNone,           ///< done
-  kNotOpened,      ///< the file cannot be made or opened: no such folder, no permission
-  kReadOnly,       ///< the file or its disk can be read but not written
-  kFull,           ///< the disk, or the size that the options allow, is full
-  kIo,             ///< reading or writing failed for another reason
-  kCorrupt,        ///< the file is damaged, or no database at all; it is left as it is
-  kForeign,        ///< the file is a database of something else; it is left as it is
+  kNone,       ///< done
+  kNotOpened,  ///< the file cannot be made or opened: no such folder, no permission
+  kReadOnly,   ///< the file or its disk can be read but not written
+  kFull,       ///< the disk, or the size that the options allow, is full
+  kTooLarge,   ///< a label is longer than kLongestText
+  kIo,         ///< reading or writing failed for another reason
+  kCorrupt,    ///< the file is damaged, or no database at all; it is left as it is
+  kForeign,    ///< the file is a database of something else; it is left as it is
   kUnknownFormat,  ///< the store has a format of a newer or unknown version; it is left as it is
   kLocked,         ///< another process kept the write lock for longer than the options allow
   kMovedOn,        ///< another process committed meanwhile; this batch is discarded
@@ -142,10 +143,11 @@ class HOST_EXPORT Store {
   /// Makes the batch durable. In a trial it writes nothing, see begin_trial(). Without a batch, or
   /// with one that comes to nothing, it is done and no generation begins.
   ///
-  /// @param label  what people see as the reason of the change
-  /// @return kNone: it is on disk. kMovedOn, kPending, kLocked, what poisoned the batch, or what
-  ///         writing the file failed with (kFull, kIo, kReadOnly, kCorrupt): all of the batch is
-  ///         discarded, the tree is as it was at the last commit, and the debug sink has a line
+  /// @param label  what people see as the reason of the change, at most kLongestText
+  /// @return kNone: it is on disk. kMovedOn, kPending, kLocked, kTooLarge, what poisoned the batch,
+  ///         or what writing the file failed with (kFull, kIo, kReadOnly, kCorrupt): all of the
+  ///         batch is discarded, the tree is as it was at the last commit, and the debug sink has a
+  ///         line
   StoreResult commit(const std::string& label = {});
 
   /// Undoes every write of the batch, poisoned or not, and ends the trial when one is open.

@@ -84,6 +84,7 @@ void StoreBatch::write(const std::string& label, int seconds_to_confirm) {
 }
 
 void StoreBatch::land(RowChanges rows, const std::string& label, int seconds_to_confirm) {
+  StoreFile::require_label(label);
   const CommitLock lock = connection_.locked();
   require_lock();
   Transaction transaction(connection_.database(), Transaction::kWrite);

@@ -24,6 +24,8 @@ const char* name_of(StoreError error) {
       return "kReadOnly";
     case StoreError::kFull:
       return "kFull";
+    case StoreError::kTooLarge:
+      return "kTooLarge";
     case StoreError::kIo:
       return "kIo";
     case StoreError::kCorrupt:

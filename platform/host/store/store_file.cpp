@@ -139,6 +139,11 @@ void StoreFile::make_new() {
   transaction.commit();
 }
 
+void StoreFile::require_label(const std::string& label) {
+  if (label.size() <= kLongestText) return;
+  throw StoreFailure(StoreError::kTooLarge, "the label is longer than 16 MiB");
+}
+
 void StoreFile::require_sound() {
   const std::string verdict = database_.text("PRAGMA quick_check(1)");
   if (verdict == "ok") return;

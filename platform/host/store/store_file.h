@@ -46,7 +46,8 @@ class StoreFile {
 
   Database& database() { return database_; }
 
-  void require_sound();  ///< reads the whole file
+  static void require_label(const std::string& label);  ///< one that is not too long
+  void require_sound();                                 ///< reads the whole file
   Generation generation();
   bool is_newest(Generation generation);  ///< without a look at all that are kept
   RowSet rows();

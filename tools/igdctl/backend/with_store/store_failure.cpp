@@ -21,6 +21,7 @@ constexpr std::array kRemedies = {
     Remedy{StoreError::kReadOnly, ExitCode::kStore,
            "check that you can write to the file and that its disk is not mounted read-only"},
     Remedy{StoreError::kFull, ExitCode::kStore, "free space on its disk, then try again"},
+    Remedy{StoreError::kTooLarge, ExitCode::kBadInput, "make a smaller change, or several"},
     Remedy{StoreError::kIo, ExitCode::kStore, "check whether its disk is failing"},
     Remedy{StoreError::kCorrupt, ExitCode::kStore,
            "igdctl store import DUMP --keep-corrupt-aside moves it away and starts from a dump"},
