@@ -262,13 +262,14 @@ class HOST_EXPORT ReadHold {
 };
 
 /// Where the store of this process is. A variable that is empty counts as not set.
+/// When the program runs with more rights than its caller, the environment counts as empty.
 ///
 /// @return IGD_STORE; for root /var/lib/igd/gateway.db; else igd/gateway.db in XDG_STATE_HOME or,
 ///         when that is not set, in .local/state of HOME; "" when none of them is set
 HOST_EXPORT std::string default_store_path();
 
 /// The store behind getContext(), opened at first use with the options' defaults. Its folders are
-/// made, for the owner alone, unless IGD_STORE names it.
+/// made and synced, for the owner alone, unless IGD_STORE names it.
 ///
 /// @param result  set to the reason of the last failure, or kNone; may be null
 /// @return null when it cannot be opened, which is reported to the debug sink once and tried again

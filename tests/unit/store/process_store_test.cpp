@@ -5,6 +5,7 @@
 
 #include "client.h"
 #include "store_bench.h"
+#include "synced_folders.h"
 
 namespace {
 
@@ -41,6 +42,11 @@ std::optional<timespec> changed_at(const char* path) {
   struct stat status = {};
   if (stat(path, &status) != 0) return std::nullopt;
   return status.st_ctim;
+}
+
+ino_t number_of(const std::string& folder) {
+  struct stat status = {};
+  return stat(folder.c_str(), &status) == 0 ? status.st_ino : 0;
 }
 
 TEST_F(ProcessStore, IsTheOneThatTheEnvironmentNames) {
@@ -81,7 +87,8 @@ TEST_F(ProcessStore, TouchesNoDefaultPathWhenOneIsNamed) {
   }
 }
 
-// Where the file goes when nothing names it, whatever the user's umask lets others see.
+// Where the file goes when nothing names it, whatever the user's umask lets others see. The name of
+// each is synced, up to the folder that was there: a power cut must not take the store with it.
 TEST_F(ProcessStore, MakesItsFoldersForTheirOwnerAlone) {
   constexpr uid_t kSomebody = 65534;
   ASSERT_EQ(chmod(folder_.c_str(), 0777), 0);
@@ -92,7 +99,14 @@ TEST_F(ProcessStore, MakesItsFoldersForTheirOwnerAlone) {
     (void)setenv("XDG_STATE_HOME", state_folder.c_str(), 1);
     (void)umask(0);
     if (geteuid() == 0 && seteuid(kSomebody) != 0) _exit(1);
-    _exit(host::process_store() != nullptr ? 0 : 2);
+    const std::vector<ino_t> synced_before = synced_folders();
+    const bool is_open = host::process_store() != nullptr;
+    std::vector<ino_t> expected = synced_before;
+    for (const std::string& parent : {folder_, folder_ + "/a", state_folder}) {
+      expected.push_back(number_of(parent));
+    }
+    const bool is_synced = synced_folders() == expected;
+    _exit(is_open && is_synced ? 0 : 2);
   }
   int status = 0;
   ASSERT_EQ(waitpid(child, &status, 0), child);
