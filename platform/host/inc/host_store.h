@@ -32,7 +32,7 @@ enum class StoreError {
   kNone,       ///< done
   kNotOpened,  ///< the file cannot be made or opened: no such folder, no permission
   kReadOnly,   ///< the file or its disk can be read but not written
-  kFull,       ///< the disk, or the size that the options allow, is full
+  kFull,       ///< the disk, the size that the options allow, or a file size limit is full
   kTooLarge,   ///< a label is longer than kLongestText
   kIo,         ///< reading or writing failed for another reason
   kCorrupt,    ///< the file is damaged, or no database at all; it is left as it is

@@ -32,14 +32,19 @@ StoreError error_of(int code) {
 bool ran_out_of_space(sqlite3* connection, int code) {
   const int kind = code & kKindOfError;
   if (connection == nullptr || (kind != SQLITE_IOERR && kind != SQLITE_CANTOPEN)) return false;
-  return error_of_system(sqlite3_system_errno(connection)) == StoreError::kFull;
+  return FileSizeSignal::came() ||
+         error_of_system(sqlite3_system_errno(connection)) == StoreError::kFull;
 }
 
 [[noreturn]] void fail(sqlite3* connection, int code) {
-  const char* text = connection != nullptr ? sqlite3_errmsg(connection) : sqlite3_errstr(code);
-  throw ran_out_of_space(connection, code)
-      ? StoreFailure(StoreError::kFull, "the disk is full: " + std::string(text))
-      : StoreFailure(error_of(code), text);
+  const std::string text =
+      connection != nullptr ? sqlite3_errmsg(connection) : sqlite3_errstr(code);
+  if (ran_out_of_space(connection, code)) {
+    const char* reason =
+        FileSizeSignal::came() ? "the file size limit is reached: " : "the disk is full: ";
+    throw StoreFailure(StoreError::kFull, reason + text);
+  }
+  throw StoreFailure(error_of(code), text);
 }
 
 }  // namespace
@@ -114,6 +119,7 @@ Database::Database(const std::string& path, const StoreOptions& options) {
 }
 
 Database::~Database() {
+  const FileSizeSignal no_signal;  // closing may write the log back
   statements_.clear();
   (void)sqlite3_close(connection_);
 }

@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "host_store.h"
+#include "store/file_size_signal.h"
 #include "store/store_error.h"
 
 namespace host {
@@ -86,6 +87,7 @@ class Transaction {
  private:
   void roll_back();
 
+  const FileSizeSignal no_signal_;
   Database& database_;
   bool open_ = true;
 };

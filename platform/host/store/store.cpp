@@ -104,6 +104,7 @@ struct Store::Impl {
 };
 
 void Store::Impl::open() {
+  const FileSizeSignal no_signal;
   connection.open_shared_state();
   const CommitLock lock = connection.locked();
   connection.shared().reserve();

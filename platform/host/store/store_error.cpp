@@ -8,7 +8,7 @@ namespace host {
 
 StoreError error_of_system(int number) {
   if (number == EROFS) return StoreError::kReadOnly;
-  if (number == ENOSPC || number == EDQUOT) return StoreError::kFull;
+  if (number == ENOSPC || number == EDQUOT || number == EFBIG) return StoreError::kFull;
   return StoreError::kNotOpened;
 }
 
