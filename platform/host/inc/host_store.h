@@ -33,7 +33,7 @@ enum class StoreError {
   kNotOpened,  ///< the file cannot be made or opened: no such folder, no permission
   kReadOnly,   ///< the file or its disk can be read but not written
   kFull,       ///< the disk, the size that the options allow, or a file size limit is full
-  kTooLarge,   ///< a label is longer than kLongestText
+  kTooLarge,   ///< a label is over 16 MiB, or one object, change or checkpoint over 256 MiB
   kIo,         ///< reading or writing failed for another reason
   kCorrupt,    ///< the file is damaged, or no database at all; it is left as it is
   kForeign,    ///< the file is a database of something else; it is left as it is
@@ -200,7 +200,8 @@ class HOST_EXPORT Store {
   /// Keeps the last committed state under a name. It survives commits and restores.
   ///
   /// @param name  1 to 64 letters, digits, ".", "_" and "-"
-  /// @return kBadName, kBatchOpen, kNameTaken, kLocked, kFull, or what else writing failed with
+  /// @return kBadName, kBatchOpen, kNameTaken, kLocked, kFull, kTooLarge, or what else writing
+  ///         failed with
   StoreResult make_checkpoint(const std::string& name);
 
   /// @param name  of a named one; automatic ones go when 20 newer changes are there

@@ -1,9 +1,15 @@
 #include "store/database.h"
 
+#include "host_platform.h"
+
 namespace host {
 namespace {
 
 constexpr int kKindOfError = 0xff;  // the rest of a code is detail
+
+// A row has a label or a path beside its largest piece, and what SQLite adds.
+constexpr std::size_t kLargestRow = kLargestPiece + kLongestText + 65536;
+constexpr int kLongestStatement = 1000000;
 
 StoreError error_of(int code) {
   switch (code & kKindOfError) {
@@ -12,6 +18,8 @@ StoreError error_of(int code) {
     case SQLITE_FORMAT:
     case SQLITE_ERROR:  // the statements are right, so the tables are not
     case SQLITE_CONSTRAINT:
+    case SQLITE_TOOBIG:     // what is too large is never written
+    case SQLITE_INTERRUPT:  // only the limit of steps interrupts
       return StoreError::kCorrupt;
     case SQLITE_READONLY:
       return StoreError::kReadOnly;
@@ -44,7 +52,19 @@ bool ran_out_of_space(sqlite3* connection, int code) {
         FileSizeSignal::came() ? "the file size limit is reached: " : "the disk is full: ";
     throw StoreFailure(StoreError::kFull, reason + text);
   }
+  if (code == SQLITE_INTERRUPT) throw StoreFailure(StoreError::kCorrupt, "a table has no end");
   throw StoreFailure(error_of(code), text);
+}
+
+// Reading and writing never run what a file's own schema says, and take no more than a store needs.
+void take_as_data(sqlite3* connection) {
+  constexpr int kOff[] = {SQLITE_DBCONFIG_TRUSTED_SCHEMA, SQLITE_DBCONFIG_ENABLE_TRIGGER,
+                          SQLITE_DBCONFIG_ENABLE_VIEW};
+  for (const int option : kOff) (void)sqlite3_db_config(connection, option, 0, nullptr);
+  (void)sqlite3_db_config(connection, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  (void)sqlite3_limit(connection, SQLITE_LIMIT_LENGTH, static_cast<int>(kLargestRow));
+  (void)sqlite3_limit(connection, SQLITE_LIMIT_SQL_LENGTH, kLongestStatement);
+  (void)sqlite3_exec(connection, "PRAGMA cell_size_check = ON", nullptr, nullptr, nullptr);
 }
 
 }  // namespace
@@ -59,6 +79,7 @@ void Statement::check(int code) {
 
 Statement& Statement::reset() {
   (void)sqlite3_reset(statement_);  // repeats the error of the last run, which is known
+  (void)sqlite3_stmt_status(statement_, SQLITE_STMTSTATUS_VM_STEP, 1);  // the limit counts anew
   return *this;
 }
 
@@ -74,6 +95,11 @@ Statement& Statement::bind_text(int place, std::string_view text) {
 }
 
 Statement& Statement::bind_bytes(int place, std::string_view bytes) {
+  if (bytes.size() > kLargestPiece) {
+    throw StoreFailure(StoreError::kTooLarge,
+                       "what the store keeps of one object, change or checkpoint would take more "
+                       "than 256 MiB");
+  }
   const char* data = bytes.empty() ? "" : bytes.data();
   check(sqlite3_bind_blob64(statement_, place + 1, data, bytes.size(), SQLITE_STATIC));
   return *this;
@@ -108,6 +134,7 @@ Database::Database(const std::string& path, const StoreOptions& options) {
   const int code = sqlite3_open_v2(path.c_str(), &connection_, flags, vfs);
   if (code == SQLITE_OK) {
     (void)sqlite3_busy_timeout(connection_, options.lock_timeout_ms);
+    take_as_data(connection_);
     return;
   }
   try {
@@ -124,8 +151,20 @@ Database::~Database() {
   (void)sqlite3_close(connection_);
 }
 
+// SQLite counts the steps of each statement since its last reset.
+void Database::limit_steps(int most) {
+  sqlite3_progress_handler(
+      connection_, most, [](void* /*unused*/) { return 1; }, nullptr);
+}
+
+std::int64_t Database::size() { return number("PRAGMA page_count") * number("PRAGMA page_size"); }
+
 void Database::leave_log() {
   (void)sqlite3_db_config(connection_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+}
+
+void Database::own_log() {
+  (void)sqlite3_db_config(connection_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
 }
 
 void Database::empty_log() {

@@ -4,6 +4,7 @@
 
 #include <sqlite3.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -15,6 +16,10 @@
 #include "store/store_error.h"
 
 namespace host {
+
+/// Bytes of the largest thing that a store keeps in one piece: the rows of an object, a change, a
+/// checkpoint.
+inline constexpr std::size_t kLargestPiece = std::size_t{256} << 20U;
 
 /// A prepared statement that one caller at a time fills and runs. Places and columns count from 0.
 /// What is bound must stay where it is until the statement has run.
@@ -28,7 +33,7 @@ class Statement {
   Statement& reset();
   Statement& bind(int place, std::int64_t number);
   Statement& bind_text(int place, std::string_view text);
-  Statement& bind_bytes(int place, std::string_view bytes);
+  Statement& bind_bytes(int place, std::string_view bytes);  ///< kLargestPiece at most
 
   bool next();  ///< runs on to the next row; false past the last
   void run();   ///< runs to the end
@@ -44,7 +49,20 @@ class Statement {
   sqlite3_stmt* statement_ = nullptr;
 };
 
-/// Every member but the destructor throws StoreFailure.
+/// Resets a statement when its rows have been read, also when they turn out to be damaged.
+class Reading {
+ public:
+  explicit Reading(Statement& statement) : statement_(statement) {}
+  Reading(const Reading&) = delete;
+  Reading& operator=(const Reading&) = delete;
+  ~Reading() { statement_.reset(); }
+
+ private:
+  Statement& statement_;
+};
+
+/// Every member but the destructor throws StoreFailure. What stands in the file is data: nothing in
+/// it makes SQLite run a function, take more memory than a store needs, or go on without end.
 class Database {
  public:
   Database(const std::string& path, const StoreOptions& options);
@@ -60,8 +78,14 @@ class Database {
   /// Prepared once for each text, which must be a literal, and handed out fresh.
   Statement& statement(const char* sql);
 
+  /// From now on a statement that takes more steps of SQLite's machine fails with kCorrupt.
+  void limit_steps(int most);
+  std::int64_t size();  ///< bytes of all pages, as the statement that is being read sees them
+
   /// From now on closing it only gives its locks back, and leaves the log to others.
   void leave_log();
+  /// From now on commits go to a log, and closing writes it back when nobody else is there.
+  void own_log();
 
   /// Tries to write the log back and empty it. A commit whose sync failed may stand in the log
   /// whole; whoever reads the log after this process died would take it for done.

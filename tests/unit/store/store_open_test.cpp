@@ -153,7 +153,6 @@ TEST_F(StoreOpen, RefusesDamagedContent) {
   const std::string sound = bringing(device + "Manufacturer");
   const std::string damages[] = {
       "DELETE FROM change",
-      "DROP TABLE object",
       object_put("Nowhere.At.", bringing("Nowhere.At.All")),
       object_put("InternetGatewayDevice.WANDevice.01.",
                  host::encoded(RowSet{{"InternetGatewayDevice.WANDevice.01.", {"1", "object"}}})),
