@@ -116,8 +116,7 @@ class HOST_EXPORT Tree {
   /// Gives a parameter a text.
   ///
   /// @param name   full name of a parameter that is there; none is made
-  /// @param value  any bytes, kept as they are whatever the parameter's type and access; at most
-  ///               kLongestText
+  /// @param value  up to kLongestText bytes, kept as they are whatever the type and access
   /// @return 0, or -1 when refused: no such parameter, a computed count, a longer text, or a store
   ///         that cannot take the write
   int set_value(const std::string& name, const std::string& value);

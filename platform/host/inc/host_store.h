@@ -7,6 +7,11 @@
 /// its batch: the writes after it fail at once, and the next commit discards all of it and says so.
 /// Refusals of names, which libigd relies on, poison nothing.
 ///
+/// When the disk fails in the last sync, what was to be written may or may not have landed
+/// (kUncertain). The tree stays as it was until the next read, here or in another process, which
+/// decides: what it shows is in effect, and stays so when the power goes. While the disk goes on
+/// failing, nothing is decided and reads show what they showed.
+///
 /// Several processes can share a store. The next read of each shows what another one committed. One
 /// batch at a time is open in all of them together: the first write of the next one waits.
 ///
@@ -29,14 +34,15 @@ namespace host {
 
 /// What came of a call to a store. Whatever failed has changed nothing, unless its line says so.
 enum class StoreError {
-  kNone,       ///< done
-  kNotOpened,  ///< the file cannot be made or opened: no such folder, no permission
-  kReadOnly,   ///< the file or its disk can be read but not written
-  kFull,       ///< the disk, the size that the options allow, or a file size limit is full
-  kTooLarge,   ///< a label is over 16 MiB, or one object, change or checkpoint over 256 MiB
-  kIo,         ///< reading or writing failed for another reason
-  kCorrupt,    ///< the file is damaged, or no database at all; it is left as it is
-  kForeign,    ///< the file is a database of something else; it is left as it is
+  kNone,           ///< done
+  kNotOpened,      ///< the file cannot be made or opened: no such folder, no permission
+  kReadOnly,       ///< the file or its disk can be read but not written
+  kFull,           ///< the disk, the size that the options allow, or a file size limit is full
+  kTooLarge,       ///< a label is over 16 MiB, or one object, change or checkpoint over 256 MiB
+  kIo,             ///< reading or writing failed for another reason
+  kUncertain,      ///< the disk failed in the last sync: it may or may not have landed
+  kCorrupt,        ///< the file is damaged, or no database at all; it is left as it is
+  kForeign,        ///< the file is a database of something else; it is left as it is
   kUnknownFormat,  ///< the store has a format of a newer or unknown version; it is left as it is
   kLocked,         ///< another process kept the write lock for longer than the options allow
   kMovedOn,        ///< another process committed meanwhile; this batch is discarded
@@ -120,7 +126,7 @@ class HOST_EXPORT Store {
   ///                 "-shared" behind the name are the store's too
   /// @param options  hold for as long as the store lives
   /// @param result   set to kNone, kNotOpened, kReadOnly, kFull, kIo, kCorrupt, kForeign,
-  ///                 kUnknownFormat or kLocked; may be null
+  ///                 kUnknownFormat, kLocked, or kUncertain of a revert; may be null
   /// @return null on failure: nothing was put over a file that was there
   static std::unique_ptr<Store> open(const std::string& path, const StoreOptions& options,
                                      StoreResult* result);
@@ -147,7 +153,7 @@ class HOST_EXPORT Store {
   /// @return kNone: it is on disk. kMovedOn, kPending, kLocked, kTooLarge, what poisoned the batch,
   ///         or what writing the file failed with (kFull, kIo, kReadOnly, kCorrupt): all of the
   ///         batch is discarded, the tree is as it was at the last commit, and the debug sink has a
-  ///         line
+  ///         line. kUncertain: the same, but all of it may have landed; the next read shows which
   StoreResult commit(const std::string& label = {});
 
   /// Undoes every write of the batch, poisoned or not, and ends the trial when one is open.
@@ -171,7 +177,8 @@ class HOST_EXPORT Store {
   /// Ends the trial and makes all of it durable.
   ///
   /// @param label  as for commit()
-  /// @return kNoTrial when none is open, else as commit(): a trial that fails is discarded
+  /// @return kNoTrial when none is open, else as commit(): a trial that fails is discarded, unless
+  ///         it is kUncertain
   StoreResult accept(const std::string& label = {});
 
   /// Accepts a trial that is reverted unless confirm() is called, by any process, in time: also
@@ -187,11 +194,12 @@ class HOST_EXPORT Store {
 
   /// The pending change stays.
   /// @return kNotPending, also when it was too late and is reverted now; or what reading or writing
-  ///         the file failed with: the change then waits on
+  ///         the file failed with: the change then waits on, and after kUncertain may or may not
   StoreResult confirm();
 
   /// The pending change goes at once, in a new generation, as if it were too late.
-  /// @return kNotPending, or what writing the file failed with: the change then waits on
+  /// @return kNotPending, or what writing the file failed with: the change then waits on, and after
+  ///         kUncertain may or may not
   StoreResult revert();
 
   /// @return the change that waits for its confirmation; none also when the file cannot be read
@@ -200,12 +208,13 @@ class HOST_EXPORT Store {
   /// Keeps the last committed state under a name. It survives commits and restores.
   ///
   /// @param name  1 to 64 letters, digits, ".", "_" and "-"
-  /// @return kBadName, kBatchOpen, kNameTaken, kLocked, kFull, kTooLarge, or what else writing
-  ///         failed with
+  /// @return kBadName, kBatchOpen, kNameTaken, kLocked, kFull, kTooLarge, kUncertain, or what else
+  ///         writing failed with
   StoreResult make_checkpoint(const std::string& name);
 
   /// @param name  of a named one; automatic ones go when 20 newer changes are there
-  /// @return kBadName (of an automatic one too), kNoCheckpoint, or what writing failed with
+  /// @return kBadName (of an automatic one too), kNoCheckpoint, kUncertain, or what else writing
+  ///         failed with
   StoreResult delete_checkpoint(const std::string& name);
 
   /// Lists the states that restore() can bring back.

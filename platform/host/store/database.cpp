@@ -1,5 +1,7 @@
 #include "store/database.h"
 
+#include <utility>
+
 #include "host_platform.h"
 
 namespace host {
@@ -160,19 +162,31 @@ void Database::limit_steps(int most) {
 std::int64_t Database::size() { return number("PRAGMA page_count") * number("PRAGMA page_size"); }
 
 void Database::leave_log() {
+  owns_log_ = false;
   (void)sqlite3_db_config(connection_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
 }
 
 void Database::own_log() {
+  owns_log_ = true;
   (void)sqlite3_db_config(connection_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
 }
 
-void Database::empty_log() {
-  try {
-    run("PRAGMA wal_checkpoint(TRUNCATE)");
-  } catch (const StoreFailure&) {
-    // The disk fails at this too; the next commit that succeeds is written over what is there.
-  }
+// What the index knows no longer depends on the log when it was written back: a sync that failed is
+// not made up for by a later one. A commit that changes nothing is then written over what the index
+// does not know.
+void Database::settle() {
+  const FileSizeSignal no_signal;
+  run("PRAGMA wal_checkpoint");
+  Transaction transaction(*this, Transaction::kWrite);
+  set_pragma("user_version", number("PRAGMA user_version"));
+  transaction.commit_once();
+}
+
+// A commit stands in the log with its last page, so not when that one could not be written.
+bool Database::may_have_landed() const {
+  const int code = sqlite3_extended_errcode(connection_);
+  const bool was_cut_off = code == SQLITE_IOERR_WRITE && ran_out_of_space(connection_, code);
+  return owns_log_ && (code & kKindOfError) == SQLITE_IOERR && !was_cut_off;
 }
 
 void Database::run(const char* sql) {
@@ -220,16 +234,29 @@ void Transaction::roll_back() {
   }
 }
 
+void Transaction::commit_once() {
+  static constexpr const char* kCommit = "COMMIT";
+  database_.statement(kCommit).run();
+  open_ = false;
+}
+
 void Transaction::commit() {
   try {
-    static constexpr const char* kCommit = "COMMIT";
-    database_.statement(kCommit).run();
-    open_ = false;
+    commit_once();
   } catch (const StoreFailure& failure) {
+    const bool may_have_landed = database_.may_have_landed();
     roll_back();
-    if (failure.result().error == StoreError::kIo) database_.empty_log();
+    if (may_have_landed) settle_or_doubt(failure);
     throw;
   }
+}
+
+void Transaction::settle_or_doubt(const StoreFailure& failure) {
+  if (result_of([this] { database_.settle(); }).ok()) return;
+  if (database_.on_doubt_) database_.on_doubt_();
+  throw StoreFailure(
+      StoreError::kUncertain,
+      "the change may or may not have landed, because the disk failed: " + failure.result().text);
 }
 
 }  // namespace host

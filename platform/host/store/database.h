@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -87,18 +88,30 @@ class Database {
   /// From now on commits go to a log, and closing writes it back when nobody else is there.
   void own_log();
 
-  /// Tries to write the log back and empty it. A commit whose sync failed may stand in the log
-  /// whole; whoever reads the log after this process died would take it for done.
-  void empty_log();
+  /// Decides what became of a commit that is in doubt, for everybody: what is in effect now stays,
+  /// also when the power goes. When it stands in the log but not in the log's index, as after a
+  /// sync that failed, whoever reads the log after the last process died would take it for done.
+  /// Needs the commit lock.
+  void settle();
+  /// Whether the step that just failed may have left a commit in the log all the same.
+  bool may_have_landed() const;
+  /// What to do when a commit is in doubt and stays so.
+  void on_doubt(std::function<void()> action) { on_doubt_ = std::move(action); }
 
   bool is_read_only() const { return sqlite3_db_readonly(connection_, "main") == 1; }
 
  private:
+  friend class Transaction;
+
   sqlite3* connection_ = nullptr;
   std::map<const char*, std::unique_ptr<Statement>> statements_;
+  bool owns_log_ = false;
+  std::function<void()> on_doubt_;
 };
 
-/// A transaction that is rolled back unless it is committed, also when the commit fails.
+/// A transaction that is rolled back unless it is committed, also when the commit fails. One that
+/// fails in the last sync may have landed all the same; then it is kUncertain, unless it could be
+/// settled that it has not.
 class Transaction {
  public:
   enum Kind { kRead, kWrite };
@@ -109,7 +122,10 @@ class Transaction {
   void commit();
 
  private:
+  friend class Database;
+  void commit_once();
   void roll_back();
+  void settle_or_doubt(const StoreFailure& failure);
 
   const FileSizeSignal no_signal_;
   Database& database_;

@@ -69,8 +69,9 @@ StoreResult StoreBatch::commit(const std::string& label, int seconds_to_confirm)
   });
   if (in_trial_) return result;
   if (!result.ok()) {
-    result.text =
-        connection_.path() + ": the writes since the last commit are discarded: " + result.text;
+    const bool is_uncertain = result.error == StoreError::kUncertain;
+    const char* fate = is_uncertain ? "" : "the writes since the last commit are discarded: ";
+    result.text = connection_.path() + ": " + fate + result.text;
     report(result.text);
   }
   drop();

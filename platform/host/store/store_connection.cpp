@@ -50,6 +50,10 @@ void StoreConnection::open_shared_state() {
   shared_ = std::make_unique<SharedState>(path_);
 }
 
-void StoreConnection::open_file() { file_ = std::make_unique<StoreFile>(path_, options_); }
+void StoreConnection::open_file() {
+  file_ = std::make_unique<StoreFile>(path_, options_);
+  // An odd counter sends every process to the database, and the first one settles it.
+  database().on_doubt([this] { shared_->set_counter(shared_->counter() | 1U); });
+}
 
 }  // namespace host

@@ -28,6 +28,8 @@ const char* name_of(StoreError error) {
       return "kTooLarge";
     case StoreError::kIo:
       return "kIo";
+    case StoreError::kUncertain:
+      return "kUncertain";
     case StoreError::kCorrupt:
       return "kCorrupt";
     case StoreError::kForeign:

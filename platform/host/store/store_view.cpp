@@ -24,7 +24,9 @@ void StoreView::load() {
 
 void StoreView::publish_counter() {
   seen_counter_ = counter_of(generation_);
-  connection_.shared().set_counter(seen_counter_);
+  const bool is_in_doubt = connection_.shared().counter() % 2 != 0 &&
+                           !result_of([this] { connection_.database().settle(); }).ok();
+  connection_.shared().set_counter(is_in_doubt ? seen_counter_ | 1U : seen_counter_);
 }
 
 // While the counter stands still no change was committed; only that a pending one was confirmed
@@ -44,6 +46,7 @@ std::uint32_t StoreView::repaired_counter() {
   if (counter % 2 == 0) return counter;
   const CommitLock lock(shared);
   if (!lock.taken()) return counter;
+  connection_.database().settle();
   const std::uint32_t repaired = counter_of(connection_.file().generation());
   shared.set_counter(repaired);
   return repaired;
@@ -75,7 +78,7 @@ void StoreView::land(Transaction& transaction, const Change& change) {
     transaction.commit();
   });
   if (!written.ok()) {
-    shared.set_counter(counter - 2);
+    if (written.error != StoreError::kUncertain) shared.set_counter(counter - 2);
     throw StoreFailure(written);
   }
   const StoreOptions& options = connection_.options();

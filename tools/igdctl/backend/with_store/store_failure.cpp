@@ -24,6 +24,8 @@ constexpr std::array kRemedies = {
            "free space on its disk, or raise the file size limit (ulimit -f), then try again"},
     Remedy{StoreError::kTooLarge, ExitCode::kBadInput, "make a smaller change, or several"},
     Remedy{StoreError::kIo, ExitCode::kStore, "check whether its disk is failing"},
+    Remedy{StoreError::kUncertain, ExitCode::kUncertain,
+           "igdctl store history shows whether it has; check whether the disk is failing"},
     Remedy{StoreError::kCorrupt, ExitCode::kStore,
            "igdctl store import DUMP --keep-corrupt-aside moves it away and starts from a dump"},
     Remedy{StoreError::kForeign, ExitCode::kStore, "give another file with --store"},
