@@ -32,7 +32,7 @@ load helper
     revert; do
     has ".SS \"igdctl store $command\""
   done
-  [ "$(grep -cE '^\\fB[0-9]+\\fR$' <<<"$output")" -eq 11 ]
+  [ "$(grep -cE '^\\fB[0-9]+\\fR$' <<<"$output")" -eq 12 ]
 }
 
 @test "the gateway's pages say what it cannot do, and mention no store" {

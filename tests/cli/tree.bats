@@ -141,6 +141,20 @@ expect_no_change() {
   expect_no_change 2 tree set $bridge.BridgeName=x --value-file /dev/null
 }
 
+@test "a value of more than 16 MiB is refused, from a file and in a dump" {
+  local long=$BATS_TEST_TMPDIR/long dump=$BATS_TEST_TMPDIR/long.csv
+  head -c 16777217 /dev/zero | tr '\0' x >"$long"
+  expect_no_change 2 tree set $bridge.BridgeName --value-file "$long"
+  has "too long" "$stderr"
+  {
+    printf 'Parameter,Object,Writable,Value,Value type\nInternetGatewayDevice.X,false,false,'
+    cat "$long"
+    printf ',xsd:string\n'
+  } >"$dump"
+  expect_no_change 2 store import --yes "$dump"
+  has ":2: InternetGatewayDevice.X: Value is longer than 16 MiB" "$stderr"
+}
+
 @test "a prompt needs a terminal" {
   run --separate-stderr setsid -w "$IGDCTL" tree set ManagementServer.Password --prompt
   [ "$status" -eq 2 ]

@@ -168,10 +168,15 @@ int Disk::set_length(const FileRef& file, std::size_t length) {
 
 int Disk::sync(const FileRef& file) {
   const int code = admit(kSync);
-  if (code != SQLITE_OK || honesty_ == Honesty::kSyncsNothing) return code;
-  file->synced = file->content;
+  const bool decides = code == SQLITE_OK ? honesty_ != Honesty::kSyncsNothing : !losing_power_;
+  if (!decides) return code;
+  if (code == SQLITE_OK) {
+    for (const File::Change& change : file->unsynced) carry_out(file->synced, change);
+  }
+  // What a failed sync did not write counts as written from then on, as on Linux: users of the file
+  // see it, no later sync tries again.
   file->unsynced.clear();
-  return SQLITE_OK;
+  return code;
 }
 
 int Disk::sync_names() {

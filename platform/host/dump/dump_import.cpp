@@ -62,6 +62,7 @@ class DumpImport {
     }
     const std::string& name = field(record, kName);
     if (name.empty()) return "the parameter name is empty";
+    if (name.size() > kLongestText) return "the parameter name is longer than 16 MiB";
     if (!is_own(name)) {
       ++result_.foreign;
       notes_.foreign(name);
@@ -102,6 +103,10 @@ class DumpImport {
     if (!is_flag(field(record, kIsObject))) return neither(name, kIsObject);
     if (!writable.empty() && !is_flag(writable)) return neither(name, kWritable);
     const std::string& verbatim = field(record, kVerbatim);
+    const std::size_t digits_of_byte = verbatim == kHexadecimal ? 2 : 1;
+    if (field(record, kValue).size() / digits_of_byte > kLongestText) {
+      return name + ": Value is longer than 16 MiB";
+    }
     if (verbatim == kHexadecimal) {
       const bool is_read = from_hexadecimal(field(record, kValue)).has_value();
       return is_read ? std::string() : name + ": Value is not in hexadecimal digits";

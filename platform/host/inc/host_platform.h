@@ -23,6 +23,9 @@
 
 namespace host {
 
+/// Size of the longest text of a parameter and the longest label of a change: 16 MiB.
+inline constexpr std::size_t kLongestText = std::size_t{16} << 20U;
+
 /// A call that the tree refused, and that therefore changed nothing. Since libigd ignores results,
 /// refusals are recorded in a list.
 struct Refusal {
@@ -113,9 +116,10 @@ class HOST_EXPORT Tree {
   /// Sets a parameter.
   ///
   /// @param name   full name of an existing parameter; none is created
-  /// @param value  any bytes, stored unchanged whatever the parameter's type and access
-  /// @return 0, or -1 if refused: no such parameter, a computed count, or a store that cannot
-  ///         take the write
+  /// @param value  up to kLongestText bytes, stored unchanged whatever the parameter's type and
+  ///               access
+  /// @return 0, or -1 if refused: no such parameter, a computed count, a longer text, or a store
+  ///         that cannot take the write
   int set_value(const std::string& name, const std::string& value);
 
   /// @param name  full name of a parameter
@@ -232,8 +236,8 @@ struct ImportResult {
 };
 
 /// Replaces a tree by a parameter dump: RFC 4180 CSV with a header line that names at least
-/// Parameter, Object, Writable, Value and "Value type", in any order. A malformed file is refused
-/// as a whole and the tree stays unchanged.
+/// Parameter, Object, Writable, Value and "Value type", in any order. A malformed file, or one with
+/// a name or value longer than kLongestText, is refused as a whole and the tree stays unchanged.
 ///
 /// @param tree    loses its content. A store's tree takes the import as one write of its batch and
 ///                commits nothing; if the store refuses it, that is an error like a malformed file

@@ -7,6 +7,11 @@
 /// its batch: later writes fail at once, and the next commit discards the batch and reports that.
 /// Refusals of names, which libigd relies on, poison nothing.
 ///
+/// If the disk fails in the last sync of a commit, the change may or may not have landed
+/// (kUncertain). The tree stays as it was until the next read, here or in another process, decides:
+/// what that read shows is in effect, and survives a power cut. As long as the disk keeps failing,
+/// nothing is decided and reads show the old state.
+///
 /// Several processes can share a store. Each sees the others' commits at its next read. Only one
 /// batch at a time is open among all of them: the first write of the next one waits.
 ///
@@ -42,8 +47,10 @@ enum class StoreError {
   kNone,           ///< done
   kNotOpened,      ///< the file cannot be created or opened: no such folder, no permission
   kReadOnly,       ///< the file or its disk can be read but not written
-  kFull,           ///< the disk, or the size that the options allow, is full
+  kFull,           ///< the disk, the size that the options allow, or a file size limit is full
+  kTooLarge,       ///< a label is over 16 MiB, or one object, change or checkpoint over 256 MiB
   kIo,             ///< reading or writing failed for another reason
+  kUncertain,      ///< the disk failed in the last sync: the change may or may not have landed
   kCorrupt,        ///< the file is damaged, or not a database at all; it is left unchanged
   kForeign,        ///< the file is another program's database; it is left unchanged
   kUnknownFormat,  ///< the store's format is newer or unknown; it is left unchanged
@@ -134,7 +141,7 @@ class HOST_EXPORT Store {
   ///                 and "-shared" after the name belong to the store too
   /// @param options  apply for the life of the store
   /// @param result   set to kNone, kNotOpened, kReadOnly, kFull, kIo, kCorrupt, kForeign,
-  ///                 kUnknownFormat or kLocked; may be null
+  ///                 kUnknownFormat, kLocked, kReplaced, or kUncertain of a revert; may be null
   /// @return null on failure; an existing file was not replaced
   static std::unique_ptr<Store> open(const std::string& path, const StoreOptions& options,
                                      StoreResult* result);
@@ -157,10 +164,12 @@ class HOST_EXPORT Store {
   /// Makes the batch durable. In a trial it writes nothing, see begin_trial(). Without a batch, or
   /// with one that has no net effect, it succeeds and no generation begins.
   ///
-  /// @param label  the reason for the change, for people
-  /// @return kNone: it is on disk. kMovedOn, kPending, kLocked, the error that poisoned the batch,
-  ///         or an error of writing the file (kFull, kIo, kReadOnly, kCorrupt): the whole batch is
-  ///         discarded, the tree is as it was at the last commit, and the debug sink gets a line
+  /// @param label  the reason for the change, for people; at most kLongestText
+  /// @return kNone: it is on disk. kMovedOn, kPending, kLocked, kReplaced, kTooLarge, the error that
+  ///         poisoned the batch, or an error of writing the file (kFull, kIo, kReadOnly, kCorrupt):
+  ///         the whole batch is discarded, the tree is as it was at the last commit, and the debug
+  ///         sink gets a line. kUncertain: the same, but the whole batch may have landed; the next
+  ///         read shows which
   StoreResult commit(const std::string& label = {});
 
   /// Undoes every write of the batch, poisoned or not, and ends an open trial.
@@ -192,7 +201,8 @@ class HOST_EXPORT Store {
   /// Ends the trial and makes it durable.
   ///
   /// @param label  as for commit()
-  /// @return kNoTrial if none is open, otherwise as commit(): a trial that fails is discarded
+  /// @return kNoTrial if none is open, otherwise as commit(): a trial that fails is discarded,
+  ///         unless it is kUncertain
   StoreResult accept(const std::string& label = {});
 
   /// Accepts a trial, to be reverted unless some process calls confirm() in time. The deadline
@@ -208,11 +218,13 @@ class HOST_EXPORT Store {
 
   /// Keeps the pending change.
   /// @return kNotPending, also if it is too late and the change is now reverted; or an error of
-  ///         reading or writing the file: the change is then still pending
+  ///         reading or writing the file: the change is then still pending, and after kUncertain may
+  ///         or may not be
   StoreResult confirm();
 
   /// Reverts the pending change at once, in a new generation, as if the deadline had passed.
-  /// @return kNotPending, or an error of writing the file: the change is then still pending
+  /// @return kNotPending, or an error of writing the file: the change is then still pending, and
+  ///         after kUncertain may or may not be
   StoreResult revert();
 
   /// @return the change that is waiting for confirmation; none also if the file cannot be read
@@ -221,13 +233,15 @@ class HOST_EXPORT Store {
   /// Saves the last committed state under a name. It survives commits and restores.
   ///
   /// @param name  1 to 64 letters, digits, ".", "_" and "-"
-  /// @return kBadName, kBatchOpen, kNameTaken, kLocked, kFull, or another error of writing
+  /// @return kBadName, kBatchOpen, kNameTaken, kLocked, kFull, kTooLarge, kUncertain, or another
+  ///         error of writing
   StoreResult make_checkpoint(const std::string& name);
 
   /// Deletes a named checkpoint.
   ///
   /// @param name  its name; automatic checkpoints are dropped after 20 newer changes
-  /// @return kBadName (also for an automatic one), kNoCheckpoint, or an error of writing
+  /// @return kBadName (also for an automatic one), kNoCheckpoint, kUncertain, or another error of
+  ///         writing
   StoreResult delete_checkpoint(const std::string& name);
 
   /// Lists the states that restore() can restore.
@@ -284,14 +298,15 @@ class HOST_EXPORT ReadHold {
   Store& store_;
 };
 
-/// Returns where the store of this process is. An empty variable counts as not set.
+/// Returns where the store of this process is. An empty variable counts as not set. If the program
+/// runs with more rights than its caller, the environment counts as empty.
 ///
 /// @return IGD_STORE; for root /var/lib/igd/gateway.db; otherwise igd/gateway.db in XDG_STATE_HOME
 ///         or, if that is not set, in .local/state of HOME; "" if none of them is set
 HOST_EXPORT std::string default_store_path();
 
 /// Returns the store behind getContext(), opened at first use with the default options. Its folders
-/// are created, accessible to their owner only, unless IGD_STORE names it.
+/// are created and synced, accessible to their owner only, unless IGD_STORE names it.
 ///
 /// @param result  set to the reason of the last failure, or kNone; may be null
 /// @return null if it cannot be opened, which is reported to the debug sink once and retried

@@ -12,12 +12,12 @@ namespace host {
 namespace {
 
 // The handler of a signal may run at any moment, so entries are never freed, only used again.
-struct Entry {
+struct WatchedPage {
   std::atomic<void*> page{nullptr};
-  Entry* next = nullptr;
+  WatchedPage* next = nullptr;
 };
 
-std::atomic<Entry*> first_entry{nullptr};
+std::atomic<WatchedPage*> first_page{nullptr};
 std::uintptr_t page_size = 0;
 struct sigaction action_before = {};
 
@@ -29,7 +29,7 @@ bool is_in(const void* address, const void* page) {
 
 // Puts a page of zeros in the place of one that is gone.
 bool put_zeros_at(const void* address) {
-  for (Entry* entry = first_entry.load(); entry != nullptr; entry = entry->next) {
+  for (WatchedPage* entry = first_page.load(); entry != nullptr; entry = entry->next) {
     void* const page = entry->page.load();
     if (!is_in(address, page)) continue;
     constexpr int kFlags = MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED;
@@ -71,18 +71,18 @@ void install() {
 void survive_cuts(void* page) {
   static const bool is_installed = (install(), true);
   (void)is_installed;
-  for (Entry* entry = first_entry.load(); entry != nullptr; entry = entry->next) {
+  for (WatchedPage* entry = first_page.load(); entry != nullptr; entry = entry->next) {
     void* none = nullptr;
     if (entry->page.compare_exchange_strong(none, page)) return;
   }
-  auto* const entry = new Entry;
+  auto* const entry = new WatchedPage;
   entry->page = page;
-  entry->next = first_entry.load();
-  first_entry = entry;
+  entry->next = first_page.load();
+  first_page = entry;
 }
 
 void forget_cuts(void* page) {
-  for (Entry* entry = first_entry.load(); entry != nullptr; entry = entry->next) {
+  for (WatchedPage* entry = first_page.load(); entry != nullptr; entry = entry->next) {
     void* mine = page;
     if (entry->page.compare_exchange_strong(mine, nullptr)) return;
   }

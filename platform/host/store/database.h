@@ -5,16 +5,23 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <string_view>
 
 #include "host_store.h"
+#include "store/file_size_signal.h"
 #include "store/store_error.h"
 
 namespace host {
+
+/// Bytes of the largest thing that a store keeps in one piece: the rows of an object, a change, a
+/// checkpoint.
+inline constexpr std::size_t kLargestPiece = std::size_t{256} << 20U;
 
 /// A prepared statement that one caller at a time fills and runs. Places and columns count from 0.
 /// What is bound must stay where it is until the statement has run.
@@ -28,7 +35,7 @@ class Statement {
   Statement& reset();
   Statement& bind(int place, std::int64_t number);
   Statement& bind_text(int place, std::string_view text);
-  Statement& bind_bytes(int place, std::string_view bytes);
+  Statement& bind_bytes(int place, std::string_view bytes);  ///< kLargestPiece at most
 
   bool next();  ///< runs on to the next row; false past the last
   void run();   ///< runs to the end
@@ -44,7 +51,20 @@ class Statement {
   sqlite3_stmt* statement_ = nullptr;
 };
 
-/// Every member but the destructor throws StoreFailure.
+/// Resets a statement when its rows have been read, also when they turn out to be damaged.
+class Reading {
+ public:
+  explicit Reading(Statement& statement) : statement_(statement) {}
+  Reading(const Reading&) = delete;
+  Reading& operator=(const Reading&) = delete;
+  ~Reading() { statement_.reset(); }
+
+ private:
+  Statement& statement_;
+};
+
+/// Every member but the destructor throws StoreFailure. What stands in the file is data: nothing in
+/// it makes SQLite run a function, take more memory than a store needs, or go on without end.
 class Database {
  public:
   Database(const std::string& path, const StoreOptions& options);
@@ -63,19 +83,38 @@ class Database {
   void wait_for_locks(int milliseconds) { (void)sqlite3_busy_timeout(connection_, milliseconds); }
   int usual_wait_ms() const { return usual_wait_ms_; }
 
+  /// From now on a statement that takes more steps of SQLite's machine fails with kCorrupt.
+  void limit_steps(int most);
+  std::int64_t size();  ///< bytes of all pages, as the statement that is being read sees them
+
   /// From now on closing it only gives its locks back, and leaves the log to others.
   void leave_log();
+  /// From now on commits go to a log, and closing writes it back when nobody else is there.
+  void own_log();
 
-  /// Tries to write the log back and empty it. A commit whose sync failed may stand in the log
-  /// whole; whoever reads the log after this process died would take it for done.
-  void empty_log();
+  /// Tries to write the log back and empty it, so that it takes no room on the disk.
+  void write_log_back();
+
+  /// Decides what became of a commit that is in doubt, for everybody: what is in effect now stays,
+  /// also when the power goes. When it stands in the log but not in the log's index, as after a
+  /// sync that failed, whoever reads the log after the last process died would take it for done.
+  /// Needs the commit lock.
+  void settle();
+  /// Whether the step that just failed may have left a commit in the log all the same.
+  bool may_have_landed() const;
+  /// What to do when a commit is in doubt and stays so.
+  void on_doubt(std::function<void()> action) { on_doubt_ = std::move(action); }
 
   bool is_read_only() const { return sqlite3_db_readonly(connection_, "main") == 1; }
 
  private:
+  friend class Transaction;
+
   const int usual_wait_ms_;
   sqlite3* connection_ = nullptr;
   std::map<const char*, std::unique_ptr<Statement>> statements_;
+  bool owns_log_ = false;
+  std::function<void()> on_doubt_;
 };
 
 /// While one lives, the database waits less for the locks of others.
@@ -92,7 +131,9 @@ class ShorterWait {
   Database& database_;
 };
 
-/// A transaction that is rolled back unless it is committed, also when the commit fails.
+/// A transaction that is rolled back unless it is committed, also when the commit fails. One that
+/// fails in the last sync may have landed all the same; then it is kUncertain, unless it could be
+/// settled that it has not.
 class Transaction {
  public:
   enum Kind { kRead, kWrite };
@@ -103,8 +144,12 @@ class Transaction {
   void commit();
 
  private:
+  friend class Database;
+  void commit_once();
   void roll_back();
+  void settle_or_doubt(const StoreFailure& failure);
 
+  const FileSizeSignal no_signal_;
   Database& database_;
   bool open_ = true;
 };

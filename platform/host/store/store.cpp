@@ -110,6 +110,7 @@ struct Store::Impl {
 // A store that is there is opened without a lock, beside whoever is writing: no process that stops
 // in the midst of a commit keeps others from reading.
 void Store::Impl::open() {
+  const FileSizeSignal no_signal;
   connection.open_shared_state();
   std::optional<CommitLock> lock;
   const auto take_lock = [&] {

@@ -81,8 +81,9 @@ StoreResult StoreBatch::commit(const std::string& label, int seconds_to_confirm)
   if (in_trial_) return result;
   if (!result.ok()) {
     view_.distrust_counter();
-    result.text =
-        connection_.path() + ": the writes since the last commit are discarded: " + result.text;
+    const bool is_uncertain = result.error == StoreError::kUncertain;
+    const char* fate = is_uncertain ? "" : "the writes since the last commit are discarded: ";
+    result.text = connection_.path() + ": " + fate + result.text;
     report(result.text);
   }
   drop();
@@ -96,6 +97,7 @@ void StoreBatch::write(const std::string& label, int seconds_to_confirm) {
 }
 
 void StoreBatch::land(RowChanges rows, const std::string& label, int seconds_to_confirm) {
+  StoreFile::require_label(label);
   const CommitLock lock = connection_.locked();
   require_lock();
   const Change change = {view_.generation() + 1, std::time(nullptr), label, std::move(rows)};

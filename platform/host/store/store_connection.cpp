@@ -71,6 +71,8 @@ bool StoreConnection::is_to_be_made() const {
 void StoreConnection::open_file() {
   const std::optional<FileIdentity> before = identity_of(path_);
   file_ = std::make_unique<StoreFile>(path_, options_);
+  // An odd counter sends every process to the database, and the first one settles it.
+  database().on_doubt([this] { shared_->set_counter(shared_->counter() | 1U); });
   identity_ = identity_of(path_);
   if (!before || before == identity_) return;
   leave_file();

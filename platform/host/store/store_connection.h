@@ -61,7 +61,7 @@ class StoreConnection {
     const StoreResult result = result_of([&] { write_once(step); });
     if (result.ok()) return;
     if (result.error != StoreError::kFull) throw StoreFailure(result);
-    database().empty_log();
+    database().write_log_back();
     write_once(step);
   }
 

@@ -8,7 +8,7 @@ namespace host {
 
 StoreError error_of_system(int number) {
   if (number == EROFS) return StoreError::kReadOnly;
-  if (number == ENOSPC || number == EDQUOT) return StoreError::kFull;
+  if (number == ENOSPC || number == EDQUOT || number == EFBIG) return StoreError::kFull;
   return StoreError::kNotOpened;
 }
 
@@ -24,8 +24,12 @@ const char* name_of(StoreError error) {
       return "kReadOnly";
     case StoreError::kFull:
       return "kFull";
+    case StoreError::kTooLarge:
+      return "kTooLarge";
     case StoreError::kIo:
       return "kIo";
+    case StoreError::kUncertain:
+      return "kUncertain";
     case StoreError::kCorrupt:
       return "kCorrupt";
     case StoreError::kForeign:

@@ -9,10 +9,12 @@
 #include <cstdio>
 #include <cstring>
 #include <ctime>
+#include <string_view>
 #include <utility>
 
 #include "rows/row_codec.h"
 #include "rows/tree_rows.h"
+#include "store/store_tables.h"
 #include "tree/tree_access.h"
 
 namespace host {
@@ -26,16 +28,9 @@ constexpr std::int64_t kLongLog = 1 << 20;  // for a process that begins or ends
 constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
 constexpr const char* kLog = "-wal";
 
-constexpr const char* kTables = R"(
-  CREATE TABLE object(number INTEGER PRIMARY KEY, path TEXT NOT NULL UNIQUE, rows BLOB NOT NULL);
-  CREATE TABLE change(place INTEGER PRIMARY KEY, generation INTEGER NOT NULL,
-                      time INTEGER NOT NULL, label TEXT NOT NULL, changes BLOB NOT NULL);
-  CREATE TABLE checkpoint(name TEXT PRIMARY KEY, generation INTEGER NOT NULL,
-                          time INTEGER NOT NULL, entries BLOB NOT NULL);
-  CREATE TABLE pending(only INTEGER PRIMARY KEY CHECK (only = 1), generation INTEGER NOT NULL,
-                       label TEXT NOT NULL, boot TEXT NOT NULL, started INTEGER NOT NULL,
-                       deadline INTEGER NOT NULL);
-)";
+// Honest files take a small part of these.
+constexpr int kStepsForSchema = 1000000;
+constexpr int kSteps = 100000000;
 
 bool is_in_memory(const std::string& path) { return path == ":memory:"; }
 
@@ -81,7 +76,12 @@ std::int64_t place_of(Generation generation) {
   return static_cast<std::int64_t>(generation % kChangesKept);
 }
 
-RowChanges checked(const std::string& bytes) {
+void require_kept(std::int64_t changes) {
+  if (changes <= static_cast<std::int64_t>(kChangesKept)) return;
+  throw StoreFailure(StoreError::kCorrupt, "the store has more changes than it keeps");
+}
+
+RowChanges checked(std::string_view bytes) {
   std::optional<RowChanges> changes = decoded(bytes);
   if (!changes) throw StoreFailure(StoreError::kCorrupt, "a change is damaged");
   return std::move(*changes);
@@ -91,6 +91,9 @@ RowChanges checked(const std::string& bytes) {
 
 StoreFile::StoreFile(const std::string& path, const StoreOptions& options)
     : path_(path), database_(prepared(path, options), options) {
+  // What it holds stays as it is while the file may turn out to be no store.
+  if (size_of(path + kLog).value_or(0) > 0) database_.leave_log();
+  database_.limit_steps(kStepsForSchema);
   if (database_.is_read_only()) {
     throw StoreFailure(StoreError::kReadOnly, "the file cannot be written");
   }
@@ -98,8 +101,12 @@ StoreFile::StoreFile(const std::string& path, const StoreOptions& options)
     const auto pages = static_cast<std::int64_t>(options.size_limit_bytes) / kPageSize;
     database_.set_pragma("max_page_count", std::max<std::int64_t>(pages, 1));
   }
-  if (database_.number("PRAGMA page_count") == 0) make_new();
+  const bool is_empty =
+      database_.number("PRAGMA application_id") == 0 && database_.number("PRAGMA page_count") == 0;
+  if (is_empty) make_new();
   check_owner();
+  require_own_tables(database_);
+  database_.limit_steps(kSteps);
 }
 
 // A file that is in another mode, as a copy may be, is changed by this.
@@ -111,6 +118,7 @@ void StoreFile::keep_log() {
   database_.run("PRAGMA synchronous = FULL");  // durable at every commit, with one sync
   database_.set_pragma("wal_autocheckpoint", kLongestLog / kPageSize);
   database_.set_pragma("journal_size_limit", kLongestLog);
+  database_.own_log();
 }
 
 bool StoreFile::keeps_log() { return database_.text("PRAGMA journal_mode") == "wal"; }
@@ -118,7 +126,7 @@ bool StoreFile::keeps_log() { return database_.text("PRAGMA journal_mode") == "w
 void StoreFile::shorten_log() {
   if (is_in_memory(path_) || size_of(path_ + kLog).value_or(0) <= kLongLog) return;
   const ShorterWait wait(database_, 0);
-  database_.empty_log();
+  database_.write_log_back();
 }
 
 void StoreFile::check_owner() {
@@ -139,13 +147,18 @@ void StoreFile::make_new() {
       database_.number("SELECT count(*) FROM sqlite_master") > 0) {
     return;  // another process was faster
   }
-  database_.run(kTables);
+  make_tables(database_);
   database_.set_pragma("application_id", kApplicationId);
   database_.set_pragma("user_version", kFormat);
   Tree factory = Tree::factory();
   const RowSet rows = rows_of(TreeAccess::store(factory));
   write({1, std::time(nullptr), "factory state", changes_between({}, rows)});
   transaction.commit();
+}
+
+void StoreFile::require_label(const std::string& label) {
+  if (label.size() <= kLongestText) return;
+  throw StoreFailure(StoreError::kTooLarge, "the label is longer than 16 MiB");
 }
 
 void StoreFile::require_sound() {
@@ -157,9 +170,12 @@ void StoreFile::require_sound() {
 }
 
 Generation StoreFile::generation() {
-  Statement& newest = database_.statement("SELECT max(generation) FROM change");
+  Statement& newest = database_.statement(
+      "SELECT max(generation), count(*) FROM (SELECT generation FROM change LIMIT ?)");
+  const Reading reading(newest);
+  newest.bind(0, static_cast<std::int64_t>(kChangesKept + 1));
   const auto generation = newest.next() ? static_cast<Generation>(newest.number(0)) : 0;
-  newest.reset();
+  require_kept(newest.number(1));
   if (generation == 0) throw StoreFailure(StoreError::kCorrupt, "the store has no generation");
   return generation;
 }
@@ -181,13 +197,17 @@ bool StoreFile::is_newest(Generation generation) {
 std::vector<Change> StoreFile::read_changes(Generation after) {
   std::vector<Change> changes;
   Statement& kept = database_.statement(
-      "SELECT generation, time, label, changes FROM change WHERE generation > ?"
-      " ORDER BY generation");
+      "SELECT generation, time, label, changes FROM change WHERE generation > ?");
+  const Reading reading(kept);
   kept.bind(0, static_cast<std::int64_t>(after));
   while (kept.next()) {
     changes.push_back({static_cast<Generation>(kept.number(0)), kept.number(1), kept.text(2),
-                       checked(kept.text(3))});
+                       checked(kept.view(3))});
+    require_kept(static_cast<std::int64_t>(changes.size()));
   }
+  std::sort(changes.begin(), changes.end(), [](const Change& one, const Change& other) {
+    return one.generation < other.generation;
+  });
   return changes;
 }
 

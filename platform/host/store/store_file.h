@@ -38,7 +38,8 @@ struct PendingRow {
 /// Every member but the destructor throws StoreFailure. What writes needs a write transaction.
 class StoreFile {
  public:
-  /// Opens and checks the file; makes it in factory state when it is empty or absent.
+  /// Opens and checks the file; makes it in factory state when it is empty or absent. Reads no
+  /// table before it is known that the file has a store's tables and nothing else.
   StoreFile(const std::string& path, const StoreOptions& options);
 
   /// From now on a commit is written to a log. For a file that was read and is sound.
@@ -51,7 +52,8 @@ class StoreFile {
 
   Database& database() { return database_; }
 
-  void require_sound();  ///< reads the whole file
+  static void require_label(const std::string& label);  ///< one that is not too long
+  void require_sound();                                 ///< reads the whole file
   Generation generation();
   bool is_newest(Generation generation);  ///< without a look at all that are kept
   RowSet rows();

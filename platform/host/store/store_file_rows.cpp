@@ -13,16 +13,25 @@ namespace {
 
 using Changed = std::vector<const RowChange*>;
 
-// Resets a statement when its rows have been read, also when their bytes turn out to be damaged.
-class Reading {
+// What reading the objects of a sound file always finds: each stands behind the one before, and has
+// bytes of its own.
+class ObjectOrder {
  public:
-  explicit Reading(Statement& statement) : statement_(statement) {}
-  Reading(const Reading&) = delete;
-  Reading& operator=(const Reading&) = delete;
-  ~Reading() { statement_.reset(); }
+  explicit ObjectOrder(std::int64_t file_size) : bytes_left_(file_size) {}
+
+  void require_next(std::string_view path, std::string_view entry) {
+    bytes_left_ -= static_cast<std::int64_t>(path.size() + entry.size());
+    if ((!is_first_ && path <= path_) || bytes_left_ < 0) {
+      throw StoreFailure(StoreError::kCorrupt, "the table of objects is damaged");
+    }
+    path_ = path;
+    is_first_ = false;
+  }
 
  private:
-  Statement& statement_;
+  std::int64_t bytes_left_;
+  std::string path_;
+  bool is_first_ = true;
 };
 
 // Calls `visit(name, row)` for each row of an entry.
@@ -108,7 +117,10 @@ void StoreFile::for_each_row(
   Row row;  // takes one text after the other, without memory for each
   Statement& objects = database_.statement("SELECT path, rows FROM object ORDER BY path");
   const Reading reading(objects);
-  while (objects.next()) {
+  bool more = objects.next();
+  ObjectOrder order(database_.size());
+  for (; more; more = objects.next()) {
+    order.require_next(objects.view(0), objects.view(1));
     for_each_row_in(objects.view(1), objects.view(0),
                     [&visit, &row](const std::string& name, const RowView& view) {
                       row.text = view.text;

@@ -9,8 +9,12 @@ std::vector<Checkpoint> StoreFile::named_checkpoints() {
   std::vector<Checkpoint> checkpoints;
   Statement& named =
       database_.statement("SELECT name, generation, time FROM checkpoint ORDER BY name");
+  const Reading reading(named);
   while (named.next()) {
     const auto generation = static_cast<Generation>(named.number(1));
+    if (!checkpoints.empty() && named.view(0) <= checkpoints.back().name) {
+      throw StoreFailure(StoreError::kCorrupt, "the table of checkpoints is damaged");
+    }
     checkpoints.push_back({named.text(0), generation, named.number(2), {}, false});
   }
   return checkpoints;
@@ -45,8 +49,8 @@ bool StoreFile::delete_named(const std::string& name) {
 }
 
 std::optional<PendingRow> StoreFile::pending() {
-  Statement& row =
-      database_.statement("SELECT generation, label, boot, started, deadline FROM pending");
+  Statement& row = database_.statement(
+      "SELECT generation, label, boot, started, deadline FROM pending WHERE only = 1");
   if (!row.next()) return std::nullopt;
   PendingRow pending = {static_cast<Generation>(row.number(0)), row.text(1), row.text(2),
                         row.number(3), row.number(4)};
@@ -67,6 +71,6 @@ void StoreFile::set_pending(const PendingRow& row) {
       .run();
 }
 
-void StoreFile::clear_pending() { database_.statement("DELETE FROM pending").run(); }
+void StoreFile::clear_pending() { database_.statement("DELETE FROM pending WHERE only = 1").run(); }
 
 }  // namespace host

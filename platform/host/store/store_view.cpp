@@ -24,7 +24,9 @@ void StoreView::load() {
 
 void StoreView::publish_counter() {
   seen_counter_ = counter_of(generation_);
-  connection_.shared().set_counter(seen_counter_);
+  const bool is_in_doubt = connection_.shared().counter() % 2 != 0 &&
+                           !result_of([this] { connection_.database().settle(); }).ok();
+  connection_.shared().set_counter(is_in_doubt ? seen_counter_ | 1U : seen_counter_);
 }
 
 // A counter that does not fit is that of a commit which goes on, or wrong: a store that was put back
@@ -33,14 +35,18 @@ void StoreView::publish_counter() {
 void StoreView::adopt_counter() {
   const std::uint32_t loaded = counter_of(generation_);
   const bool fits = connection_.shared().counter() == loaded;
-  seen_counter_ = fits || counter_in_database() == loaded ? loaded : kUnknown;
+  std::uint32_t counter = loaded;
+  if (!fits && !result_of([&] { counter = counter_in_database(); }).ok()) counter = kUnknown;
+  seen_counter_ = counter == loaded ? loaded : kUnknown;
 }
 
-// Sets the shared counter right. kUnknown while another process commits.
+// Sets the shared counter right, and decides what became of a commit that is in doubt. kUnknown while
+// another process commits.
 std::uint32_t StoreView::counter_in_database() {
   SharedState& shared = connection_.shared();
   const CommitLock lock(shared);
   if (!lock.taken()) return kUnknown;
+  if (shared.counter() % 2 != 0) connection_.database().settle();
   const std::uint32_t counter = counter_of(connection_.file().generation());
   shared.set_counter(counter);
   return counter;
@@ -88,7 +94,7 @@ void StoreView::land(Transaction& transaction, const Change& change) {
     transaction.commit();
   });
   if (!written.ok()) {
-    shared.set_counter(counter - 2);
+    if (written.error != StoreError::kUncertain) shared.set_counter(counter - 2);
     throw StoreFailure(written);
   }
   const StoreOptions& options = connection_.options();

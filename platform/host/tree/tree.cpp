@@ -37,10 +37,12 @@ const char* why_not_deleted(const TreeStore& store, const std::string& path, con
   return nullptr;
 }
 
-const char* why_not_set(const TreeStore& store, const std::string& name, const Cell& cell) {
+const char* why_not_set(const TreeStore& store, const std::string& name, const Cell& cell,
+                        const std::string& text) {
   if (!cell && store.node(name) != nullptr) return "this is an object, not a parameter";
   if (!cell) return "no such parameter";
   if (cell.is_count()) return "the number of instances is computed";
+  if (text.size() > kLongestText) return "the text is longer than 16 MiB";
   return nullptr;
 }
 
@@ -140,10 +142,10 @@ int Tree::set_value(const std::string& name, const std::string& value) {
   const TreeStore& store = impl_->store;
   TreeObserver* const observer = impl_->observer;
   Cell cell = store.cell(name);
-  const char* reason = why_not_set(store, name, cell);
+  const char* reason = why_not_set(store, name, cell, value);
   if (moved_on(observer, reason)) {
     cell = store.cell(name);
-    reason = why_not_set(store, name, cell);
+    reason = why_not_set(store, name, cell, value);
   }
   if (refuse(impl_->refusals, "setValue", name, reason)) return kRefused;
   if (observer != nullptr) observer->setting(name, value_of(cell), row_of(cell), value);

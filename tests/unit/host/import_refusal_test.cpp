@@ -173,6 +173,37 @@ TEST(RefusedFile, ThatIsAFolderCannotBeRead) {
   EXPECT_EQ(result.error, std::string(TEST_DATA_DIR) + ":1: the input cannot be read");
 }
 
+ImportResult imported(Tree& tree, const std::string& text) {
+  std::istringstream input(text);
+  return host::import_csv(tree, input, "dump.csv");
+}
+
+TEST(LongestText, CanBeImported) {
+  Tree tree;
+  const std::string url = kRoot + "ManagementServer.URL";
+  const std::string longest(host::kLongestText, 'x');
+  EXPECT_EQ(imported(tree, kHeader + url + ",false,true," + longest + ",xsd:string\n").error, "");
+  EXPECT_TRUE(tree.value(url) == longest);
+}
+
+TEST(LongestText, AnyLongerOneIsRefusedByItsName) {
+  Tree tree = Tree::factory();
+  const std::string before = all_of(tree);
+  const std::string url = kRoot + "ManagementServer.URL";
+  const std::string longer(host::kLongestText + 1, 'x');
+  EXPECT_EQ(
+      imported(tree, kHeader + kGoodRow + url + ",false,true," + longer + ",xsd:string\n").error,
+      "dump.csv:3: " + url + ": Value is longer than 16 MiB");
+  const std::string digits(2 * longer.size(), '6');
+  EXPECT_EQ(imported(tree, "Parameter,Object,Writable,Value,Value type,Verbatim\n" + kRoot +
+                               "X,false,true," + digits + ",xsd:string,hex\n")
+                .error,
+            "dump.csv:2: " + kRoot + "X: Value is longer than 16 MiB");
+  EXPECT_EQ(imported(tree, kHeader + kRoot + longer + ",false,true,x,xsd:string\n").error,
+            "dump.csv:2: the parameter name is longer than 16 MiB");
+  EXPECT_EQ(all_of(tree), before);
+}
+
 TEST(HostileDump, NestedWithoutEndIsRefused) {
   Tree tree;
   std::istringstream input(kHeader + nested(200000) + ",true,true,,\n");

@@ -121,6 +121,17 @@ TEST(AddObject, WithoutAPlaceForTheNumberIsRefused) {
   EXPECT_EQ(tree.refusals()[0].reason, "the pointer to the instance number is null");
 }
 
+TEST(SetValue, OfALongerTextThanTheLongestIsRefused) {
+  Tree tree;
+  const std::string name = kRoot + "ManagementServer.URL";
+  EXPECT_EQ(tree.set_value(name, std::string(host::kLongestText, 'x')), 0);
+  EXPECT_NE(tree.set_value(name, std::string(host::kLongestText + 1, 'y')), 0);
+  EXPECT_TRUE(tree.value(name) == std::string(host::kLongestText, 'x'));
+  ASSERT_EQ(tree.refusals().size(), 1U);
+  EXPECT_EQ(tree.refusals()[0].name, name);
+  EXPECT_EQ(tree.refusals()[0].reason, "the text is longer than 16 MiB");
+}
+
 TEST(Refusals, StandInTheOrderOfTheCalls) {
   Tree tree;
   tree.set_value("first", "");

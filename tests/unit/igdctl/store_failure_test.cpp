@@ -28,6 +28,8 @@ TEST(StoreFailure, TellsFileFromPendingFromName) {
   EXPECT_EQ(store_failure({StoreError::kNotPending, "x"}).code, ExitCode::kPending);
   EXPECT_EQ(store_failure({StoreError::kNoCheckpoint, "x"}).code, ExitCode::kNotFound);
   EXPECT_EQ(store_failure({StoreError::kNameTaken, "x"}).code, ExitCode::kBadInput);
+  EXPECT_EQ(store_failure({StoreError::kTooLarge, "x"}).code, ExitCode::kBadInput);
+  EXPECT_EQ(store_failure({StoreError::kUncertain, "x"}).code, ExitCode::kUncertain);
 }
 
 }  // namespace

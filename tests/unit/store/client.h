@@ -2,6 +2,7 @@
 #ifndef TESTS_STORE_CLIENT_H
 #define TESTS_STORE_CLIENT_H
 
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -17,12 +18,17 @@ using Words = std::vector<std::string>;
 // A running client. Its output is read to the end when it is asked for.
 class Client {
  public:
-  // @param environment  pairs NAME=TEXT beside those of this process
-  Client(const Words& environment, Words words) {
+  // @param environment   pairs NAME=TEXT beside those of this process
+  // @param longest_file  as long as a file may be that it writes
+  Client(const Words& environment, Words words, rlim_t longest_file = RLIM_INFINITY) {
     int ends[2] = {};
     if (pipe(ends) != 0) std::abort();
     process_ = fork();
-    if (process_ == 0) become(ends[1], environment, std::move(words));
+    if (process_ == 0) {
+      const rlimit limit = {longest_file, longest_file};
+      if (longest_file != RLIM_INFINITY && setrlimit(RLIMIT_FSIZE, &limit) != 0) _exit(127);
+      become(ends[1], environment, std::move(words));
+    }
     (void)close(ends[1]);
     output_ = ends[0];
   }

@@ -5,6 +5,7 @@
 
 #include "client.h"
 #include "store_bench.h"
+#include "synced_folders.h"
 
 namespace {
 
@@ -53,6 +54,11 @@ std::optional<timespec> changed_at(const char* path) {
   return status.st_ctim;
 }
 
+ino_t number_of(const std::string& folder) {
+  struct stat status = {};
+  return stat(folder.c_str(), &status) == 0 ? status.st_ino : 0;
+}
+
 TEST_F(ProcessStore, IsTheOneThatTheEnvironmentNames) {
   EXPECT_EQ(ran({"set", kUrl, "x", "commit"}), "0\n0\n");
   EXPECT_EQ(ran({"get", kUrl, "get", kBridges + "1.BridgeName"}), "x\ninternet\n");
@@ -91,17 +97,24 @@ TEST_F(ProcessStore, TouchesNoDefaultPathWhenOneIsNamed) {
   }
 }
 
-// Where the file goes when nothing names it, whatever the user's umask lets others see.
+// Where the file goes when nothing names it, whatever the user's umask lets others see. The name of
+// each is synced, up to the folder that was there: a power cut must not take the store with it.
 TEST_F(ProcessStore, MakesItsFoldersForTheirOwnerAlone) {
   constexpr uid_t kSomebody = 65534;
   ASSERT_EQ(chmod(folder_.c_str(), 0777), 0);
   const std::string state_folder = folder_ + "/a/state";
-  const int status = ended([&state_folder] {
+  const int status = ended([this, &state_folder] {
     (void)unsetenv("IGD_STORE");
     (void)setenv("XDG_STATE_HOME", state_folder.c_str(), 1);
     (void)umask(0);
     if (geteuid() == 0 && seteuid(kSomebody) != 0) return 1;
-    return host::process_store() != nullptr ? 0 : 2;
+    const std::vector<ino_t> synced_before = synced_folders();
+    const bool is_open = host::process_store() != nullptr;
+    std::vector<ino_t> expected = synced_before;
+    for (const std::string& parent : {folder_, folder_ + "/a", state_folder}) {
+      expected.push_back(number_of(parent));
+    }
+    return is_open && synced_folders() == expected ? 0 : 2;
   });
   EXPECT_EQ(status, 0);
   for (const std::string& made : {folder_ + "/a", state_folder, state_folder + "/igd"}) {

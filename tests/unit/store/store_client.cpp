@@ -4,7 +4,7 @@
 //   exchange (puts another tree into place, then the one that was there)
 //   fork (a child goes on with the rest) · die (as in a power cut) · wait-for FILE · make FILE
 //
-// Prints a line for each result.
+// Prints a line for each result. Ends at the first that needs a store when there is none.
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -40,7 +40,11 @@ class Client {
 
  private:
   std::string next() { return at_ < words_.size() ? words_[at_++] : std::string(); }
-  static MibAccess& mib() { return *getContext()->mibAccess(); }
+  static MibAccess& mib() {
+    PlatformContext* const context = getContext();
+    if (context == nullptr) std::exit(1);  // the log has said why
+    return *context->mibAccess();
+  }
 
   static void say(const std::string& text) {
     std::printf("%s\n", text.c_str());

@@ -26,6 +26,57 @@ TEST_F(StoreCommit, LandsTogetherWithRefusedNames) {
   EXPECT_EQ(opened()->tree().value(kUrl), "x");
 }
 
+TEST_F(StoreCommit, OfTheLongestTextIsFoundAgain) {
+  const std::string text(host::kLongestText, 'x');
+  const std::string label(host::kLongestText, 'y');
+  {
+    auto store = opened();
+    EXPECT_EQ(store->tree().set_value(kUrl, text), 0);
+    EXPECT_TRUE(store->commit(label).ok());
+  }
+  auto store = opened();
+  EXPECT_TRUE(store->tree().value(kUrl) == text);
+  EXPECT_TRUE(store->checkpoints().front().label == label);
+}
+
+// A length of 2^28 is the first one that the file's rows cannot hold.
+TEST_F(StoreCommit, OfATextThatNobodyCouldReadAgainIsRefusedBeforehand) {
+  constexpr std::size_t kTooLong = std::size_t{1} << 28U;
+  {
+    auto store = opened();
+    EXPECT_NE(store->tree().set_value(kUrl, std::string(kTooLong, 'x')), 0);
+    EXPECT_EQ(store->tree().set_value(kUser, "x"), 0);
+    EXPECT_TRUE(store->commit().ok());
+  }
+  auto store = opened();
+  ASSERT_NE(store, nullptr);
+  EXPECT_EQ(store->tree().value(kUser), "x");
+}
+
+TEST_F(StoreCommit, WithALongerLabelFailsAndLeavesTheOldTree) {
+  const std::string label(host::kLongestText + 1, 'x');
+  auto store = opened();
+  store->tree().set_value(kUrl, "x");
+  EXPECT_EQ(store->commit(label).error, StoreError::kTooLarge);
+  EXPECT_EQ(store->tree().value(kUrl), "");
+  ASSERT_TRUE(store->begin_trial().ok());
+  store->tree().set_value(kUrl, "x");
+  EXPECT_EQ(store->accept_pending(60, label).error, StoreError::kTooLarge);
+  EXPECT_EQ(store->tree().value(kUrl), "");
+  EXPECT_FALSE(store->pending());
+  EXPECT_EQ(opened()->generation(), 1U);
+}
+
+// What undoes a change has a longer label than the change.
+TEST_F(StoreCommit, WithTheLongestLabelCanBeReverted) {
+  auto store = opened();
+  ASSERT_TRUE(store->begin_trial().ok());
+  store->tree().set_value(kUrl, "x");
+  ASSERT_TRUE(store->accept_pending(60, std::string(host::kLongestText, 'x')).ok());
+  EXPECT_TRUE(store->revert().ok());
+  EXPECT_EQ(opened()->tree().value(kUrl), "");
+}
+
 TEST_F(StoreCommit, WithoutItNothingLastsAndThatIsReported) {
   {
     auto store = opened();

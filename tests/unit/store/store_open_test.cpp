@@ -166,7 +166,6 @@ TEST_F(StoreOpen, RefusesDamagedContent) {
   const std::string sound = bringing(device + "Manufacturer");
   const std::string damages[] = {
       "DELETE FROM change",
-      "DROP TABLE object",
       object_put("Nowhere.At.", bringing("Nowhere.At.All")),
       object_put("InternetGatewayDevice.WANDevice.01.",
                  host::encoded(RowSet{{"InternetGatewayDevice.WANDevice.01.", {"1", "object"}}})),
@@ -268,10 +267,10 @@ TEST_F(StoreOpen, RefusesAFileThatCannotBeWritten) {
 
 TEST(StoreErrors, HaveTheirNames) {
   const char* const names[] = {
-      "kNone",      "kNotOpened",     "kReadOnly", "kFull",       "kIo",          "kCorrupt",
-      "kForeign",   "kUnknownFormat", "kLocked",   "kMovedOn",    "kReplaced",    "kBatchOpen",
-      "kTrialOpen", "kNoTrial",       "kPending",  "kNotPending", "kBadDeadline", "kBadName",
-      "kNameTaken", "kNoCheckpoint",  ""};
+      "kNone",        "kNotOpened", "kReadOnly",  "kFull",          "kTooLarge", "kIo",
+      "kUncertain",   "kCorrupt",   "kForeign",   "kUnknownFormat", "kLocked",   "kMovedOn",
+      "kReplaced",    "kBatchOpen", "kTrialOpen", "kNoTrial",       "kPending",  "kNotPending",
+      "kBadDeadline", "kBadName",   "kNameTaken", "kNoCheckpoint",  ""};
   int error = 0;
   for (const char* const name : names) {
     EXPECT_STREQ(host::name_of(static_cast<StoreError>(error++)), name);

@@ -5,6 +5,8 @@
 #ifndef IGDCTL_BACKEND_H
 #define IGDCTL_BACKEND_H
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -22,6 +24,7 @@ struct ParameterFacts {
   bool writable = true;  ///< whether a management server may set it
   bool derived = false;  ///< a count of instances, which the tree computes
   bool extension = false;
+  std::size_t longest = SIZE_MAX;  ///< bytes of the longest value, where that is known
 };
 
 /// A word that completion offers.

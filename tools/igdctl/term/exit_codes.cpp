@@ -20,6 +20,9 @@ const std::vector<ExitCodeMeaning>& exit_code_meanings() {
        "the platform refused a write or the commit; nothing changed, or on a "
        "gateway the message says what may be in effect"},
       {ExitCode::kFindings, "doctor found contradictions"},
+      {ExitCode::kUncertain,
+       "the disk failed at the end of the change, which may or may not have landed; igdctl store "
+       "history shows which"},
   };
   return meanings;
 }

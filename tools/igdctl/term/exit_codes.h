@@ -18,6 +18,7 @@ enum class ExitCode : int {
   kNeedsConsent = 8,
   kPlatform = 9,
   kFindings = 10,
+  kUncertain = 11,
 };
 
 struct ExitCodeMeaning {

@@ -141,6 +141,11 @@ class SetCheck {
           {in_quotes(name) + " is a count of instances", "leave it out: the tree computes it"});
       return;
     }
+    if (value.size() > facts.longest) {
+      problems_.push_back({"the value for " + in_quotes(name) + " is too long",
+                           "give at most " + std::to_string(facts.longest) + " bytes"});
+      return;
+    }
     if (!facts.writable) read_only_.push_back(name);
     const std::string wanted = wanted_by_type(facts.type, name, value);
     if (wanted.empty() || value == facts.initial) return;

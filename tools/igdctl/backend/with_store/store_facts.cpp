@@ -39,7 +39,8 @@ std::vector<std::string> children_of(const std::string& path) {
 std::optional<ParameterFacts> StoreBackend::facts_of(const std::string& name) const {
   const std::optional<host::ParameterInfo> info = host::active_tree().describe(name);
   if (!info) return std::nullopt;
-  return ParameterFacts{info->type, info->initial, info->writable, info->derived, info->extension};
+  return ParameterFacts{info->type,    info->initial,   info->writable,
+                        info->derived, info->extension, host::kLongestText};
 }
 
 bool StoreBackend::is_object_path(const std::string& path) const {
