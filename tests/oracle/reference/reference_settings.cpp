@@ -104,9 +104,16 @@ std::string igd_c_get_lan_ipaddr() {
       "IPInterfaceIPAddress");
 }
 
-void igd_c_set_l3_name(const char* key, const char* text) { state().l3_names[key] = text; }
+void igd_c_set_l3_name(const char* key, const char* text) {
+  if (key != nullptr && text != nullptr) state().l3_names[key] = text;
+}
 
 void igd_c_get_l3_name(const char* key, char* buf, std::size_t size) {
+  if (buf == nullptr || size == 0) return;
+  if (key == nullptr) {
+    *buf = '\0';
+    return;
+  }
   const std::string text = state().l3_names[key];
   std::strncpy(buf, text.c_str(), size - 1);
 }
