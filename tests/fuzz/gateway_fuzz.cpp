@@ -74,6 +74,7 @@ class Gateway final : public fuzz::Run {
   void create();
   void write();
   void remove();
+  void route();
   void lose_object();
   void any();
   void require_same_trees() const {
@@ -166,6 +167,18 @@ void Gateway::remove() {
   if (!gone_.empty()) fuzz::require_removed(gone_, before, library_tree_);
 }
 
+// Through a connection, or one that has none of these names.
+void Gateway::route() {
+  constexpr std::array<const char*, 4> kNames = {"A", "B", "C", ""};
+  const int code = 1 + input.below(2);
+  const std::string gateway = input.coin() ? "192.168.1.9" : "";
+  const api_route_info route = {
+      "10.0.0.0", "255.0.0.0", 1, 1 + input.below(3), kNames[input.byte() % kNames.size()],
+      gateway};
+  twice.run(kWrites, "igd_set_static_route", &::igd_set_static_route,
+            &reference::igd_set_static_route, [&](auto* call) { return shown(call(code, route)); });
+}
+
 // Another program of the gateway deletes a bridge or a connection behind the library's back.
 void Gateway::lose_object() {
   const bool bridge = input.coin();
@@ -187,7 +200,7 @@ void Gateway::any() {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   constexpr std::array<void (Gateway::*)(), 8> kSteps = {
       &Gateway::create, &Gateway::write,       &Gateway::create, &Gateway::write,
-      &Gateway::remove, &Gateway::lose_object, &Gateway::any,    &Gateway::any};
+      &Gateway::remove, &Gateway::lose_object, &Gateway::route,  &Gateway::any};
   Input input(data, size);
   Gateway gateway(input);
   for (int count = 0; count < kMostSteps && !input.done(); ++count) {

@@ -107,6 +107,7 @@ void require_held(const std::string& path, const api_wan_info& info, const Holdi
   for (const Holding& now : after) {
     if (is_own(now, path)) is_own_now.push_back(now.node);
     if (is_bound(now, path)) is_bound_now.push_back(now.node);
+    require(!is_free(now) || !is_among(kept, now.node), "a port that is taken is not free as well");
   }
   for (Names* const names : {&own, &bound, &is_own_now, &is_bound_now}) {
     std::sort(names->begin(), names->end());

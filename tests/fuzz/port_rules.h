@@ -28,8 +28,8 @@ bool is_tidy(const Holdings& holdings);
 /// A removed connection is named nowhere, and its ports are back in the LAN bridge.
 void require_removed(const std::string& path, const Holdings& before, const host::Tree& tree);
 
-/// A connection holds the ports of its description in the bridges that it says, and no others; those
-/// that it gave up are back in the LAN bridge.
+/// A connection holds the ports of its description in the bridges that it says, and no others; none
+/// of them is free as well, and those that it gave up are back in the LAN bridge.
 void require_held(const std::string& path, const api_wan_info& info, const Holdings& before,
                   const host::Tree& tree);
 
