@@ -4,7 +4,7 @@ if(NOT TARGET contract_suite)
   return()
 endif()
 target_precompile_headers(contract_suite PRIVATE <gtest/gtest.h> <map> <string> <vector>)
-foreach(program foreign_platform host_contract_tests host_tests igdctl_tests model_test
+foreach(program foreign_platform host_contract_tests host_tests igdctl_tests
     operations_test proof_tests store_tests transcript_test unit_tests)
   if(TARGET ${program})
     target_precompile_headers(${program} REUSE_FROM contract_suite)

@@ -1,4 +1,4 @@
-// An operation of the library, and the same as tests/operations/reference.h tells it, each on a
+// An operation of the library, and the same as tests/reference/reference.h tells it, each on a
 // tree of its own: the calls, the answers and what is kept must be the same.
 #ifndef IGD_TESTS_FUZZ_TWICE_H
 #define IGD_TESTS_FUZZ_TWICE_H

@@ -3,9 +3,23 @@
 import collections
 import json
 import re
+import subprocess
 
 import suite
 import worker
+
+# The library is told several times over; each telling, its tests and where it stands.
+TELLINGS = {
+    "unit tests": (r"unit_tests|no_context_test|null_tree_test|late_context_test",
+                   ("tests/unit/igd", "tests/unit/no_tree")),
+    "transcripts": (r"transcript_test", ("tests/transcripts",)),
+    "reference, with faults and fuzz": (r"operations_test|fuzz\..*",
+                                        ("tests/reference", "tests/operations", "tests/fuzz",
+                                         ":!tests/fuzz/d*", ":!tests/fuzz/rows*",
+                                         ":!tests/fuzz/store*")),
+    "foreign platform": (r"foreign_platform", ("tests/foreign_platform",)),
+    "binary": (r"abi_test|own_platform_test", ("tests/binary",)),
+}
 
 # After so many suites that end the process the rest is not asked any more.
 MANY_CRASHES = 20
@@ -75,8 +89,7 @@ def suite_of(name):
 
 def table(session):
     """Per program and per suite: how many mutants it kills, and how many only it kills."""
-    tried = [session.notices.of(m, session.digest(m)) for m in session.wanted]
-    compiled = [r for r in tried if r and r["outcome"] != "stillborn"]
+    compiled = compiled_of(session)
     by_program = counted([{suite_of(n)[0] for n in r["noticed"]} for r in compiled])
     by_suite = counted([{suite_of(n) for n in r["noticed"]} for r in compiled])
     within = collections.Counter()
@@ -102,6 +115,40 @@ def table(session):
         lines.append(f"| {key[0]} | {key[1]} | {files.get(key, '')} | {by_suite[0][key]} | "
                      f"{within[key]} | {by_suite[1][key]} |")
     return "\n".join(lines) + "\n"
+
+
+def tellings(root, results):
+    """What scripts/figures shows of each telling: its size, what it notices, and what it alone does."""
+    told = []
+    for result in results:
+        programs = {suite_of(name)[0] for name in result["noticed"]}
+        told.append({telling for telling, (tests, _) in TELLINGS.items()
+                     if any(re.fullmatch(tests, program) for program in programs)})
+    notices, alone = counted(told)
+    return [f"{telling}\t{lines_of(root, folders)} lines, notices {notices[telling]} of "
+            f"{len(results)}, {alone[telling]} alone" for telling, (_, folders) in TELLINGS.items()]
+
+
+def lines_of(root, folders):
+    listed = subprocess.run(["git", "ls-files", "-z", *folders], cwd=root, check=True,
+                            capture_output=True).stdout.decode().split("\0")
+    sources = [root / name for name in listed if name.endswith((".cpp", ".h", ".c"))]
+    return sum(len(path.read_bytes().splitlines()) for path in sources)
+
+
+def write_figures(root, results):
+    commit = subprocess.run(["git", "log", "-1", "--format=%h%x09%cs"], cwd=root, check=True,
+                            capture_output=True).stdout.decode().strip()
+    folder = root / "build" / "figures"
+    folder.mkdir(parents=True, exist_ok=True)
+    rows = "".join(f"{row}\t{commit}\n" for row in tellings(root, results))
+    (folder / "tellings").write_text(rows)
+
+
+def compiled_of(session):
+    """The results of the mutants that were tried and compile."""
+    tried = [session.notices.of(m, session.digest(m)) for m in session.wanted]
+    return [r for r in tried if r and r["outcome"] != "stillborn"]
 
 
 def counted(sets):

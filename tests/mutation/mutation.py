@@ -263,6 +263,8 @@ def main():
     session.write()
     if options.matrix:
         say(matrix.table(session))
+        if options.folder == "framework/igd" and not options.only:
+            matrix.write_figures(session.base.root, matrix.compiled_of(session))
     elif not options.only:
         report.show(session)
 
