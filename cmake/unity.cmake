@@ -6,6 +6,23 @@ if(NOT IGD_UNITY)
   return()
 endif()
 
+# clang-tidy takes most of its time for headers of others, so it reads several rooms of igdctl at once.
+option(IGD_UNITY_WIDE "Compile several rooms together" OFF)
+set(igd_wide_groups "acs cli gateway route" "bridge doctor help term" "lan topology tree")
+
+function(igd_unity_group room result)
+  if(IGD_UNITY_WIDE)
+    foreach(group IN LISTS igd_wide_groups)
+      if(" ${group} " MATCHES " ${room} ")
+        set(room "${group}")
+        string(REPLACE " " "_" room "${room}")
+        break()
+      endif()
+    endforeach()
+  endif()
+  set(${result} "${room}" PARENT_SCOPE)
+endfunction()
+
 # igd_unity(<target> [ALONE <source>...])
 # The sources of a folder go together; those of a target without folders by eights. ALONE are those
 # that use a name of their own for another thing than their neighbours, or whose definitions a program
@@ -24,8 +41,9 @@ function(igd_unity target)
   list(FILTER sources INCLUDE REGEX "^[a-z]+/")
   foreach(source ${sources})
     get_filename_component(room "${source}" DIRECTORY)
+    igd_unity_group("${room}" group)
     set_source_files_properties("${folder}/${source}" TARGET_DIRECTORY ${target} PROPERTIES
-      UNITY_GROUP "${room}")
+      UNITY_GROUP "${group}")
     set_target_properties(${target} PROPERTIES UNITY_BUILD_MODE GROUP)
   endforeach()
 endfunction()

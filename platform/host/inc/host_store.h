@@ -165,8 +165,8 @@ class HOST_EXPORT Store {
   /// with one that has no net effect, it succeeds and no generation begins.
   ///
   /// @param label  the reason for the change, for people; at most kLongestText
-  /// @return kNone: it is on disk. kMovedOn, kPending, kLocked, kReplaced, kTooLarge, the error that
-  ///         poisoned the batch, or an error of writing the file (kFull, kIo, kReadOnly, kCorrupt):
+  /// @return kNone: it is on disk. kMovedOn, kPending, kLocked, kReplaced, kTooLarge, the error
+  ///         that poisoned the batch, or an error of writing the file (kFull, kIo, kReadOnly, kCorrupt):
   ///         the whole batch is discarded, the tree is as it was at the last commit, and the debug
   ///         sink gets a line. kUncertain: the same, but the whole batch may have landed; the next
   ///         read shows which
@@ -218,8 +218,8 @@ class HOST_EXPORT Store {
 
   /// Keeps the pending change.
   /// @return kNotPending, also if it is too late and the change is now reverted; or an error of
-  ///         reading or writing the file: the change is then still pending, and after kUncertain may
-  ///         or may not be
+  ///         reading or writing the file: the change is then still pending, and after kUncertain
+  ///         may or may not be
   StoreResult confirm();
 
   /// Reverts the pending change at once, in a new generation, as if the deadline had passed.

@@ -7,8 +7,8 @@
 
 namespace host {
 
-/// A file of a few bytes, made for the owner of the store alone. Nothing else passes for it: no link,
-/// no file of another user. Its descriptor is none of the three that programs print to.
+/// A file of a few bytes, made for the owner of the store alone. Nothing else passes for it: no
+/// link, no file of another user. Its descriptor is none of the three that programs print to.
 ///
 /// Whoever cuts a mapped file short takes the memory away under the processes that have it. They
 /// then find zeros there, and go on.

@@ -165,7 +165,7 @@ void Store::Impl::reopen() {
   open();
 }
 
-// Something may have happened: a commit, a fork, a deadline, the loss of the write lock or of a file.
+// Something may have happened: a commit, a fork, a deadline, the loss of the lock or of a file.
 void Store::Impl::poll() {
   report_once(result_of([this] { follow(); }));
 }

@@ -38,8 +38,8 @@ void StoreConnection::count_fork() {
   }
 }
 
-// Gives back only this process's own locks, and leaves the log, which SQLite knows by its name only,
-// to whom it belongs now.
+// Gives back only this process's own locks, and leaves the log, which SQLite knows by its name
+// only, to whom it belongs now.
 void StoreConnection::leave_file() {
   if (file_ == nullptr || is_in_memory()) return;
   database().leave_log();

@@ -29,9 +29,9 @@ void StoreView::publish_counter() {
   connection_.shared().set_counter(is_in_doubt ? seen_counter_ | 1U : seen_counter_);
 }
 
-// A counter that does not fit is that of a commit which goes on, or wrong: a store that was put back
-// from a backup, a process that died. Only the commit lock tells the two apart, and it is not waited
-// for; without it the next read asks the database.
+// A counter that does not fit is that of a commit which goes on, or wrong: a store that was put
+// back from a backup, a process that died. Only the commit lock tells the two apart, and it is not
+// waited for; without it the next read asks the database.
 void StoreView::adopt_counter() {
   const std::uint32_t loaded = counter_of(generation_);
   const bool fits = connection_.shared().counter() == loaded;
@@ -40,8 +40,8 @@ void StoreView::adopt_counter() {
   seen_counter_ = counter == loaded ? loaded : kUnknown;
 }
 
-// Sets the shared counter right, and decides what became of a commit that is in doubt. kUnknown while
-// another process commits.
+// Sets the shared counter right, and decides what became of a commit that is in doubt. kUnknown
+// while another process commits.
 std::uint32_t StoreView::counter_in_database() {
   SharedState& shared = connection_.shared();
   const CommitLock lock(shared);
