@@ -44,11 +44,14 @@ int opened(const std::string& path) {
   fail(path, errno);
 }
 
-// It belongs to the owner of the store, also when an administrator was the first to need it.
+// It belongs to the owner of the store, also when an administrator was the first to need it, and to
+// nobody else whatever the umask.
 void give_to(const struct stat& owner, int descriptor, struct stat& status) {
   const bool is_new = status.st_size == 0 && status.st_uid == geteuid();
-  if (!is_new || status.st_uid == owner.st_uid) return;
-  if (fchown(descriptor, owner.st_uid, owner.st_gid) == 0) status.st_uid = owner.st_uid;
+  if (!is_new) return;
+  (void)fchmod(descriptor, kOwnerOnly);
+  if (status.st_uid != owner.st_uid) (void)fchown(descriptor, owner.st_uid, owner.st_gid);
+  (void)fstat(descriptor, &status);
 }
 
 void check(const std::string& path, const struct stat& status, uid_t owner) {

@@ -41,6 +41,17 @@ std::optional<std::int64_t> size_of(const std::string& path) {
   return status.st_size;
 }
 
+// Makes the file, or takes an empty one over, for its owner alone whatever the umask. It is not
+// opened for that: closing it again would end SQLite's locks of this process on it.
+void make_private(const std::string& path) {
+  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kOwnerOnly);
+  if (file < 0 && errno != EEXIST) throw StoreFailure(error_of_system(errno), std::strerror(errno));
+  if (file >= 0) (void)close(file);
+  if (chmod(path.c_str(), kOwnerOnly) != 0) {
+    throw StoreFailure(error_of_system(errno), std::strerror(errno));
+  }
+}
+
 // Sees to it that the file is there with the right mode, and that one that SQLite takes for new
 // really is: it would throw the log of a database away that lost its main file, and write over a
 // single byte.
@@ -51,12 +62,7 @@ std::string prepared(const std::string& path, const StoreOptions& options) {
   if (size == 0 && size_of(path + kLog).value_or(0) > 0) {
     throw StoreFailure(StoreError::kCorrupt, "the file is empty, but its log is not");
   }
-  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kOwnerOnly);
-  if (file >= 0) {
-    (void)close(file);
-  } else if (errno != EEXIST) {
-    throw StoreFailure(error_of_system(errno), std::strerror(errno));
-  }
+  if (size == 0) make_private(path);
   return path;
 }
 
