@@ -66,7 +66,7 @@ EOF
   expect 0 __complete line -- --store "$BATS_TEST_TMPDIR/other.db" wan show ''
   [ ! -e "$IGD_STORE" ]
   [ ! -e "$BATS_TEST_TMPDIR/other.db" ]
-  printf 'no database' >"$IGD_STORE"
+  (umask 077 && printf 'no database' >"$IGD_STORE")
   expect 0 __complete wan
   [ -z "$output" ]
   [ -z "$stderr" ]

@@ -225,6 +225,20 @@ END
   cmp "$IGD_STORE" "$BATS_TEST_TMPDIR/foreign.db"
 }
 
+@test "a store that others can use is refused with the command that repairs it" {
+  set_name lan
+  chmod 644 "$IGD_STORE"
+  expect 5 tree get "$name"
+  [ -z "$output" ]
+  has "is accessible to other users" "$stderr"
+  repair=$(sed -n "s/.*\(chmod 600 [^ ]*gateway.db\).*/\1/p" <<<"$stderr")
+  expect 5 --json tree get "$name"
+  has "chmod 600" "$stderr"
+  [ "$(stat -c %a "$IGD_STORE")" = 644 ]
+  $repair
+  [ "$(bridge_name)" = lan ]
+}
+
 @test "--quiet prints data, but no sentences" {
   expect 0 --quiet store checkpoint first
   [ -z "$output" ]

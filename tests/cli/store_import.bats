@@ -84,7 +84,7 @@ END
 
 @test "a damaged store is left alone unless an import may move it away" {
   write_dump
-  printf 'no database at all, but long enough' >"$IGD_STORE"
+  (umask 077 && printf 'no database at all, but long enough' >"$IGD_STORE")
   expect 5 store history
   has "--keep-corrupt-aside" "$stderr"
   expect 5 store import "$BATS_TEST_TMPDIR/dump.csv"
@@ -98,7 +98,7 @@ END
   expect 0 store import "$BATS_TEST_TMPDIR/dump.csv" --keep-corrupt-aside
   [ ! -e "$IGD_STORE.corrupt-2" ]
   # The next one that is damaged goes past what is there, be it a log alone.
-  printf 'damaged again, and again long enough' >"$IGD_STORE"
+  (umask 077 && printf 'damaged again, and again long enough' >"$IGD_STORE")
   printf 'log' >"$IGD_STORE.corrupt-2-wal"
   expect 0 store import "$BATS_TEST_TMPDIR/dump.csv" --keep-corrupt-aside
   has "gateway.db.corrupt-3" "$stderr"

@@ -1,6 +1,8 @@
 // A store's files with bytes changed, pages exchanged and ends cut off: opening fails with a named
 // error and leaves what it does not understand, or gives a tree that can be read and written. Never
 // is it factory state in the place of what was there.
+#include <sys/stat.h>
+
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -55,6 +57,7 @@ struct Files {
 class Bench {
  public:
   Bench() {
+    (void)umask(S_IRWXG | S_IRWXO);  // what others can use is refused
     options_.lock_timeout_ms = 0;
     options_.clock = [this] { return host::BootTime{"boot", now_}; };
     make_stores();

@@ -24,6 +24,10 @@
 /// For checks and changes that belong together over several operations use begin() or
 /// begin_trial(): nothing can change between the reads that follow them and the commit.
 ///
+/// A store contains passwords, so it is private to one user: if its file or one of those beside it
+/// belongs to another user, or its group or others can read or write it, it is refused with
+/// kNotPrivate. Root can open any user's store and leaves its owner and modes unchanged.
+///
 /// getContext() keeps the process's own store; a program that only uses libigd does not need this
 /// header. Use a store from one thread at a time.
 #ifndef HOST_STORE_H
@@ -46,6 +50,8 @@ namespace host {
 enum class StoreError {
   kNone,           ///< done
   kNotOpened,      ///< the file cannot be created or opened: no such folder, no permission
+  kNotPrivate,     ///< the file or one beside it belongs to another user, or others can use it; it
+                   ///< is left unchanged, and the text contains the command that repairs it
   kReadOnly,       ///< the file or its disk can be read but not written
   kFull,           ///< the disk, the size that the options allow, or a file size limit is full
   kTooLarge,       ///< a label is over 16 MiB, or one object, change or checkpoint over 256 MiB
@@ -134,14 +140,16 @@ struct StoreOptions {
 /// A tree in a file. The path ":memory:" gives one that lasts as long as the object.
 class HOST_EXPORT Store {
  public:
-  /// Opens a store; if there is no file, creates it in factory state with mode 0600. A change whose
-  /// time to confirm is over is reverted first.
+  /// Opens a store; if there is no file, or an empty one, creates it in factory state with mode
+  /// 0600, whatever the umask. A change whose time to confirm is over is reverted first.
   ///
-  /// @param path     its folder must exist; symbolic links are followed. Files with "-wal", "-shm"
-  ///                 and "-shared" after the name belong to the store too
+  /// @param path     its folder must exist; symbolic links are followed, also to a file that does
+  ///                 not exist yet. Files with "-wal", "-shm" and "-shared" after the name belong
+  ///                 to the store too, and have its owner and mode
   /// @param options  apply for the life of the store
-  /// @param result   set to kNone, kNotOpened, kReadOnly, kFull, kIo, kCorrupt, kForeign,
-  ///                 kUnknownFormat, kLocked, kReplaced, or kUncertain of a revert; may be null
+  /// @param result   set to kNone, kNotOpened, kNotPrivate, kReadOnly, kFull, kIo, kCorrupt,
+  ///                 kForeign, kUnknownFormat, kLocked, kReplaced, or kUncertain of a revert; may be
+  ///                 null
   /// @return null on failure; an existing file was not replaced
   static std::unique_ptr<Store> open(const std::string& path, const StoreOptions& options,
                                      StoreResult* result);

@@ -10,12 +10,12 @@
 #include <utility>
 
 #include "store/cut_memory.h"
+#include "store/store_access.h"
 #include "store/store_error.h"
 
 namespace host {
 namespace {
 
-constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
 constexpr int kFirstFree = STDERR_FILENO + 1;
 
 [[noreturn]] void fail(const std::string& path, int number) {
@@ -58,8 +58,7 @@ void check(const std::string& path, const struct stat& status, uid_t owner) {
   const std::string repair = "; remove it while no program uses the store";
   if (!S_ISREG(status.st_mode)) refuse(path, "it is not a file");
   if (status.st_nlink != 1) refuse(path, "it has another name, too" + repair);
-  if (status.st_uid != owner) refuse(path, "it belongs to somebody else than the store" + repair);
-  if ((status.st_mode & (S_IRWXG | S_IRWXO)) != 0) refuse(path, "others may use it" + repair);
+  require_private(path, status, owner);
 }
 
 }  // namespace

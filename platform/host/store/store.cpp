@@ -41,7 +41,7 @@ std::string resolved_folder_of(const std::string& path) {
   const bool is_folder = realpath(folder.c_str(), buffer) != nullptr &&
                          stat(buffer, &status) == 0 && S_ISDIR(status.st_mode);
   if (!is_folder || name.empty()) {
-    throw StoreFailure(StoreError::kNotOpened, "the folder of the store is not there");
+    throw StoreFailure(StoreError::kNotOpened, "the folder of the store does not exist");
   }
   return std::string(buffer) + "/" + name;
 }

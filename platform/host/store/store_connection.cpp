@@ -6,6 +6,8 @@
 #include <set>
 #include <utility>
 
+#include "store/store_access.h"
+
 namespace host {
 namespace {
 
@@ -58,6 +60,7 @@ void StoreConnection::leave_files_to_parent() {
 void StoreConnection::open_shared_state() {
   forks_ = kNotOpened;
   leave_files_to_parent();
+  if (!is_in_memory()) require_private(path_);
   shared_ = std::make_unique<SharedState>(path_);
 }
 

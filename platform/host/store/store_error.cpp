@@ -20,6 +20,8 @@ const char* name_of(StoreError error) {
       return "kNone";
     case StoreError::kNotOpened:
       return "kNotOpened";
+    case StoreError::kNotPrivate:
+      return "kNotPrivate";
     case StoreError::kReadOnly:
       return "kReadOnly";
     case StoreError::kFull:

@@ -14,6 +14,7 @@
 
 #include "rows/row_codec.h"
 #include "rows/tree_rows.h"
+#include "store/store_access.h"
 #include "store/store_tables.h"
 #include "tree/tree_access.h"
 
@@ -25,7 +26,6 @@ constexpr std::int64_t kFormat = 2;
 constexpr std::int64_t kPageSize = 4096;
 constexpr std::int64_t kLongestLog = 4 << 20;
 constexpr std::int64_t kLongLog = 1 << 20;  // for a process that begins or ends
-constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
 constexpr const char* kLog = "-wal";
 
 // Honest files take a small part of these.

@@ -1,5 +1,10 @@
-// Whose file a store is: made for its owner alone.
+// Whose file a store is: made for its owner alone, refused when others can use it.
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <map>
+#include <tuple>
 
 #include "store_bench.h"
 
@@ -7,6 +12,7 @@ namespace {
 
 using namespace store_tests;
 
+constexpr uid_t kSomebody = 65534;
 const char* const kCompanions[] = {"-wal", "-shm", "-shared"};
 
 struct stat status_of(const std::string& path) {
@@ -30,6 +36,31 @@ class Umask {
   mode_t before_;
 };
 
+// A process that runs an action as the owner of the store, who is no administrator.
+class Owner {
+ public:
+  template <class Action>
+  explicit Owner(const Action& action) : process_(fork()) {
+    if (process_ != 0) return;
+    if (geteuid() == 0 && (setegid(kSomebody) != 0 || seteuid(kSomebody) != 0)) _exit(2);
+    action();
+    _exit(testing::Test::HasFailure() ? 1 : 0);
+  }
+  Owner(const Owner&) = delete;
+  Owner& operator=(const Owner&) = delete;
+  ~Owner() {
+    int status = 0;
+    EXPECT_EQ(waitpid(process_, &status, 0), process_);
+    EXPECT_EQ(status, 0);
+  }
+
+ private:
+  pid_t process_;
+};
+
+// Names, modes, owners and bytes of the files in a folder, without the bytes of the log's index.
+using Picture = std::map<std::string, std::tuple<mode_t, uid_t, std::string>>;
+
 class StoreAccess : public StoreBench {
  protected:
   std::vector<std::string> files() const {
@@ -38,10 +69,36 @@ class StoreAccess : public StoreBench {
     return names;
   }
 
+  Picture picture() const {
+    Picture picture;
+    for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
+      const std::string name = entry.path();
+      const struct stat status = status_of(name);
+      const bool is_index = entry.path().extension() == ".db-shm";
+      picture[name] = {status.st_mode, status.st_uid, is_index ? "" : content_of(name)};
+    }
+    return picture;
+  }
+
+  // Everything that is there belongs to somebody who is no administrator.
+  void give_away() const {
+    if (geteuid() != 0) return;
+    EXPECT_EQ(chown(folder_.c_str(), kSomebody, kSomebody), 0);
+    for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
+      EXPECT_EQ(chown(entry.path().c_str(), kSomebody, kSomebody), 0);
+    }
+  }
+
   void write_and_commit(Store& store, const std::string& name, const std::string& text) {
     EXPECT_EQ(store.tree().set_value(name, text), 0);
     const StoreResult result = store.commit();
     EXPECT_TRUE(result.ok()) << result.text;
+  }
+
+  StoreResult refusal() {
+    StoreResult result;
+    EXPECT_EQ(Store::open(path_, {}, &result), nullptr);
+    return result;
   }
 };
 
@@ -90,6 +147,86 @@ TEST_F(StoreAccess, TakesAnEmptyFileOverForItsOwnerAlone) {
   ASSERT_NE(store, nullptr);
   write_and_commit(*store, kUrl, "x");
   for (const std::string& file : files()) EXPECT_EQ(mode_of(file), 0600U) << file;
+}
+
+TEST_F(StoreAccess, RefusesFilesThatOthersCanUseAndNamesTheRemedy) {
+  for (const char* end : {"", "-wal", "-shm", "-shared"}) {
+    const auto other = opened();
+    write_and_commit(*other, kUrl, end);  // so that all of them are there
+    for (const mode_t mode : {0640, 0620, 0604, 0602}) {
+      ASSERT_EQ(chmod((path_ + end).c_str(), mode), 0);
+      const StoreResult result = refusal();
+      EXPECT_EQ(result.error, StoreError::kNotPrivate) << end << " " << mode;
+      const std::string remedy = "chmod 600 " + std::filesystem::canonical(path_ + end).string();
+      EXPECT_NE(result.text.find(remedy), std::string::npos) << result.text;
+    }
+    ASSERT_EQ(chmod((path_ + end).c_str(), 0600), 0);
+    EXPECT_NE(opened(), nullptr);
+  }
+}
+
+TEST_F(StoreAccess, ARefusedFileStaysAsItIs) {
+  const Umask open_for_all(0);
+  write_file(path_, "a letter that everybody may read and write");
+  const Picture before = picture();
+  EXPECT_EQ(refusal().error, StoreError::kNotPrivate);
+  EXPECT_EQ(picture(), before);
+}
+
+TEST_F(StoreAccess, TheRemedyCanBeTypedWhateverTheName) {
+  path_ = folder_ + "/it's mine.db";
+  write_file(path_, "x");
+  ASSERT_EQ(chmod(path_.c_str(), 0666), 0);
+  const std::string text = refusal().text;
+  const std::size_t at = text.find("chmod 600 ");
+  ASSERT_NE(at, std::string::npos) << text;
+  EXPECT_EQ(std::system(text.substr(at).c_str()), 0) << text;
+  EXPECT_EQ(mode_of(path_), 0600U);
+}
+
+TEST_F(StoreAccess, RefusesTheStoreOfAnotherUser) {
+  if (geteuid() != 0) GTEST_SKIP() << "only an administrator can change owners";
+  opened();
+  ASSERT_EQ(chmod(folder_.c_str(), 0777), 0);
+  const Picture before = picture();
+  {
+    const Owner other([this] {
+      const StoreResult result = refusal();
+      EXPECT_EQ(result.error, StoreError::kNotPrivate);
+      const std::string remedy = "chown 65534 " + std::filesystem::canonical(path_).string();
+      EXPECT_NE(result.text.find(remedy), std::string::npos) << result.text;
+    });
+  }
+  EXPECT_EQ(picture(), before);
+}
+
+TEST_F(StoreAccess, RefusesCompanionsOfAnotherUser) {
+  if (geteuid() != 0) GTEST_SKIP() << "only an administrator can change owners";
+  for (const char* end : kCompanions) {
+    const auto other = opened();
+    write_and_commit(*other, kUrl, end);  // so that all of them are there
+    ASSERT_EQ(chown((path_ + end).c_str(), kSomebody, kSomebody), 0);
+    const StoreResult result = refusal();
+    EXPECT_EQ(result.error, StoreError::kNotPrivate) << end;
+    const std::string remedy = "chown 0 " + std::filesystem::canonical(path_ + end).string();
+    EXPECT_NE(result.text.find(remedy), std::string::npos) << result.text;
+    ASSERT_EQ(chown((path_ + end).c_str(), 0, 0), 0);
+  }
+}
+
+TEST_F(StoreAccess, AnAdministratorLeavesOwnersAndModesAsTheyAre) {
+  if (geteuid() != 0) GTEST_SKIP() << "only an administrator can change owners";
+  opened();
+  give_away();
+  for (const mode_t mode : {0600, 0400}) {
+    ASSERT_EQ(chmod(path_.c_str(), mode), 0);
+    std::filesystem::remove(path_ + "-shared");
+    const auto store = opened();
+    ASSERT_NE(store, nullptr);
+    write_and_commit(*store, kUrl, "x");
+    EXPECT_EQ(mode_of(path_), mode);
+    for (const std::string& file : files()) EXPECT_EQ(status_of(file).st_uid, kSomebody) << file;
+  }
 }
 
 }  // namespace

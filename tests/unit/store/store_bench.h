@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
+#include <sys/stat.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -50,12 +51,14 @@ class StoreBench : public testing::Test {
     folder_ = mkdtemp(pattern.data());
     path_ = folder_ + "/gateway.db";
     options_.lock_timeout_ms = 2000;
+    mask_ = umask(S_IRWXG | S_IRWXO);  // no store of these tests is refused for its mode alone
     host::set_debug_sink([this](const char* /*file*/, int /*line*/, const std::string& text) {
       reported_.push_back(text);
     });
   }
   ~StoreBench() override {
     host::set_debug_sink(nullptr);
+    (void)umask(mask_);
     std::filesystem::remove_all(folder_);
   }
 
@@ -84,6 +87,9 @@ class StoreBench : public testing::Test {
   std::string path_;
   StoreOptions options_;
   std::vector<std::string> reported_;
+
+ private:
+  mode_t mask_;
 };
 
 inline std::vector<std::string> lines_of(const host::Tree& tree) {

@@ -217,7 +217,7 @@ TEST_F(StoreFiles, TheSharedFileIsNeverFoundThroughALink) {
 TEST_F(StoreFiles, ASharedFileThatOthersMayUseIsRefused) {
   opened();
   ASSERT_EQ(chmod(shared().c_str(), 0666), 0);
-  EXPECT_EQ(error_on_open(), StoreError::kNotOpened);
+  EXPECT_EQ(error_on_open(), StoreError::kNotPrivate);
 }
 
 TEST_F(StoreFiles, AnAdministratorMakesTheSharedFileForTheOwnerOfTheStore) {

@@ -18,6 +18,8 @@ constexpr std::array kRemedies = {
     Remedy{
         StoreError::kNotOpened, ExitCode::kStore,
         "check that its folder exists and that you can write to it, or give another with --store"},
+    Remedy{StoreError::kNotPrivate, ExitCode::kStore,
+           "a store must be private to one user, because it contains passwords"},
     Remedy{StoreError::kReadOnly, ExitCode::kStore,
            "check that you can write to the file and that its disk is not mounted read-only"},
     Remedy{StoreError::kFull, ExitCode::kStore,
