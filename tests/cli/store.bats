@@ -239,6 +239,37 @@ END
   [ "$(bridge_name)" = lan ]
 }
 
+# Sets $as_owner to what runs a program as the owner of the files in a folder, who is no administrator,
+# as that one may write everything.
+needs_owner_of() {
+  as_owner=()
+  [ "$(id -u)" -eq 0 ] || return 0
+  as_owner=(setpriv --reuid 65534 --regid 65534 --clear-groups)
+  chown -R 65534:65534 "$1"
+  "${as_owner[@]}" test -x "$IGDCTL" -a -x "$1" || skip "no other user can run igdctl here"
+}
+
+@test "a store that may only be read is read, and takes no change" {
+  home=$(mktemp -d)
+  export IGD_STORE=$home/gateway.db
+  make_three_connections
+  chmod 400 "$IGD_STORE"
+  needs_owner_of "$home"
+  before=$(ls "$home" && kept_in_store)
+  run --separate-stderr "${as_owner[@]}" "$IGDCTL" wan list
+  [ "$status" -eq 0 ]
+  has Television
+  run --separate-stderr "${as_owner[@]}" "$IGDCTL" tree get "$name"
+  [ "$status" -eq 0 ]
+  has internet
+  run --separate-stderr "${as_owner[@]}" "$IGDCTL" tree set "$name" lan
+  [ "$status" -eq 5 ]
+  has "the store can only be read" "$stderr"
+  has "check that you can write to the file" "$stderr"
+  [ "$(ls "$home" && kept_in_store)" = "$before" ]
+  rm -r "$home"
+}
+
 @test "--quiet prints data, but no sentences" {
   expect 0 --quiet store checkpoint first
   [ -z "$output" ]

@@ -28,6 +28,11 @@
 /// belongs to another user, or its group or others can read or write it, it is refused with
 /// kNotPrivate. Root can open any user's store and leaves its owner and modes unchanged.
 ///
+/// A process that cannot write the store's files, or cannot create those beside it, can still read
+/// it, also on a read-only disk, and follows other processes' commits. Each of its writes is
+/// refused with kReadOnly, and it changes nothing in the store. A pending change whose deadline has
+/// passed stays until a process that can write reverts it; the debug sink gets one line about that.
+///
 /// getContext() keeps the process's own store; a program that only uses libigd does not need this
 /// header. Use a store from one thread at a time.
 #ifndef HOST_STORE_H
@@ -52,7 +57,7 @@ enum class StoreError {
   kNotOpened,      ///< the file cannot be created or opened: no such folder, no permission
   kNotPrivate,     ///< the file or one beside it belongs to another user, or others can use it; it
                    ///< is left unchanged, and the text contains the command that repairs it
-  kReadOnly,       ///< the file or its disk can be read but not written
+  kReadOnly,       ///< the file, its folder or its disk can be read but not written
   kFull,           ///< the disk, the size that the options allow, or a file size limit is full
   kTooLarge,       ///< a label is over 16 MiB, or one object, change or checkpoint over 256 MiB
   kIo,             ///< reading or writing failed for another reason
@@ -147,9 +152,10 @@ class HOST_EXPORT Store {
   ///                 not exist yet. Files with "-wal", "-shm" and "-shared" after the name belong
   ///                 to the store too, and have its owner and mode
   /// @param options  apply for the life of the store
-  /// @param result   set to kNone, kNotOpened, kNotPrivate, kReadOnly, kFull, kIo, kCorrupt,
-  ///                 kForeign, kUnknownFormat, kLocked, kReplaced, or kUncertain of a revert; may be
-  ///                 null
+  /// @param result   set to kNone, kNotOpened, kNotPrivate, kFull, kIo, kCorrupt, kForeign,
+  ///                 kUnknownFormat, kLocked, kReplaced, kUncertain of a revert, or to kReadOnly: the
+  ///                 file is empty, or its log has content that cannot be read because no index of
+  ///                 it can be created; may be null
   /// @return null on failure; an existing file was not replaced
   static std::unique_ptr<Store> open(const std::string& path, const StoreOptions& options,
                                      StoreResult* result);
@@ -188,16 +194,16 @@ class HOST_EXPORT Store {
   /// holds at the commit. Earlier reads do not count. Ends like any batch, with commit() or
   /// discard(), and like any batch loses the lock if it is silent for too long while others wait.
   ///
-  /// @return kTrialOpen, kBatchOpen, kLocked, kPending, or an error of reading the file: no new
-  ///         batch is open then
+  /// @return kTrialOpen, kBatchOpen, kLocked, kPending, kReadOnly, or an error of reading the file:
+  ///         no new batch is open then
   StoreResult begin();
 
   /// Starts a batch as begin() does, but one that no commit ends, for operations that commit
   /// halfway: until accept() or discard(), commit() succeeds at once and writes nothing. Once a
   /// trial is poisoned, each commit() fails.
   ///
-  /// @return kTrialOpen, kBatchOpen, kLocked, kPending, or an error of reading the file: then no
-  ///         new trial is open
+  /// @return kTrialOpen, kBatchOpen, kLocked, kPending, kReadOnly, or an error of reading the file:
+  ///         then no new trial is open
   StoreResult begin_trial();
   bool in_trial() const;  ///< @return whether a trial is open, poisoned or not
 

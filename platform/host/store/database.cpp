@@ -132,6 +132,7 @@ std::string_view Statement::view(int column) {
 Database::Database(const std::string& path, const StoreOptions& options)
     : usual_wait_ms_(options.lock_timeout_ms) {
   const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_EXRESCODE |
+                    SQLITE_OPEN_URI |
                     SQLITE_OPEN_NOMUTEX;  // one thread at a time, as a store is used
   const char* vfs = options.vfs.empty() ? nullptr : options.vfs.c_str();
   const int code = sqlite3_open_v2(path.c_str(), &connection_, flags, vfs);

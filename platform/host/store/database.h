@@ -67,6 +67,7 @@ class Reading {
 /// it makes SQLite run a function, take more memory than a store needs, or go on without end.
 class Database {
  public:
+  /// @param path  or a name that begins with "file:" and says how the file is opened
   Database(const std::string& path, const StoreOptions& options);
   Database(const Database&) = delete;
   Database& operator=(const Database&) = delete;

@@ -36,10 +36,12 @@ int above_standard_streams(int descriptor) {
   return moved;
 }
 
-int opened(const std::string& path) {
-  constexpr int kFlags = O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
-  const int descriptor = above_standard_streams(open(path.c_str(), kFlags, kOwnerOnly));
-  if (descriptor >= 0) return descriptor;
+// -1 when it is only to be read and not there.
+int opened(const std::string& path, SharedFile::Use use) {
+  const bool writes = use == SharedFile::kWrite;
+  const int flags = (writes ? O_RDWR | O_CREAT : O_RDONLY) | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
+  const int descriptor = above_standard_streams(open(path.c_str(), flags, kOwnerOnly));
+  if (descriptor >= 0 || (!writes && errno == ENOENT)) return descriptor;
   if (errno == ELOOP) refuse(path, "it is a symbolic link, which the store does not follow");
   fail(path, errno);
 }
@@ -63,28 +65,30 @@ void check(const std::string& path, const struct stat& status, uid_t owner) {
 
 }  // namespace
 
-SharedFile::SharedFile(const std::string& store_path, std::size_t size)
-    : path_(store_path + "-shared"), size_(size), descriptor_(opened(path_)) {
+SharedFile::SharedFile(const std::string& store_path, std::size_t size, Use use)
+    : path_(store_path + "-shared"), size_(size), descriptor_(opened(path_, use)) {
+  if (descriptor_ < 0) return;
   try {
-    map();
+    map(use);
   } catch (const StoreFailure&) {
     (void)close(descriptor_);
     throw;
   }
 }
 
-void SharedFile::map() {
+void SharedFile::map(Use use) {
   struct stat status = {};
   if (fstat(descriptor_, &status) != 0) fail(path_, errno);
   struct stat store = {};
   const std::string store_path = path_.substr(0, path_.rfind('-'));
   if (stat(store_path.c_str(), &store) != 0) store.st_uid = geteuid();  // is still to be made
-  give_to(store, descriptor_, status);
+  if (use == kWrite) give_to(store, descriptor_, status);
   check(path_, status, store.st_uid);
   is_reserved_ = status.st_blocks > 0 && status.st_size >= static_cast<off_t>(size_);
-  const bool is_short = status.st_size < static_cast<off_t>(size_);
+  const bool is_short = use == kWrite && status.st_size < static_cast<off_t>(size_);
   if (is_short && ftruncate(descriptor_, static_cast<off_t>(size_)) != 0) fail(path_, errno);
-  void* const mapped = mmap(nullptr, size_, PROT_READ | PROT_WRITE, MAP_SHARED, descriptor_, 0);
+  const int protection = use == kWrite ? PROT_READ | PROT_WRITE : PROT_READ;
+  void* const mapped = mmap(nullptr, size_, protection, MAP_SHARED, descriptor_, 0);
   if (mapped == MAP_FAILED) fail(path_, errno);
   memory_ = mapped;
   survive_cuts(memory_);

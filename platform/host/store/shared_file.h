@@ -14,14 +14,17 @@ namespace host {
 /// then find zeros there, and go on.
 class SharedFile {
  public:
+  enum Use { kWrite, kRead };
+
   /// Throws StoreFailure.
   /// @param size  of what is mapped; the file gets it when it is shorter
-  SharedFile(const std::string& store_path, std::size_t size);
+  /// @param use   kRead makes no file and changes none
+  SharedFile(const std::string& store_path, std::size_t size, Use use);
   SharedFile(const SharedFile&) = delete;
   SharedFile& operator=(const SharedFile&) = delete;
   ~SharedFile();
 
-  void* memory() const { return memory_; }
+  void* memory() const { return memory_; }  ///< null when there is no file to read
   int descriptor() const { return descriptor_; }
 
   /// Sees to it that the file has its place on the disk: the first write to a mapped file that has
@@ -34,7 +37,7 @@ class SharedFile {
   void close_all();
 
  private:
-  void map();
+  void map(Use use);
 
   const std::string path_;
   const std::size_t size_;

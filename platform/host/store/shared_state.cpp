@@ -51,13 +51,15 @@ std::chrono::steady_clock::duration Silence::length(std::uint32_t owner, std::ui
   return now - since_;
 }
 
-SharedState::SharedState(const std::string& store_path) {
+SharedState::SharedState(const std::string& store_path, SharedFile::Use use)
+    : is_read_only_(use == SharedFile::kRead) {
   if (store_path == ":memory:") return;
-  file_.emplace(store_path, sizeof(SharedWords));
-  words_ = static_cast<SharedWords*>(file_->memory());
+  file_.emplace(store_path, sizeof(SharedWords), use);
+  if (file_->memory() != nullptr) words_ = static_cast<SharedWords*>(file_->memory());
 }
 
 bool SharedState::try_lock(std::uint32_t byte) {
+  if (is_read_only_) return false;
   if (!file_) return true;
   struct flock lock = byte_lock(byte, F_WRLCK);
   return fcntl(file_->descriptor(), F_OFD_SETLK, &lock) == 0;

@@ -46,7 +46,8 @@ class SharedState {
   using Batch = std::uint32_t;
 
   /// For ":memory:" it is this object's own. Throws StoreFailure.
-  explicit SharedState(const std::string& store_path);
+  /// @param use  with kRead no lock can be taken, and the counter is 0 when there is no file
+  explicit SharedState(const std::string& store_path, SharedFile::Use use = SharedFile::kWrite);
 
   /// Whether the file was made just now; reserve() then needs the commit lock.
   bool is_new() const { return file_.has_value() && !file_->is_reserved(); }
@@ -83,6 +84,7 @@ class SharedState {
   void unlock(std::uint32_t byte);
   Batch take_over();
 
+  const bool is_read_only_;
   std::optional<SharedFile> file_;
   SharedWords own_words_ = {};
   SharedWords* words_ = &own_words_;

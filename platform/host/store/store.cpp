@@ -147,12 +147,12 @@ void Store::Impl::open() {
   if (lock) connection.shared().reserve();
   const StoreResult loaded = result_of([&] {
     connection.open_file();
-    if (!connection.file().keeps_log()) take_lock();
+    if (!connection.is_read_only() && !connection.file().keeps_log()) take_lock();
     load(lock.has_value());
   });
   if (!loaded.ok()) {
-    const bool goes_aside =
-        loaded.error == StoreError::kCorrupt && connection.options().keep_corrupt_aside;
+    const bool goes_aside = loaded.error == StoreError::kCorrupt &&
+                            connection.options().keep_corrupt_aside && !connection.is_read_only();
     if (!goes_aside) throw StoreFailure(loaded);
     connection.close_file();
     take_lock();
@@ -168,8 +168,9 @@ void Store::Impl::load(bool is_locked) {
     Transaction snapshot(connection.database(), Transaction::kRead);
     view.load();
     // A damaged file stays as it is, in its mode too.
-    if (pending.is_overdue()) pending.require_revertible();
+    if (pending.is_overdue() && !connection.is_read_only()) pending.require_revertible();
   }
+  if (connection.is_read_only()) connection.require_usable();  // nothing kept it as it was
   connection.file().keep_log();
   connection.file().shorten_log();
   if (is_locked) {

@@ -42,6 +42,7 @@ void StoreBatch::begin_on_what_was_read() {
 // Takes the write lock, then catches up: what this batch changes is what the last one left. The
 // commit asks the database again.
 void StoreBatch::take_lock() {
+  connection_.require_writable();
   number_ = connection_.shared().begin_batch(connection_.options());
   view_.catch_up();
   if (!pending_.is_overdue()) return;

@@ -6,8 +6,6 @@
 #include <set>
 #include <utility>
 
-#include "store/store_access.h"
-
 namespace host {
 namespace {
 
@@ -60,12 +58,16 @@ void StoreConnection::leave_files_to_parent() {
 void StoreConnection::open_shared_state() {
   forks_ = kNotOpened;
   leave_files_to_parent();
+  why_read_only_.clear();
   if (!is_in_memory()) require_private(path_);
-  shared_ = std::make_unique<SharedState>(path_);
+  if (!is_in_memory() && options_.vfs.empty()) why_read_only_ = why_read_only(path_);
+  shared_ =
+      std::make_unique<SharedState>(path_, is_read_only() ? SharedFile::kRead : SharedFile::kWrite);
 }
 
 // The file is not opened to see: closing it again would end SQLite's locks of this process on it.
 bool StoreConnection::is_to_be_made() const {
+  if (is_read_only()) return false;
   struct stat status = {};
   return shared_->is_new() || stat(path_.c_str(), &status) != 0 || status.st_size == 0;
 }
@@ -73,7 +75,10 @@ bool StoreConnection::is_to_be_made() const {
 // SQLite opens the file by its name, too: a file that changed place meanwhile may be either.
 void StoreConnection::open_file() {
   const std::optional<FileIdentity> before = identity_of(path_);
-  file_ = std::make_unique<StoreFile>(path_, options_);
+  at_rest_ = is_read_only() ? resting_state_of(path_) : std::nullopt;
+  const FileUse for_reading = at_rest_ ? FileUse::kReadAtRest : FileUse::kRead;
+  file_ =
+      std::make_unique<StoreFile>(path_, options_, is_read_only() ? for_reading : FileUse::kWrite);
   // An odd counter sends every process to the database, and the first one settles it.
   database().on_doubt([this] { shared_->set_counter(shared_->counter() | 1U); });
   identity_ = identity_of(path_);
@@ -91,8 +96,18 @@ StoreResult StoreConnection::why_not_usable() const {
   if (identity_ && *found != *identity_) {
     return {StoreError::kReplaced, "another file stands in the place of the store now"};
   }
-  if (shared_->is_cut()) return {StoreError::kIo, path_ + "-shared was cut short"};
+  if (at_rest_ && !(resting_state_of(path_) == at_rest_)) {
+    return {StoreError::kReplaced, "the file, which can only be read, was changed"};
+  }
+  if (!is_read_only() && shared_->is_cut()) {
+    return {StoreError::kIo, path_ + "-shared was cut short"};
+  }
   return {};
+}
+
+void StoreConnection::require_writable() const {
+  if (!is_read_only()) return;
+  throw StoreFailure(StoreError::kReadOnly, "the store can only be read: " + why_read_only_);
 }
 
 void StoreConnection::require_usable() const {

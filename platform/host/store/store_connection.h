@@ -35,10 +35,13 @@ class StoreConnection {
   bool is_of_parent() const { return is_inherited() && forks_ != kNotOpened; }
 
   bool is_to_be_made() const;  ///< whether some of the files are not there yet
+  bool is_read_only() const { return !why_read_only_.empty(); }
+  void require_writable() const;  ///< throws StoreFailure with kReadOnly when it is not
   bool is_gone() const { return !identity_of(path_); }  ///< whether no file has the name
 
   /// What became of the files under our feet: kReplaced when the store's name leads to another
-  /// file, kNotOpened when to none, kIo when the shared file was cut short, else kNone.
+  /// file, or to one that changed although it is read without a lock; kIo when the shared file was
+  /// cut short, else kNone.
   StoreResult why_not_usable() const;
   void require_usable() const;  ///< throws what it says
   bool is_in_memory() const { return path_ == ":memory:"; }
@@ -50,7 +53,10 @@ class StoreConnection {
   Database& database() const { return file_->database(); }
 
   /// Waits for the commit lock as long as the options allow.
-  CommitLock locked() const { return {*shared_, lock_deadline()}; }
+  CommitLock locked() const {
+    require_writable();
+    return {*shared_, lock_deadline()};
+  }
   SharedState::Deadline lock_deadline() const { return deadline_of(options_); }
 
   /// Writes in a transaction. When the disk is full the log, which may take most of it, is written
@@ -84,6 +90,8 @@ class StoreConnection {
   std::unique_ptr<SharedState> shared_;
   std::unique_ptr<StoreFile> file_;
   std::optional<FileIdentity> identity_;  ///< of the file when it was opened
+  std::string why_read_only_;             ///< "" when it can be written
+  std::optional<RestingState> at_rest_;   ///< as it was opened, when no lock keeps it so
   int forks_;                             ///< when it was opened
 };
 

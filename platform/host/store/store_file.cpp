@@ -55,13 +55,14 @@ void make_private(const std::string& path) {
 // Sees to it that the file is there with the right mode, and that one that SQLite takes for new
 // really is: it would throw the log of a database away that lost its main file, and write over a
 // single byte.
-std::string prepared(const std::string& path, const StoreOptions& options) {
+std::string prepared(const std::string& path, const StoreOptions& options, FileUse use) {
   if (is_in_memory(path) || !options.vfs.empty()) return path;
   const std::int64_t size = size_of(path).value_or(0);
   if (size == 1) throw StoreFailure(StoreError::kCorrupt, "the file is cut off");
   if (size == 0 && size_of(path + kLog).value_or(0) > 0) {
     throw StoreFailure(StoreError::kCorrupt, "the file is empty, but its log is not");
   }
+  if (use != FileUse::kWrite) return name_for_reading(path, use);
   if (size == 0) make_private(path);
   return path;
 }
@@ -95,14 +96,15 @@ RowChanges checked(std::string_view bytes) {
 
 }  // namespace
 
-StoreFile::StoreFile(const std::string& path, const StoreOptions& options)
-    : path_(path), database_(prepared(path, options), options) {
+StoreFile::StoreFile(const std::string& path, const StoreOptions& options, FileUse use)
+    : path_(path), use_(use), database_(prepared(path, options, use), options) {
   // What it holds stays as it is while the file may turn out to be no store.
   if (size_of(path + kLog).value_or(0) > 0) database_.leave_log();
   database_.limit_steps(kStepsForSchema);
-  if (database_.is_read_only()) {
+  if (use == FileUse::kWrite && database_.is_read_only()) {
     throw StoreFailure(StoreError::kReadOnly, "the file cannot be written");
   }
+  if (use != FileUse::kWrite) database_.leave_log();
   if (options.size_limit_bytes > 0) {
     const auto pages = static_cast<std::int64_t>(options.size_limit_bytes) / kPageSize;
     database_.set_pragma("max_page_count", std::max<std::int64_t>(pages, 1));
@@ -117,6 +119,7 @@ StoreFile::StoreFile(const std::string& path, const StoreOptions& options)
 
 // A file that is in another mode, as a copy may be, is changed by this.
 void StoreFile::keep_log() {
+  if (use_ != FileUse::kWrite) return;
   const std::string mode = database_.text("PRAGMA journal_mode = WAL");
   if (mode != "wal" && mode != "memory") {
     throw StoreFailure(StoreError::kIo, "the file system cannot hold a write-ahead log");
@@ -130,7 +133,8 @@ void StoreFile::keep_log() {
 bool StoreFile::keeps_log() { return database_.text("PRAGMA journal_mode") == "wal"; }
 
 void StoreFile::shorten_log() {
-  if (is_in_memory(path_) || size_of(path_ + kLog).value_or(0) <= kLongLog) return;
+  if (use_ != FileUse::kWrite || is_in_memory(path_)) return;
+  if (size_of(path_ + kLog).value_or(0) <= kLongLog) return;
   const ShorterWait wait(database_, 0);
   database_.write_log_back();
 }

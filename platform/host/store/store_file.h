@@ -10,6 +10,7 @@
 
 #include "rows/row.h"
 #include "store/database.h"
+#include "store/store_access.h"
 
 namespace host {
 
@@ -40,9 +41,10 @@ class StoreFile {
  public:
   /// Opens and checks the file; makes it in factory state when it is empty or absent. Reads no
   /// table before it is known that the file has a store's tables and nothing else.
-  StoreFile(const std::string& path, const StoreOptions& options);
+  StoreFile(const std::string& path, const StoreOptions& options, FileUse use = FileUse::kWrite);
 
-  /// From now on a commit is written to a log. For a file that was read and is sound.
+  /// From now on a commit is written to a log. For a file that was read and is sound. Does nothing
+  /// for one that is only read, as shorten_log() does.
   void keep_log();
   bool keeps_log();
 
@@ -86,6 +88,7 @@ class StoreFile {
   void make_new();
 
   const std::string path_;
+  const FileUse use_;
   Database database_;
 };
 

@@ -68,6 +68,12 @@ void StorePending::try_to_revert() {
   if (!is_overdue() || Clock::now() < next_try_) return;
   next_try_ = Clock::now() + pause_;
   pause_ = std::min(2 * pause_, kLongestPause);
+  if (connection_.is_read_only()) {
+    throw StoreFailure(StoreError::kReadOnly,
+                       "cannot be reverted, because the store can only be read, although it was "
+                       "not confirmed: " +
+                           view_.pending()->label);
+  }
   const ShorterWait wait(connection_.database(), kShortWaitMs);
   const CommitLock lock(connection_.shared(),
                         Clock::now() + std::chrono::milliseconds(kShortWaitMs));

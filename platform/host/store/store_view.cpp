@@ -57,8 +57,8 @@ std::uint32_t StoreView::counter_in_database() {
 void StoreView::catch_up() {
   const std::uint32_t counter = repaired_counter();
   if (counter != seen_counter_ || pending_) read_changes();
-  const bool commit_goes_on = counter % 2 != 0;  // whose process may die before it tells
-  seen_counter_ = commit_goes_on ? kUnknown : counter;
+  // A commit goes on, whose process may die before it tells, or the counter tells nothing.
+  seen_counter_ = counter == counter_of(generation_) ? counter : kUnknown;
 }
 
 // The shared counter. A commit that its process did not live to finish leaves it odd; nobody

@@ -1,29 +1,16 @@
 // Whose file a store is: made for its owner alone, refused when others can use it.
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <map>
-#include <tuple>
+#include <cstdlib>
 
-#include "store_bench.h"
+#include "access_bench.h"
 
 namespace {
 
 using namespace store_tests;
 
-constexpr uid_t kSomebody = 65534;
-const char* const kCompanions[] = {"-wal", "-shm", "-shared"};
-
-struct stat status_of(const std::string& path) {
-  struct stat status = {};
-  EXPECT_EQ(stat(path.c_str(), &status), 0) << path;
-  return status;
-}
-
-mode_t mode_of(const std::string& path) { return status_of(path).st_mode & 07777U; }
-
-bool is_there(const std::string& path) { return std::filesystem::exists(path); }
+using StoreAccess = AccessBench;
 
 class Umask {
  public:
@@ -34,72 +21,6 @@ class Umask {
 
  private:
   mode_t before_;
-};
-
-// A process that runs an action as the owner of the store, who is no administrator.
-class Owner {
- public:
-  template <class Action>
-  explicit Owner(const Action& action) : process_(fork()) {
-    if (process_ != 0) return;
-    if (geteuid() == 0 && (setegid(kSomebody) != 0 || seteuid(kSomebody) != 0)) _exit(2);
-    action();
-    _exit(testing::Test::HasFailure() ? 1 : 0);
-  }
-  Owner(const Owner&) = delete;
-  Owner& operator=(const Owner&) = delete;
-  ~Owner() {
-    int status = 0;
-    EXPECT_EQ(waitpid(process_, &status, 0), process_);
-    EXPECT_EQ(status, 0);
-  }
-
- private:
-  pid_t process_;
-};
-
-// Names, modes, owners and bytes of the files in a folder, without the bytes of the log's index.
-using Picture = std::map<std::string, std::tuple<mode_t, uid_t, std::string>>;
-
-class StoreAccess : public StoreBench {
- protected:
-  std::vector<std::string> files() const {
-    std::vector<std::string> names = {path_};
-    for (const char* end : kCompanions) names.push_back(path_ + end);
-    return names;
-  }
-
-  Picture picture() const {
-    Picture picture;
-    for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
-      const std::string name = entry.path();
-      const struct stat status = status_of(name);
-      const bool is_index = entry.path().extension() == ".db-shm";
-      picture[name] = {status.st_mode, status.st_uid, is_index ? "" : content_of(name)};
-    }
-    return picture;
-  }
-
-  // Everything that is there belongs to somebody who is no administrator.
-  void give_away() const {
-    if (geteuid() != 0) return;
-    EXPECT_EQ(chown(folder_.c_str(), kSomebody, kSomebody), 0);
-    for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
-      EXPECT_EQ(chown(entry.path().c_str(), kSomebody, kSomebody), 0);
-    }
-  }
-
-  void write_and_commit(Store& store, const std::string& name, const std::string& text) {
-    EXPECT_EQ(store.tree().set_value(name, text), 0);
-    const StoreResult result = store.commit();
-    EXPECT_TRUE(result.ok()) << result.text;
-  }
-
-  StoreResult refusal() {
-    StoreResult result;
-    EXPECT_EQ(Store::open(path_, {}, &result), nullptr);
-    return result;
-  }
 };
 
 TEST_F(StoreAccess, MakesItsFilesForTheOwnerAloneWhateverTheUmask) {

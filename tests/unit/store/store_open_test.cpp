@@ -1,7 +1,5 @@
 // Opening a store: what is made, what is refused, what is never touched.
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <cstring>
@@ -243,34 +241,12 @@ TEST_F(StoreOpen, GoesOnWithADamagedFileThatIsOnlyHalfAside) {
   EXPECT_EQ(content_of(path_ + ".corrupt-2-wal"), "its log");
 }
 
-TEST_F(StoreOpen, RefusesAFileThatCannotBeWritten) {
-  opened();
-  constexpr uid_t kNobody = 65534;
-  ASSERT_EQ(chmod(path_.c_str(), S_IRUSR), 0);
-  if (geteuid() == 0) {
-    for (const std::string& file : {path_, path_ + "-shared"}) {
-      ASSERT_EQ(chown(file.c_str(), kNobody, kNobody), 0);
-    }
-  }
-  ASSERT_EQ(chmod(folder_.c_str(), 0755), 0);
-  const pid_t child = fork();
-  if (child == 0) {
-    if (geteuid() == 0 && seteuid(kNobody) != 0) _exit(2);
-    StoreResult result;
-    _exit(Store::open(path_, {}, &result) == nullptr && result.error == StoreError::kReadOnly ? 0
-                                                                                              : 1);
-  }
-  int status = 0;
-  ASSERT_EQ(waitpid(child, &status, 0), child);
-  EXPECT_EQ(status, 0);
-}
-
 TEST(StoreErrors, HaveTheirNames) {
   const char* const names[] = {
-      "kNone",        "kNotOpened", "kReadOnly",  "kFull",          "kTooLarge", "kIo",
-      "kUncertain",   "kCorrupt",   "kForeign",   "kUnknownFormat", "kLocked",   "kMovedOn",
-      "kReplaced",    "kBatchOpen", "kTrialOpen", "kNoTrial",       "kPending",  "kNotPending",
-      "kBadDeadline", "kBadName",   "kNameTaken", "kNoCheckpoint",  ""};
+      "kNone",       "kNotOpened",   "kNotPrivate", "kReadOnly",  "kFull",          "kTooLarge",
+      "kIo",         "kUncertain",   "kCorrupt",    "kForeign",   "kUnknownFormat", "kLocked",
+      "kMovedOn",    "kReplaced",    "kBatchOpen",  "kTrialOpen", "kNoTrial",       "kPending",
+      "kNotPending", "kBadDeadline", "kBadName",    "kNameTaken", "kNoCheckpoint",  ""};
   int error = 0;
   for (const char* const name : names) {
     EXPECT_STREQ(host::name_of(static_cast<StoreError>(error++)), name);

@@ -21,7 +21,8 @@ constexpr std::array kRemedies = {
     Remedy{StoreError::kNotPrivate, ExitCode::kStore,
            "a store must be private to one user, because it contains passwords"},
     Remedy{StoreError::kReadOnly, ExitCode::kStore,
-           "check that you can write to the file and that its disk is not mounted read-only"},
+           "check that you can write to the file and its folder and that its disk is not mounted "
+           "read-only"},
     Remedy{StoreError::kFull, ExitCode::kStore,
            "free space on its disk, or raise the file size limit (ulimit -f), then try again"},
     Remedy{StoreError::kTooLarge, ExitCode::kBadInput, "make a smaller change, or several"},
