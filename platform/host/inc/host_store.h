@@ -153,9 +153,9 @@ class HOST_EXPORT Store {
   ///                 to the store too, and have its owner and mode
   /// @param options  apply for the life of the store
   /// @param result   set to kNone, kNotOpened, kNotPrivate, kFull, kIo, kCorrupt, kForeign,
-  ///                 kUnknownFormat, kLocked, kReplaced, kUncertain of a revert, or to kReadOnly: the
-  ///                 file is empty, or its log has content that cannot be read because no index of
-  ///                 it can be created; may be null
+  ///                 kUnknownFormat, kLocked, kReplaced, kUncertain of a revert, or to kReadOnly:
+  ///                 the file is empty, or its log has content that cannot be read because no
+  ///                 index of it can be created; may be null
   /// @return null on failure; an existing file was not replaced
   static std::unique_ptr<Store> open(const std::string& path, const StoreOptions& options,
                                      StoreResult* result);
@@ -180,10 +180,10 @@ class HOST_EXPORT Store {
   ///
   /// @param label  the reason for the change, for people; at most kLongestText
   /// @return kNone: it is on disk. kMovedOn, kPending, kLocked, kReplaced, kTooLarge, the error
-  ///         that poisoned the batch, or an error of writing the file (kFull, kIo, kReadOnly, kCorrupt):
-  ///         the whole batch is discarded, the tree is as it was at the last commit, and the debug
-  ///         sink gets a line. kUncertain: the same, but the whole batch may have landed; the next
-  ///         read shows which
+  ///         that poisoned the batch, or an error of writing the file (kFull, kIo, kReadOnly,
+  ///         kCorrupt): the whole batch is discarded, the tree is as it was at the last commit, and
+  ///         the debug sink gets a line. kUncertain: the same, but the whole batch may have landed;
+  ///         the next read shows which
   StoreResult commit(const std::string& label = {});
 
   /// Undoes every write of the batch, poisoned or not, and ends an open trial.
