@@ -24,7 +24,7 @@ class Umask {
 };
 
 TEST_F(StoreAccess, MakesItsFilesForTheOwnerAloneWhateverTheUmask) {
-  for (const mode_t mask : {0000, 0022, 0277, 0777}) {
+  for (const mode_t mask : {0000U, 0022U, 0277U, 0777U}) {
     const Umask masked(mask);
     {
       const auto store = opened();
@@ -74,7 +74,7 @@ TEST_F(StoreAccess, RefusesFilesThatOthersCanUseAndNamesTheRemedy) {
   for (const char* end : {"", "-wal", "-shm", "-shared"}) {
     const auto other = opened();
     write_and_commit(*other, kUrl, end);  // so that all of them are there
-    for (const mode_t mode : {0640, 0620, 0604, 0602}) {
+    for (const mode_t mode : {0640U, 0620U, 0604U, 0602U}) {
       ASSERT_EQ(chmod((path_ + end).c_str(), mode), 0);
       const StoreResult result = refusal();
       EXPECT_EQ(result.error, StoreError::kNotPrivate) << end << " " << mode;
@@ -139,7 +139,7 @@ TEST_F(StoreAccess, AnAdministratorLeavesOwnersAndModesAsTheyAre) {
   if (geteuid() != 0) GTEST_SKIP() << "only an administrator can change owners";
   opened();
   give_away();
-  for (const mode_t mode : {0600, 0400}) {
+  for (const mode_t mode : {0600U, 0400U}) {
     ASSERT_EQ(chmod(path_.c_str(), mode), 0);
     std::filesystem::remove(path_ + "-shared");
     const auto store = opened();
