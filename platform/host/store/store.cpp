@@ -37,7 +37,8 @@ std::string resolved_folder_of(const std::string& path) {
   char buffer[PATH_MAX];
   struct stat status = {};
   const std::string folder = folder_of(path);
-  const std::string name = path.substr(path.rfind('/') + 1);
+  const std::size_t slash = path.rfind('/');
+  const std::string name = slash == std::string::npos ? path : path.substr(slash + 1);
   const bool is_folder = realpath(folder.c_str(), buffer) != nullptr &&
                          stat(buffer, &status) == 0 && S_ISDIR(status.st_mode);
   if (!is_folder || name.empty()) {
