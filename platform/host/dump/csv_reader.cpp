@@ -2,12 +2,16 @@
 
 #include <csv.h>
 
+#include <cstddef>
 #include <utility>
 
 namespace host {
 namespace {
 
 constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
+// How much libcsv's memory for a field grows at a time: by its own 128 bytes, a long text would be
+// moved a hundred thousand times.
+constexpr std::size_t kRoomMade = 1U << 20U;
 
 // Feeds libcsv line by line, since libcsv does not count lines.
 class CsvReader {
@@ -16,6 +20,7 @@ class CsvReader {
     // Fails for a null parser only. Line ends outside of records are reported as well: each tells
     // that no quoted field is open.
     (void)csv_init(&parser_, CSV_STRICT | CSV_STRICT_FINI | CSV_REPALL_NL);
+    csv_set_blk_size(&parser_, kRoomMade);
     csv_set_space_func(&parser_, [](unsigned char) { return 0; });
   }
   CsvReader(const CsvReader&) = delete;
