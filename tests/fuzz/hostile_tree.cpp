@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <utility>
 
+#include "host_access.h"
+
 namespace fuzz {
 namespace {
 
@@ -41,17 +43,6 @@ constexpr int kMostInstances = 4;
 constexpr int kMostAdded = 12;
 constexpr unsigned kOrdinaryNames = 225;  // of 256
 constexpr unsigned kBareNames = 240;      // and as many as are left up to here
-
-class Walk final : public InstanceIterator {
- public:
-  explicit Walk(std::vector<std::string> names) : names_(std::move(names)) {}
-  int next() override { return ++at_ < names_.size() ? 1 : 0; }
-  std::string fullName() override { return names_[at_]; }
-
- private:
-  std::vector<std::string> names_;
-  std::size_t at_ = 0;
-};
 
 // The same wherever the tests run, so that stored inputs keep their meaning.
 std::size_t hash_of(const std::string& name) {
